@@ -1,0 +1,19 @@
+# What only this project's own developers build: warnings as errors, the tests, the example host.
+
+set(developer_warnings -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_compile_options(text_format_detection PRIVATE ${developer_warnings})
+set_target_properties(text_format_detection PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
+
+function(textio_developer_target target)
+  target_compile_options(${target} PRIVATE ${developer_warnings})
+  target_link_libraries(${target} PRIVATE text_format_detection::text_format_detection)
+  set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
+endfunction()
+
+include(CTest)
+if(BUILD_TESTING)
+  add_subdirectory(tests)
+endif()
+if(EXISTS "${PROJECT_SOURCE_DIR}/examples/CMakeLists.txt")
+  add_subdirectory(examples)
+endif()
