@@ -1,9 +1,11 @@
 #include "explanation.hpp"
 
+#include "cell_text.hpp"
 #include "layout_names.hpp"
 #include "textio/candidates.hpp"
 #include "textio/rules.hpp"
 #include "textio/strategy.hpp"
+#include "unicode.hpp"
 
 #include <fmt/format.h>
 
@@ -80,7 +82,7 @@ private:
             result_.outcome = "No layout has regular lines, so each line is one field.";
         } else if (compared_.size() == 1) {
             add(*compared_.front(), chosen);
-            result_.outcome = "Only one layout has regular lines.";
+            result_.outcome = "Only one layout was left to compare.";
         } else {
             apply_rules();
         }
@@ -180,6 +182,11 @@ private:
     Explanation result_;
 };
 
+/// Layouts without a rank of their own have infinity or a huge number.
+std::string rank(double value) {
+    return value < 1000 ? fmt::format("{}", value) : "-";
+}
+
 std::string number(double value) {
     return fmt::format("{:.3g}", value);
 }
@@ -191,15 +198,17 @@ Explanation explain(const textio::Field& text, const Settings& settings) {
 }
 
 std::string draw_table(const Explanation& explanation) {
+    constexpr std::size_t name_width = 28;
     constexpr auto format = "  {:<28} {:>9} {:>7} {:>9} {:>10} {:>7} {:>5} {:>5}  {}\n";
     std::string table = fmt::format(format, "layout", "variation", "header", "variables",
                                     "classified", "numbers", "dates", "rank", "verdict");
     for (const auto& [layout, values, verdict] : explanation.candidates) {
+        const auto name = printable(to_utf16(layout), name_width).utf8;
         table +=
-            fmt::format(format, layout, number(values.data_variation), values.header_lines,
+            fmt::format(format, name, number(values.data_variation), values.header_lines,
                         values.num_variables, values.classified_variables, values.numeric_variables,
                         values.temporal_variables + values.datetime_variables,
-                        number(values.prior_rank), verdict);
+                        rank(values.prior_rank), verdict);
     }
     return table + "  " + explanation.outcome + "\n";
 }

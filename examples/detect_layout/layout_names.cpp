@@ -53,11 +53,11 @@ std::string_view kind_name(StrategyMode mode) {
 }
 
 std::string delimiter_name(std::u16string_view delimiter) {
-    std::string name;
+    std::vector<std::string> names;
     for (const char16_t unit : delimiter) {
-        name += (name.empty() ? "" : " ") + unit_name(unit);
+        names.push_back(unit_name(unit));
     }
-    return name;
+    return fmt::format("{}", fmt::join(names, " "));
 }
 
 std::string layout_phrase(const textio::GenericStrategy& layout) {

@@ -42,10 +42,15 @@ std::string report(const std::string& file, const Settings& settings, bool is_on
     if (is_one_of_many && !explanation) {
         return summarise(detection);
     }
-    const auto picture =
-        draw_picture(*detection.layout, standard_output_style(settings.shown_rows));
-    return describe(detection) + (picture.empty() ? "" : "\n" + picture) +
-           (explanation ? "\n" + draw_table(*explanation) : "") + (is_one_of_many ? "\n" : "");
+    std::string text = describe(detection);
+    const auto add = [&text](const std::string& part) {
+        if (!part.empty()) {
+            text.append("\n").append(part);
+        }
+    };
+    add(draw_picture(detection, standard_output_style(settings.shown_rows)));
+    add(explanation ? draw_table(*explanation) : "");
+    return text.append(is_one_of_many ? "\n" : "");
 }
 
 int report_all(const Settings& settings) {

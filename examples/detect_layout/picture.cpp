@@ -29,9 +29,10 @@ constexpr std::array<std::string_view, 6> column_colours{"36", "33", "32", "35",
 
 class Picture {
 public:
-    Picture(const textio::GenericStrategy& layout, const PictureStyle& style)
-        : sample_(*layout.field_array()), style_(style), header_lines_(header_line_count(layout)),
-          rows_(data_lines(layout)) {
+    Picture(const Detection& detection, const PictureStyle& style)
+        : text_(detection.input->text().view()), sample_(*detection.layout->field_array()),
+          style_(style), header_lines_(header_line_count(*detection.layout)),
+          rows_(data_lines(*detection.layout)) {
         shown_rows_ = std::min(rows_.size(), style_.data_rows);
         measure_columns();
         fit_columns();
@@ -101,19 +102,34 @@ private:
     }
 
     [[nodiscard]] std::string header() const {
-        if (header_lines_ == 0) {
-            return {};
-        }
         std::string text;
-        if (const auto left_out = first_header_line(); left_out > 0) {
-            text += painted(fmt::format("\u22EE {} above", left_out), dim) + "\n";
+        const std::size_t first = first_header_line();
+        if (first > 0) {
+            text += painted(fmt::format("\u22EE {} above", first), dim) + "\n";
         }
-        for (std::size_t line = first_header_line(); line < header_lines_; ++line) {
-            if (!sample_.line(line).empty()) {
-                text += is_in_columns(line) ? row_of_cells(line, true) : whole_line(line);
+        std::size_t place = 0;
+        for (std::size_t line = 0; line < header_lines_; ++line) {
+            const auto whole = take_line(line, place);
+            if (line >= first) {
+                text += is_in_columns(line) ? row_of_cells(line, true) : whole_line(whole);
             }
         }
-        return text + line_below_header();
+        return text.empty() ? text : text + line_below_header();
+    }
+
+    /// The text of a line of the sample, which starts at `place`; moves `place` on to the next.
+    /// Comments, which leave no fields in the sample, are found this way too.
+    [[nodiscard]] std::u16string_view take_line(std::size_t line, std::size_t& place) const {
+        const auto fields = sample_.line(line);
+        const std::size_t start = place;
+        if (!fields.empty()) {
+            // Fields can hold line endings.
+            place =
+                static_cast<std::size_t>(fields.back().data - text_.data()) + fields.back().size;
+        }
+        const std::size_t end = std::min(text_.find_first_of(u"\r\n", place), text_.size());
+        place = std::min(end + (text_.substr(end).starts_with(u"\r\n") ? 2 : 1), text_.size());
+        return text_.substr(start, end - start);
     }
 
     [[nodiscard]] std::string line_below_header() const {
@@ -127,13 +143,10 @@ private:
         return painted(text, dim) + "\n";
     }
 
-    /// A line that is not cut into the columns, from its first field to its last.
-    [[nodiscard]] std::string whole_line(std::size_t line) const {
-        const auto fields = sample_.line(line);
-        const auto* end = fields.back().data + fields.back().size;
-        const std::u16string_view text(fields.front().data,
-                                       static_cast<std::size_t>(end - fields.front().data));
-        return painted(printable(text, style_.width).utf8, dim) + "\n";
+    /// A line that is not cut into the columns; nothing if it is blank.
+    [[nodiscard]] std::string whole_line(std::u16string_view text) const {
+        const auto shown = printable(text, style_.width);
+        return shown.width == 0 ? "" : painted(shown.utf8, dim) + "\n";
     }
 
     [[nodiscard]] std::string row_of_cells(std::size_t line, bool is_header) const {
@@ -157,6 +170,7 @@ private:
         return style_.colour ? fmt::format("\x1b[{}m{}\x1b[0m", colour, text) : std::string(text);
     }
 
+    std::u16string_view text_;
     const textio::FieldArray& sample_;
     PictureStyle style_;
     std::size_t header_lines_;
@@ -168,8 +182,8 @@ private:
 
 } // namespace
 
-std::string draw_picture(const textio::GenericStrategy& layout, const PictureStyle& style) {
-    return Picture(layout, style).draw();
+std::string draw_picture(const Detection& detection, const PictureStyle& style) {
+    return Picture(detection, style).draw();
 }
 
 } // namespace detect_layout

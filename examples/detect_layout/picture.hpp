@@ -1,6 +1,6 @@
 #pragma once
 
-#include "textio/strategy.hpp"
+#include "detection.hpp"
 
 #include <cstddef>
 #include <string>
@@ -14,9 +14,8 @@ struct PictureStyle {
     std::size_t data_rows = 10; ///< rows to show
 };
 
-/// The first rows of the layout's sample with their columns set apart, below the header lines.
-/// Lines that end with a line feed; empty if there are no data rows.
-[[nodiscard]] std::string draw_picture(const textio::GenericStrategy& layout,
-                                       const PictureStyle& style);
+/// The first rows of the sample with their columns set apart, below the header lines. Lines that
+/// end with a line feed; empty if there are no data rows.
+[[nodiscard]] std::string draw_picture(const Detection& detection, const PictureStyle& style);
 
 } // namespace detect_layout

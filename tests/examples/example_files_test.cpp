@@ -27,7 +27,30 @@ struct Case {
 };
 
 std::vector<Case> cases() {
-    return {};
+    return {
+        {"broken_bytes.csv", {}, "delimited by comma", 0, 3, "UTF-8", 1},
+        {"cities_utf16.txt", {}, "delimited by tab", 0, 3, "UTF-16LE"},
+        {"empty.txt", {}, "one field per line", 0, 1},
+        {"gate_log.txt", {}, "delimited by space", 0, 4},
+        {"inspection_dates.txt", {}, "delimited by comma", 0, 1},
+        {"letter.txt", {}, "one field per line", 0, 1},
+        {"meter_readings.csv", {}, "delimited by comma", 0, 4},
+        {"orbit.dat", {}, "aligned with blanks", 2, 5},
+        {"pool_tickets.csv", {}, "delimited by comma", 1, 5},
+        {"race_blank_lines.csv", {}, "delimited by semicolon", 3, 4},
+        {"rechnungen.csv", {"--decimal", ",", "--thousands", "."}, "delimited by semicolon", 0, 6},
+        {"reviews.csv", {}, "delimited by comma", 0, 5},
+        {"sequencing.tsv", {}, "delimited by tab", 0, 6},
+        {"spectrum.txt", {}, "aligned with blanks", 3, 4},
+        {"staff_crlf.csv", {}, "delimited by comma", 0, 4},
+        {"stations.txt", {}, "fixed widths 7, 21, 9, 7, 8", 0, 5},
+        {"stock.txt", {}, "delimited by vertical bar", 0, 5},
+        {"switch_log.csv", {}, "delimited by comma", 0, 4},
+        {"volunteers.txt", {}, "one field per line", 0, 1},
+        {"weather_comments.csv", {}, "delimited by comma", 2, 4},
+        {"wind_tunnel.txt", {"--comment", "/*", "*/"}, "delimited by semicolon", 3, 4},
+        {"wohnungen_cp1252.csv", {}, "delimited by semicolon", 0, 4, "windows-1252"},
+    };
 }
 
 class ExampleFile : public testing::TestWithParam<Case> {};
@@ -35,8 +58,9 @@ class ExampleFile : public testing::TestWithParam<Case> {};
 TEST_P(ExampleFile, gets_the_expected_answer) {
     const Case& test = GetParam();
     const std::string path = EXAMPLE_DATA "/" + test.file;
-    std::vector<const char*> arguments{"detect_layout", path.c_str()};
+    std::vector<const char*> arguments{"detect_layout"};
     arguments.insert(arguments.end(), test.known.begin(), test.known.end());
+    arguments.push_back(path.c_str());
     const auto settings =
         read_command_line(static_cast<int>(arguments.size()), arguments.data()).value();
     const Detection found = detect(path, open_bytes(path), settings);
@@ -53,8 +77,8 @@ TEST_P(ExampleFile, gets_the_expected_answer) {
     EXPECT_EQ(chosen == candidates.end() ? "delimited by comma" : chosen->layout, test.layout);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, ExampleFile, testing::ValuesIn(cases()), [](const auto& info) {
-    std::string name = info.param.file;
+INSTANTIATE_TEST_SUITE_P(All, ExampleFile, testing::ValuesIn(cases()), [](const auto& test) {
+    std::string name = test.param.file;
     std::replace(name.begin(), name.end(), '.', '_');
     return name;
 });

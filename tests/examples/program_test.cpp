@@ -26,13 +26,13 @@ std::string content(const std::string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-struct Run {
+struct Outcome {
     int status;
     std::string output;
     std::string errors;
 };
 
-Run run(const std::string& arguments) {
+Outcome run(const std::string& arguments) {
     const std::string files = testing::TempDir() + "detect_layout_test";
     const std::string command = "cd " EXAMPLE_DATA " && " DETECT_LAYOUT_PROGRAM " " + arguments +
                                 " >" + files + ".out 2>" + files + ".err";
@@ -45,7 +45,7 @@ TEST(Program, tells_errors_on_one_line) {
          {"no_such_file.csv", ".", "--rows many stock.txt", "--layout round x",
           "--quote ab stock.txt", "--encoding none stock.txt", "",
           "--widths 3,4 --layout open stock.txt"}) {
-        const Run result = run(arguments);
+        const Outcome result = run(arguments);
         EXPECT_EQ(result.status, 2) << arguments;
         EXPECT_EQ(result.output, "") << arguments;
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1)
@@ -54,7 +54,7 @@ TEST(Program, tells_errors_on_one_line) {
 }
 
 TEST(Program, goes_on_after_a_file_that_cannot_be_read) {
-    const Run result = run("--json stock.txt no_such_file.csv - <empty.txt");
+    const Outcome result = run("--json stock.txt no_such_file.csv - <empty.txt");
     EXPECT_EQ(result.status, 2);
     std::istringstream lines(result.output);
     std::vector<nlohmann::json> answers;
@@ -68,7 +68,7 @@ TEST(Program, goes_on_after_a_file_that_cannot_be_read) {
 }
 
 TEST(Program, walks_a_directory) {
-    const Run result = run("--recursive .");
+    const Outcome result = run("--recursive .");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
     EXPECT_NE(result.output.find("./stock.txt: delimited by vertical bar, 0 header lines, 5"),
@@ -137,21 +137,25 @@ TEST(CellText, fits_the_terminal) {
 }
 
 TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
-    const auto found = [](const std::string& text) {
-        return detect("-", std::make_unique<std::istringstream>(text), Settings());
-    };
-    const Detection small = found("Title\nname,size\nAnn,41\nBob,37\nCid,29\n");
-    EXPECT_EQ(draw_picture(*small.layout, {.width = 20, .data_rows = 2}),
-              "Title\nname │ size\n─────┼─────\nAnn  │ 41\nBob  │ 37\n⋮ 1 more in the sample\n");
-    EXPECT_NE(draw_picture(*small.layout, {.colour = true}).find("\x1b[36mAnn\x1b[0m"),
-              std::string::npos);
+    Settings settings;
+    settings.options.header_lines = 3;
+    settings.options.detect_header_lines = false;
+    const Detection small = detect("-",
+                                   std::make_unique<std::istringstream>(
+                                       "Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"),
+                                   settings);
+    EXPECT_EQ(draw_picture(small, {.width = 20, .data_rows = 2}),
+              "Title\n# a comment\nname │ size\n─────┼─────\nAnn  │ 41\nBob  │ 37\n⋮ 1 more in the "
+              "sample\n");
+    EXPECT_NE(draw_picture(small, {.colour = true}).find("\x1b[36mAnn\x1b[0m"), std::string::npos);
 
     std::string row = "1";
     for (int i = 0; i < 40; ++i) {
         row += ";value " + std::to_string(i);
     }
-    std::istringstream lines(
-        draw_picture(*found(row + "\n" + row + "\n").layout, {.width = 40, .data_rows = 5}));
+    const Detection wide =
+        detect("-", std::make_unique<std::istringstream>(row + "\n" + row + "\n"), Settings());
+    std::istringstream lines(draw_picture(wide, {.width = 40, .data_rows = 5}));
     for (std::string line; std::getline(lines, line);) {
         EXPECT_LE(printable(to_utf16(line), 1000).width, 40U) << line;
     }
