@@ -27,8 +27,8 @@ public:
     /// A view of nothing.
     Field() noexcept = default;
 
-    /// A view of the `size` code units at `data`, which need no terminator.
-    Field(const char16_t* data, std::size_t size) noexcept : data(data), size(size) {}
+    /// A view of the `count` code units from `first` on, which need no terminator.
+    Field(const char16_t* first, std::size_t count) noexcept : data(first), size(count) {}
 
     /// A view of `text`; the characters that `text` views must outlive the field.
     explicit Field(std::u16string_view text) noexcept : data(text.data()), size(text.size()) {}

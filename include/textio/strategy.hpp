@@ -122,9 +122,7 @@ protected:
 
 private:
     void value_sample();
-    void settle_header(const std::vector<std::size_t>& diffs, std::size_t h_min,
-                       const std::vector<std::size_t>& empty_lines,
-                       const std::vector<std::size_t>& counts);
+    void measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min);
 };
 
 /// One field per line, blanks included. It never has header lines.

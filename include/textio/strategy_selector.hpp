@@ -42,6 +42,12 @@ public:
     /// The header count that the options gave at construction, in lines of the text.
     [[nodiscard]] std::size_t header_lines() const noexcept { return header_lines_; }
 
+    /// Whether the options asked for delimiters to be found; the search is made in any case.
+    [[nodiscard]] bool detect_delimiters() const noexcept { return detect_delimiters_; }
+
+    /// Whether the options asked for header lines to be found.
+    [[nodiscard]] bool detect_header_lines() const noexcept { return detect_header_lines_; }
+
     /// Reads up to `sample_lines` rows of `text` under every plausible layout and gives the layout
     /// that explains them best; never an empty pointer. Rows are lines with content: empty lines
     /// and comments do not count, and header lines that the options fix come on top.

@@ -7,6 +7,7 @@
 #include "textio/options.hpp"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -92,7 +93,7 @@ public:
     explicit TypeAnalyzer(const TypeAnalyzerOptions& options);
 
     /// The class of `field`'s text, which is not changed. Accepts any text. Uses heap memory only
-    /// for a text of 32 units or more from whose middle something must be taken out, and throws
+    /// for a text of 32 units or more in whose middle something must be changed, and throws
     /// nothing but `std::bad_alloc` for that; an exception from `is_datetime` counts as a no.
     [[nodiscard]] FieldClass classify(const textio::Field& field) const;
 
@@ -111,10 +112,8 @@ public:
 
 private:
     void prepare(textio::MutableField& field) const;
-    [[nodiscard]] FieldClass classify_with_digits(const textio::Field& text) const;
-    [[nodiscard]] FieldClass classify_spelled(const textio::Field& text) const;
-    [[nodiscard]] FieldClass duration_class(const textio::Field& text) const;
-    [[nodiscard]] FieldClass datetime_class(const textio::Field& text) const;
+    [[nodiscard]] std::optional<FieldClass> class_with_digits(const textio::Field& text) const;
+    [[nodiscard]] FieldClass class_of_words(const textio::Field& text) const;
     void swap_decimal(textio::MutableField& field) const;
 
     static const HexadecimalScanner hexadecimal_scanner_;

@@ -1,0 +1,39 @@
+/// \file
+/// The character positions at which every line of a text is blank.
+#pragma once
+
+#include "textio/field.hpp"
+
+#include <cstddef>
+#include <vector>
+
+namespace textio::detection {
+
+/// Takes in a text line by line, and keeps which positions have stayed blank on all lines and how
+/// many columns of text those positions leave. The cost is linear in the lines taken in: the number
+/// of columns is kept up as positions lose their blank, never counted anew.
+class BlankColumns {
+public:
+    /// Starts with `positions` positions that are blank.
+    explicit BlankColumns(std::size_t positions) : blank_(positions, 1) {}
+
+    /// Takes in a line of `length` units whose text is `text`. A position that no earlier line
+    /// reached is not blank from here on, whatever stands there.
+    void add_line(const Field& text, std::size_t length);
+
+    /// The number of columns, at least 1.
+    [[nodiscard]] std::size_t columns() const noexcept { return runs_ == 0 ? 1 : runs_; }
+
+    /// The widths of the columns from the left, in code units. A column takes the blanks on its
+    /// left; blanks at the very end are a column of their own. Empty if no line has any position.
+    [[nodiscard]] std::vector<std::size_t> widths() const;
+
+private:
+    void extend(std::size_t length);
+    void lose_blank(std::size_t position);
+
+    std::vector<unsigned char> blank_; ///< per position, 1 while it is blank on all lines
+    std::size_t runs_ = 0;             ///< runs of positions that are not blank
+};
+
+} // namespace textio::detection

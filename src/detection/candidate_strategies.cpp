@@ -1,0 +1,197 @@
+#include "common_delimiters.hpp"
+#include "detection/line_sample.hpp"
+#include "parser/read_sample.hpp"
+#include "textio/candidates.hpp"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace textio::detection {
+
+using zentor::io::text::typedetection::TypeAnalyzerOptions;
+
+namespace {
+
+constexpr std::u16string_view blank_characters = u" \t";
+
+/// A reading whose lines stray further than this from their typical field count is no table.
+constexpr double least_refused_variation = 1.0;
+
+std::size_t text_length(std::span<const Field> line) {
+    if (line.empty()) {
+        return 0;
+    }
+    return line.front().view().find_last_not_of(blank_characters) + 1;
+}
+
+/// Whether the lines from `first_line` on could be padded out to columns: none of them ends before
+/// the last non-blank character of any other.
+bool lines_look_padded(const FieldArray& line_sample, std::size_t first_line) {
+    std::size_t shortest = SIZE_MAX;
+    std::size_t longest_text = 0;
+    for (std::size_t line = first_line; line < line_sample.line_count(); ++line) {
+        const std::size_t length = line_length(line_sample, line);
+        shortest = std::min(shortest, length);
+        longest_text = std::max(longest_text, text_length(line_sample.line(line)));
+        if (length != 0 && longest_text > shortest) {
+            return false;
+        }
+    }
+    return true;
+}
+
+double classified_share(const StrategyValuation& valuation) {
+    return static_cast<double>(valuation.classified_variables) /
+           static_cast<double>(valuation.num_variables);
+}
+
+/// Builds the list of candidates of one run.
+class CandidateSearch {
+public:
+    CandidateSearch(const FieldArray& line_sample, const Field& text,
+                    const parser::options& options, const TypeAnalyzerOptions& type_options,
+                    output::DetectionOutputBuilder& builder)
+        : line_sample_(line_sample), text_(text), options_(options), type_options_(type_options),
+          builder_(builder) {}
+
+    std::vector<std::shared_ptr<GenericStrategy>> run() {
+        if (options_.layout_hint == parser::layout::fixed_width) {
+            add_only_fixed_width();
+        } else {
+            add_separated_layouts();
+        }
+        return std::move(candidates_);
+    }
+
+private:
+    void add_only_fixed_width() {
+        if (!options_.field_widths.empty()) {
+            add_with_given_widths();
+        } else if (!options_.detect_header_lines &&
+                   options_.header_lines >= line_sample_.line_count()) {
+            add_without_data_lines();
+        } else {
+            add_possible_fixed_strategy(read_space_aligned(), text_, line_sample_, candidates_,
+                                        options_, type_options_, builder_);
+        }
+    }
+
+    /// The header is settled after the valuation, whose record keeps the count it was made with.
+    void add_with_given_widths() {
+        auto strategy = make_fixed_width(options_.field_widths);
+        parser::read_sample(builder_, strategy, true);
+        strategy->header_lines(detect_header_lines_fixed_width(strategy, line_sample_, options_));
+        candidates_.push_back(std::move(strategy));
+    }
+
+    void add_without_data_lines() {
+        auto strategy = make_fixed_width({1});
+        strategy->header_lines(options_.header_lines);
+        parser::read_sample(builder_, strategy, true);
+        candidates_.push_back(std::move(strategy));
+    }
+
+    void add_separated_layouts() {
+        const std::u16string delimiters = get_candidate_delims(line_sample_);
+        candidates_.reserve(delimiters.size() + 1);
+        for (const char16_t delimiter : delimiters) {
+            if (is_ruled_out(delimiter)) {
+                continue;
+            }
+            if (delimiter == blank) {
+                add_blank_layouts();
+            } else {
+                add_if_possible(make_delimited(delimiter));
+            }
+        }
+    }
+
+    /// A blank separates columns, or fields. A reading at each blank is tried beside the aligned
+    /// one only if it gives at least as large a share of its columns a class.
+    void add_blank_layouts() {
+        const auto space_aligned = read_space_aligned();
+        const bool added = add_aligned_layout(space_aligned);
+        auto space_delimited = make_delimited(blank);
+        parser::read_sample(builder_, space_delimited, true);
+        if (!added || classified_share(space_delimited->valuation()) >=
+                          classified_share(space_aligned->valuation())) {
+            add_if_possible(std::move(space_delimited));
+        }
+    }
+
+    bool add_aligned_layout(const std::shared_ptr<GenericStrategy>& space_aligned) {
+        if (!can_be_fixed_width(*space_aligned)) {
+            return add_if_possible(space_aligned);
+        }
+        add_possible_fixed_strategy(space_aligned, text_, line_sample_, candidates_, options_,
+                                    type_options_, builder_);
+        return true;
+    }
+
+    [[nodiscard]] bool can_be_fixed_width(const GenericStrategy& space_aligned) const {
+        const std::size_t lines = line_sample_.line_count();
+        return options_.layout_hint != parser::layout::no_fixed_width && lines >= 2 &&
+               space_aligned.header_lines() < lines &&
+               lines_look_padded(line_sample_, space_aligned.header_lines());
+    }
+
+    [[nodiscard]] bool is_ruled_out(char16_t delimiter) const {
+        return delimiter == options_.quote || (!options_.excluded_delimiter.empty() &&
+                                               delimiter == options_.excluded_delimiter.front());
+    }
+
+    bool add_if_possible(std::shared_ptr<GenericStrategy> strategy) {
+        return add_possible_strategy(std::move(strategy), candidates_, options_, type_options_,
+                                     builder_);
+    }
+
+    std::shared_ptr<GenericStrategy> read_space_aligned() {
+        auto strategy = std::make_shared<SpaceAlignedStrategy>(options_, type_options_);
+        parser::read_sample(builder_, strategy, true);
+        return strategy;
+    }
+
+    [[nodiscard]] std::shared_ptr<GenericStrategy> make_delimited(char16_t delimiter) const {
+        return std::make_shared<DelimitedStrategy>(options_, type_options_, delimiter);
+    }
+
+    [[nodiscard]] std::shared_ptr<GenericStrategy>
+    make_fixed_width(std::vector<std::size_t> widths) const {
+        return std::make_shared<FixedWidthStrategy>(options_, type_options_, std::move(widths));
+    }
+
+    const FieldArray& line_sample_;
+    const Field& text_;
+    const parser::options& options_;
+    const TypeAnalyzerOptions& type_options_;
+    output::DetectionOutputBuilder& builder_;
+    std::vector<std::shared_ptr<GenericStrategy>> candidates_;
+};
+
+} // namespace
+
+bool add_possible_strategy(std::shared_ptr<GenericStrategy> strategy,
+                           std::vector<std::shared_ptr<GenericStrategy>>& candidates,
+                           const parser::options& /*options*/,
+                           const TypeAnalyzerOptions& /*type_options*/,
+                           output::DetectionOutputBuilder& builder) {
+    parser::read_sample(builder, strategy, true);
+    const StrategyValuation& valuation = strategy->valuation();
+    const bool is_regular = valuation.data_variation < least_refused_variation;
+    const bool is_common = valuation.prior_rank < static_cast<double>(common_delimiters.size());
+    if (!is_regular || (valuation.num_lines == 1 && !is_common)) {
+        return false;
+    }
+    candidates.push_back(std::move(strategy));
+    return true;
+}
+
+std::vector<std::shared_ptr<GenericStrategy>>
+get_candidate_strategies(const FieldArray& line_sample, const Field& text,
+                         const parser::options& options, const TypeAnalyzerOptions& type_options,
+                         output::DetectionOutputBuilder& builder) {
+    return CandidateSearch(line_sample, text, options, type_options, builder).run();
+}
+
+} // namespace textio::detection

@@ -1,0 +1,164 @@
+#include "parser/delimited_reader.hpp"
+
+#include "parser/parser_exception.hpp"
+
+#include <algorithm>
+
+namespace textio::parser {
+
+DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_options)
+    : options(&reader_options), line_ends(get_or_create_delim(reader_options.line_endings)),
+      delimiters(get_or_create_delim(reader_options.delimiters)),
+      scanner(reader_options, delimiters, line_ends), runs(delimiters),
+      guarded_line_ends(line_ends) {}
+
+void DelimitedRecordReader::remember_blocks(bool remember) const noexcept {
+    scanner.bounds.search.remember_block(remember);
+    scanner.quotes.remember_block(remember);
+    runs.remember_block(remember);
+}
+
+std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
+                            std::size_t position) {
+    return reader.runs.skip(text, position);
+}
+
+std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& text,
+                            std::size_t from) {
+    const std::size_t content = skip_units(reader.scanner.blank_units, text, from);
+    return reader.options->leading_delimiters_rule == leading_delimiters::skip
+               ? skip_delimiters(reader, text, content)
+               : content;
+}
+
+void check_consecutive(const DelimitedRecordReader& reader, const Field& text,
+                       std::size_t fields_before, std::size_t& next, bool& seen,
+                       std::size_t& first) {
+    if (reader.options->trailing_delimiters_rule != trailing_delimiters::drop) {
+        if (reader.delimiters->match_at(text, next) != 0) {
+            throw exception::consecutive_delimiters_error();
+        }
+        return;
+    }
+    const std::size_t moved = skip_delimiters(reader, text, next);
+    if (moved != next) {
+        next = moved;
+        seen = true;
+        first = std::min(first, fields_before + 1);
+    }
+}
+
+void check_trailing(const DelimitedRecordReader& reader, Record& record, bool seen,
+                    std::size_t first) {
+    const std::uint8_t rule = reader.options->trailing_delimiters_rule;
+    if (rule != trailing_delimiters::drop && rule != trailing_delimiters::error) {
+        return;
+    }
+    std::vector<std::size_t>& spans = record.spans;
+    while (!spans.empty() && spans[spans.size() - 2] == spans.back()) {
+        if (rule == trailing_delimiters::error) {
+            throw exception::trailing_delimiters_error();
+        }
+        spans.resize(spans.size() - 2);
+    }
+    if (seen && first < spans.size() / 2) {
+        throw exception::consecutive_delimiters_error();
+    }
+}
+
+namespace {
+
+/// Where the first field of the record at the start of `text` starts.
+std::size_t skip_leading_delimiters(const DelimitedRecordReader& reader, const Field& text) {
+    switch (reader.options->leading_delimiters_rule) {
+    case leading_delimiters::skip:
+        return skip_delimiters(reader, text, 0);
+    case leading_delimiters::error:
+        if (reader.delimiters->match_at(text, 0) != 0) {
+            throw exception::leading_delimiters_error();
+        }
+        return 0;
+    default:
+        return 0;
+    }
+}
+
+/// Whether the record ends at `position`; `line_end` becomes the length of the line ending there.
+inline bool is_record_end(const DelimitedRecordReader& reader, const Field& text,
+                          std::size_t position, std::size_t& line_end) {
+    const char16_t unit = text.unit_at(position);
+    if (!reader.scanner.special_starts.contains(unit)) {
+        return false;
+    }
+    line_end = reader.guarded_line_ends.match_at(text, position);
+    return line_end != 0 || unit == end_of_text;
+}
+
+/// Cuts the record at the start of `text` into fields. Behind each field, `after_field` is given
+/// the number of fields before it, and the position of the next field, which it may move.
+template <class AfterField>
+void split_record(const DelimitedRecordReader& reader, const Field& text, Record& record,
+                  AfterField after_field) {
+    std::size_t position = skip_leading_delimiters(reader, text);
+    std::size_t last_end = position;
+    std::size_t line_end = 0;
+    while (!is_record_end(reader, text, position, line_end)) {
+        std::size_t field_size = 0;
+        std::size_t next = scan_field(reader.scanner, text, position, field_size);
+        after_field(record.spans.size() / 2, next);
+        last_end = position + field_size;
+        record.spans.push_back(position);
+        record.spans.push_back(last_end);
+        position = next;
+    }
+    record.consumed = position + line_end;
+    if (last_end != position) {
+        record.spans.push_back(position); // an empty field behind the last delimiter
+        record.spans.push_back(position);
+    }
+}
+
+} // namespace
+
+void read_record_separate(const DelimitedRecordReader& reader, const Field& text, Record& record) {
+    split_record(reader, text, record, [](std::size_t, std::size_t&) {});
+    check_trailing(reader, record, false, SIZE_MAX);
+}
+
+void read_record_merge(const DelimitedRecordReader& reader, const Field& text, Record& record) {
+    split_record(reader, text, record, [&](std::size_t, std::size_t& next) {
+        next = skip_delimiters(reader, text, next);
+    });
+    check_trailing(reader, record, false, SIZE_MAX);
+}
+
+void read_record_error(const DelimitedRecordReader& reader, const Field& text, Record& record) {
+    bool seen = false;
+    std::size_t first = SIZE_MAX;
+    split_record(reader, text, record, [&](std::size_t fields_before, std::size_t& next) {
+        check_consecutive(reader, text, fields_before, next, seen, first);
+    });
+    check_trailing(reader, record, seen, first);
+}
+
+bool read_record(const DelimitedRecordReader& reader, const Field& text, Record& record) {
+    switch (reader.options->consecutive_delimiters_rule) {
+    case consecutive_delimiters::merge:
+        read_record_merge(reader, text, record);
+        break;
+    case consecutive_delimiters::error:
+        read_record_error(reader, text, record);
+        break;
+    default:
+        read_record_separate(reader, text, record);
+    }
+    return false;
+}
+
+ReadCounts read_records(const options& options, const DelimitedRecordReader& reader,
+                        std::size_t max_rows, std::size_t max_lines, Field& text,
+                        output::DetectionOutputBuilder& builder) {
+    return RecordLoop(options, reader, text, builder).run(max_rows, max_lines);
+}
+
+} // namespace textio::parser

@@ -1,0 +1,71 @@
+/// \file
+/// Reads text whose fields are separated by delimiters: delimited and space-aligned text alike.
+#pragma once
+
+#include "parser/field_scanner.hpp"
+#include "parser/guarded_delim.hpp"
+#include "parser/record_loop.hpp"
+#include "textio/field.hpp"
+#include "textio/options.hpp"
+
+#include <cstddef>
+#include <memory>
+
+namespace textio::parser {
+
+/// Built for one read; the options must outlive it, and its rules are read from them.
+struct DelimitedRecordReader {
+    static constexpr bool comment_keeps_columns = false;
+
+    explicit DelimitedRecordReader(const options& options);
+
+    [[nodiscard]] const UnitSet& blanks() const noexcept { return scanner.blank_units; }
+    void remember_blocks(bool remember) const noexcept;
+
+    const parser::options* options;
+    std::shared_ptr<Delim> line_ends;
+    std::shared_ptr<Delim> delimiters;
+    FieldScanner scanner;
+    DelimiterRuns runs;             ///< finds the end of a run of delimiters
+    GuardedDelim guarded_line_ends; ///< `line_ends`, asked before every field
+};
+
+/// The position behind the run of delimiters at `position`, which may be none. Never moves from a
+/// position at or past the end of the text.
+std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
+                            std::size_t position);
+
+/// Where content starts on the line at `from`: behind blanks and, where they are skipped, leading
+/// delimiters.
+std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& text,
+                            std::size_t from);
+
+/// Each reads the record at the start of `text`; a run of delimiters separates at each, counts as
+/// one, or is an error.
+void read_record_separate(const DelimitedRecordReader& reader, const Field& text, Record& record);
+void read_record_merge(const DelimitedRecordReader& reader, const Field& text, Record& record);
+void read_record_error(const DelimitedRecordReader& reader, const Field& text, Record& record);
+
+/// Reads the record at the start of `text` by the one of these that the options name. No blank
+/// record counts as a row.
+bool read_record(const DelimitedRecordReader& reader, const Field& text, Record& record);
+
+/// Judges the delimiters at `next`, behind the field of which `fields_before` precede. Where
+/// trailing delimiters are dropped, `next` moves past them and the error is put off: `seen` is set,
+/// and `first` becomes the least number of fields that a record with such an error must keep.
+void check_consecutive(const DelimitedRecordReader& reader, const Field& text,
+                       std::size_t fields_before, std::size_t& next, bool& seen,
+                       std::size_t& first);
+
+/// Judges or removes empty fields at the end of `record`, and raises an error that was put off if
+/// the delimiters in a row did not stand at the end.
+void check_trailing(const DelimitedRecordReader& reader, Record& record, bool seen,
+                    std::size_t first);
+
+/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
+/// and adds the records to the array of `builder`.
+ReadCounts read_records(const options& options, const DelimitedRecordReader& reader,
+                        std::size_t max_rows, std::size_t max_lines, Field& text,
+                        output::DetectionOutputBuilder& builder);
+
+} // namespace textio::parser

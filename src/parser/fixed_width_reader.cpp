@@ -1,0 +1,152 @@
+#include "parser/fixed_width_reader.hpp"
+
+#include "parser/parser_exception.hpp"
+
+#include <algorithm>
+
+namespace textio::parser {
+
+FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_options)
+    : options(&reader_options), widths(reader_options.field_widths),
+      line_ends(get_or_create_delim(reader_options.line_endings)),
+      stop_units(line_ends->first_units.begin(), line_ends->first_units.end()), stops(stop_units),
+      blank_units(reader_options.whitespace) {}
+
+namespace {
+
+/// A line ending and its length; length 0 where there is none.
+struct LineEnding {
+    std::size_t at;
+    std::size_t length;
+};
+
+void add_span(Record& record, std::size_t start, std::size_t end) {
+    record.spans.push_back(start);
+    record.spans.push_back(end);
+}
+
+/// The units that a field of `width` at `start` takes: up to the last one that is there to take.
+std::size_t reach(const Field& text, std::size_t start, std::size_t width) {
+    std::size_t units = std::min(width, text.size - start);
+    while (units > 0 && text.data[start + units - 1] == end_of_text) {
+        --units;
+    }
+    return units;
+}
+
+/// Walks through the line endings of one record, from left to right. Fields are shorter than lines,
+/// so where the next line ending may start is found once and not again for every field.
+class LineEndingWalk {
+public:
+    LineEndingWalk(const FixedWidthRecordReader& reader, const Field& text)
+        : reader_(reader), text_(text), stop_(reader.stops.next(text, 0)) {}
+
+    /// The first line ending that starts from `begin` on and before `end`. Neither `begin` nor
+    /// `end` may be smaller than in an earlier call.
+    LineEnding first_within(std::size_t begin, std::size_t end) {
+        if (stop_ < begin) {
+            stop_ = reader_.stops.next(text_, begin);
+        }
+        while (stop_ < end) {
+            if (const std::size_t length = reader_.line_ends->match_at(text_, stop_); length != 0) {
+                return {stop_, length};
+            }
+            stop_ = reader_.stops.next(text_, stop_ + 1);
+        }
+        return {text_.size, 0};
+    }
+
+    /// The length of the line ending that starts at `position`, 0 if none does.
+    [[nodiscard]] std::size_t length_at(std::size_t position) const {
+        return stop_ <= position ? reader_.line_ends->match_at(text_, position) : 0;
+    }
+
+private:
+    const FixedWidthRecordReader& reader_;
+    const Field& text_;
+    std::size_t stop_; ///< the next unit with which a line ending may start
+};
+
+/// Ends the record, or lets the field run on, where a line ends inside the field at `start`. Gives
+/// whether the record has ended.
+bool end_at_partial_field(const FixedWidthRecordReader& reader, Record& record, std::size_t start,
+                          LineEnding line_ending, std::uint8_t& record_mark) {
+    switch (reader.options->partial_field_rule) {
+    case partial_field::read_on:
+        return false;
+    case partial_field::error: {
+        exception::partial_field_error error;
+        error.field = record.spans.size() / 2;
+        error.detail = u"\\n";
+        throw error;
+    }
+    case partial_field::drop_mark_2:
+        record_mark = 2;
+        break;
+    case partial_field::drop_mark_3:
+        record_mark = 3;
+        break;
+    case partial_field::drop_mark_1:
+        record_mark = 1;
+        break;
+    default:
+        add_span(record, start, line_ending.at);
+    }
+    record.consumed = line_ending.at + line_ending.length;
+    return true;
+}
+
+/// Takes the rest of a line that goes on behind its last field, at `end`.
+void take_rest_of_line(const FixedWidthRecordReader& reader, const Field& text, Record& record,
+                       LineEndingWalk& line_endings, std::size_t end) {
+    const LineEnding line_ending = line_endings.first_within(end, text.size);
+    record.consumed = line_ending.at + line_ending.length;
+    const Field line(text.data, line_ending.at);
+    if (skip_units(reader.blank_units, line, end) < line.size) {
+        add_span(record, end, line.size);
+    }
+}
+
+} // namespace
+
+void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, Record& record,
+                       std::uint8_t& record_mark) {
+    record_mark = 0;
+    LineEndingWalk line_endings(reader, text);
+    std::size_t position = 0;
+    for (const std::size_t width : reader.widths) {
+        const std::size_t end = position + reach(text, position, width);
+        const LineEnding inside = line_endings.first_within(position, end);
+        if (inside.length != 0 &&
+            end_at_partial_field(reader, record, position, inside, record_mark)) {
+            return;
+        }
+        add_span(record, position, end);
+        position = end;
+        const std::size_t line_end = line_endings.length_at(end);
+        if (line_end != 0 || text.unit_at(end) == end_of_text) {
+            record.consumed = end + line_end;
+            return;
+        }
+    }
+    take_rest_of_line(reader, text, record, line_endings, position);
+}
+
+bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record& record) {
+    std::uint8_t record_mark = 0;
+    read_fixed_record(reader, text, record, record_mark);
+    return record_mark != 0;
+}
+
+std::size_t skip_to_content(const FixedWidthRecordReader& reader, const Field& text,
+                            std::size_t from) {
+    return skip_units(reader.blank_units, text, from);
+}
+
+ReadCounts read_records(const options& options, const FixedWidthRecordReader& reader,
+                        std::size_t max_rows, std::size_t max_lines, Field& text,
+                        output::DetectionOutputBuilder& builder) {
+    return RecordLoop(options, reader, text, builder).run(max_rows, max_lines);
+}
+
+} // namespace textio::parser

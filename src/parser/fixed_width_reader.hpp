@@ -1,0 +1,54 @@
+/// \file
+/// Reads text whose fields have fixed widths.
+#pragma once
+
+#include "parser/record_loop.hpp"
+#include "parser/unit_search.hpp"
+#include "textio/field.hpp"
+#include "textio/options.hpp"
+#include "textio/platform/delimiter_set.hpp"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace textio::parser {
+
+/// Built for one read; the options must outlive it, and its rules are read from them.
+struct FixedWidthRecordReader {
+    static constexpr bool comment_keeps_columns = true;
+
+    explicit FixedWidthRecordReader(const options& options);
+
+    [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
+    void remember_blocks(bool remember) const noexcept { stops.remember_block(remember); }
+
+    const parser::options* options;
+    std::vector<std::size_t> widths; ///< in code units
+    std::shared_ptr<Delim> line_ends;
+    std::u16string stop_units; ///< first units of the line endings, ascending, each once
+    UnitSearch stops;          ///< finds the stop units
+    UnitSet blank_units;       ///< whitespace of the options
+};
+
+/// Reads the record at the start of `text`. Behind the last width, what is left of the line becomes
+/// one more span unless it is blank. `record_mark` becomes 0, or the mark of a record that ended at
+/// a partial field which is not kept.
+void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, Record& record,
+                       std::uint8_t& record_mark);
+
+/// As the record loop needs them: a marked record is a row even when it is blank, and content
+/// starts behind blanks.
+bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record& record);
+std::size_t skip_to_content(const FixedWidthRecordReader& reader, const Field& text,
+                            std::size_t from);
+
+/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
+/// and adds the records to the array of `builder`.
+ReadCounts read_records(const options& options, const FixedWidthRecordReader& reader,
+                        std::size_t max_rows, std::size_t max_lines, Field& text,
+                        output::DetectionOutputBuilder& builder);
+
+} // namespace textio::parser

@@ -1,0 +1,43 @@
+/// \file
+/// A set of strings with a quick answer for the common case.
+#pragma once
+
+#include "parser/unit_search.hpp"
+#include "textio/field.hpp"
+#include "textio/platform/delimiter_set.hpp"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace textio::parser {
+
+/// Asks a set of strings only where the unit in the text does not settle the matter by itself.
+class GuardedDelim {
+public:
+    explicit GuardedDelim(std::shared_ptr<Delim> delim);
+
+    /// As `Delim::match_at`.
+    [[nodiscard]] std::size_t match_at(const Field& text, std::size_t position) const noexcept {
+        const char16_t unit = text.unit_at(position);
+        if (!first_units_.contains(unit)) {
+            return 0;
+        }
+        return lone_units_.contains(unit) ? 1 : delim_->match_at(text, position);
+    }
+
+    /// The units with which the strings of the set begin.
+    [[nodiscard]] const UnitSet& first_units() const noexcept { return first_units_; }
+
+    /// Whether every string of the set is a single unit other than `end_of_text`.
+    [[nodiscard]] bool only_lone_units() const noexcept {
+        return lone_units_.units() == first_units_.units();
+    }
+
+private:
+    std::shared_ptr<Delim> delim_;
+    UnitSet first_units_;
+    UnitSet lone_units_; ///< units that are a string of the set and begin no other
+};
+
+} // namespace textio::parser

@@ -1,0 +1,46 @@
+/// \file
+/// Reads each line as one field.
+#pragma once
+
+#include "parser/boundary_scanner.hpp"
+#include "parser/record_loop.hpp"
+#include "parser/unit_search.hpp"
+#include "textio/field.hpp"
+#include "textio/options.hpp"
+
+#include <cstddef>
+#include <memory>
+#include <string>
+
+namespace textio::parser {
+
+/// Built for one read; the options must outlive it.
+struct LineRecordReader {
+    static constexpr bool comment_keeps_columns = false;
+
+    explicit LineRecordReader(const options& options);
+
+    [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
+    void remember_blocks(bool remember) const noexcept { scanner.search.remember_block(remember); }
+
+    BoundaryScanner scanner;          ///< ends at line endings; has no barriers
+    const std::u16string* whitespace; ///< that of the options
+    UnitSet blank_units;              ///< the same
+    std::shared_ptr<Delim> line_ends; ///< the line endings
+};
+
+/// Reads the line at the start of `text`, blanks at its ends included. An empty one has no span.
+void read_line(const LineRecordReader& reader, const Field& text, Record& record);
+
+/// As the record loop needs them: no line is a row if it is blank, and content starts behind
+/// blanks.
+bool read_record(const LineRecordReader& reader, const Field& text, Record& record);
+std::size_t skip_to_content(const LineRecordReader& reader, const Field& text, std::size_t from);
+
+/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
+/// and adds the records to the array of `builder`.
+ReadCounts read_records(const options& options, const LineRecordReader& reader,
+                        std::size_t max_rows, std::size_t max_lines, Field& text,
+                        output::DetectionOutputBuilder& builder);
+
+} // namespace textio::parser

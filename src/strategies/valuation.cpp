@@ -1,0 +1,132 @@
+#include "textio/statistics.hpp"
+#include "textio/strategy.hpp"
+
+#include <algorithm>
+#include <limits>
+#include <numeric>
+
+namespace textio {
+
+namespace {
+
+constexpr double undefined_variation = std::numeric_limits<double>::infinity();
+
+/// Above this, a detected header explains the sample so badly that it is given up.
+constexpr double most_data_variation = 1.0;
+
+void drop_trailing_empty_lines(std::vector<std::size_t>& line_ends) {
+    while (!line_ends.empty() &&
+           line_ends.back() == (line_ends.size() == 1 ? 0 : line_ends[line_ends.size() - 2])) {
+        line_ends.pop_back();
+    }
+}
+
+std::vector<std::size_t> fields_per_line(const std::vector<std::size_t>& line_ends) {
+    std::vector<std::size_t> counts(line_ends.size());
+    std::adjacent_difference(line_ends.begin(), line_ends.end(), counts.begin());
+    return counts;
+}
+
+std::vector<std::size_t> lines_without_fields(const std::vector<std::size_t>& counts) {
+    std::vector<std::size_t> lines;
+    for (std::size_t line = 0; line < counts.size(); ++line) {
+        if (counts[line] == 0) {
+            lines.push_back(line);
+        }
+    }
+    return lines;
+}
+
+/// The mean of the values from `first` on; they are added in their order.
+double mean_from(const std::vector<std::size_t>& values, std::size_t first) {
+    double sum = 0.0;
+    for (std::size_t i = first; i < values.size(); ++i) {
+        sum += static_cast<double>(values[i]);
+    }
+    return sum / static_cast<double>(values.size() - first);
+}
+
+} // namespace
+
+StrategyValuation& GenericStrategy::valuation() {
+    if (!valuation_cached_) {
+        value_sample();
+        valuation_record_.header_lines = header_lines_value_;
+        valuation_cached_ = true;
+    }
+    return valuation_record_;
+}
+
+void GenericStrategy::value_sample() {
+    drop_trailing_empty_lines(fields_->line_ends);
+    StrategyValuation& record = valuation_record_;
+    record.num_lines = fields_->line_count();
+    const std::vector<std::size_t> counts = fields_per_line(fields_->line_ends);
+    const std::size_t h_min = auto_header_lines_ ? detection::get_h_min(counts) : 0;
+    if (h_min >= counts.size()) {
+        header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
+        return;
+    }
+    const std::size_t median = detection::get_modified_median(counts, h_min);
+    record.median_fields = static_cast<std::int32_t>(median);
+    if (record.median_fields < 2) {
+        header_lines_value_ = auto_header_lines_ ? h_min : header_lines_value_;
+    } else {
+        measure_lines(counts, h_min);
+    }
+    inspect_datatypes();
+}
+
+void GenericStrategy::measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min) {
+    StrategyValuation& record = valuation_record_;
+    const std::vector<std::size_t> empty_lines = lines_without_fields(counts);
+    const std::vector<std::size_t> diffs =
+        detection::absolute_differences(counts, static_cast<std::size_t>(record.median_fields));
+    if (diffs.empty()) {
+        header_lines_value_ = std::max(h_min, detection::adjust_header(0, empty_lines, counts));
+        return;
+    }
+    record.overall_variation = mean_from(diffs, 0);
+    calculate_headerlines(diffs, h_min);
+    record.data_variation = get_data_variation(diffs);
+    if (auto_header_lines_) {
+        if (header_lines_value_ > h_min && record.data_variation > most_data_variation) {
+            header_lines_value_ = h_min;
+            record.data_variation = get_data_variation(diffs);
+        }
+        // From here on the header is counted in lines of the text, no longer in non-empty lines.
+        header_lines_value_ = detection::adjust_header(header_lines_value_, empty_lines, counts);
+    }
+    record.num_variables = get_number_of_variables(counts);
+}
+
+void GenericStrategy::calculate_headerlines(const std::vector<std::size_t>& diffs,
+                                            std::size_t h_min) {
+    if (header_lines_value_ == SIZE_MAX) {
+        header_lines_value_ = valuation_record_.overall_variation == 0.0
+                                  ? 0
+                                  : detection::get_header_lines(diffs, h_min, space_separated_);
+    }
+}
+
+double GenericStrategy::get_data_variation(const std::vector<std::size_t>& diffs) const noexcept {
+    const std::size_t header_entries = header_lines_value_;
+    if (header_entries == 0) {
+        return valuation_record_.overall_variation;
+    }
+    if (header_entries == diffs.size()) {
+        return undefined_variation;
+    }
+    return header_entries < diffs.size() ? mean_from(diffs, header_entries) : 0.0;
+}
+
+std::size_t
+GenericStrategy::get_number_of_variables(const std::vector<std::size_t>& counts) const noexcept {
+    std::int32_t most = 1;
+    for (std::size_t line = header_lines_value_; line < counts.size(); ++line) {
+        most = std::max(most, static_cast<std::int32_t>(counts[line]));
+    }
+    return static_cast<std::size_t>(most);
+}
+
+} // namespace textio

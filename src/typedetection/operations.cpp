@@ -1,0 +1,108 @@
+#include "typedetection/number_scanner.hpp"
+
+#include "textio/type_analyzer.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace textio::operations {
+
+namespace {
+
+/// The units of the field's private copy from `position` on.
+std::span<char16_t> writable_units_from(MutableField& field, std::size_t position) {
+    return std::span(field.writable_units(), field.size).subspan(position);
+}
+
+bool contains(std::u16string_view units, char16_t unit) {
+    return units.find(unit) != std::u16string_view::npos;
+}
+
+} // namespace
+
+void trim_whitespace::process(MutableField& field) const {
+    field.size = field.view().find_last_not_of(whitespace) + 1;
+    field.advance(field.view().find_first_not_of(whitespace));
+}
+
+void unquote::process(MutableField& field) const {
+    if (!field.view().starts_with(quote)) {
+        return;
+    }
+    field.advance(1);
+    const std::size_t first_quote = field.view().find(quote);
+    if (first_quote == std::u16string_view::npos) {
+        return;
+    }
+    if (first_quote + 1 == field.size) {
+        --field.size;
+        return;
+    }
+
+    const std::span<char16_t> units = writable_units_from(field, first_quote);
+    auto unread = units.begin();
+    auto kept_end = units.begin();
+    while (unread != units.end()) { // at a quote: the first of two, or the closing one
+        const bool doubled = unread + 1 != units.end() && unread[1] == quote;
+        if (doubled) {
+            *kept_end++ = *unread++;
+        }
+        ++unread;
+        const auto next_quote = doubled ? std::find(unread, units.end(), quote) : units.end();
+        kept_end = std::copy(unread, next_quote, kept_end);
+        unread = next_quote;
+    }
+    field.size -= static_cast<std::size_t>(units.end() - kept_end);
+}
+
+void treat_as_missing::process(MutableField& field) const {
+    if (std::find(texts.begin(), texts.end(), field.view()) != texts.end()) {
+        field.size = 0;
+    }
+}
+
+void replace_characters::process(MutableField& field) const {
+    const std::size_t first = field.view().find_first_of(replaced);
+    if (first == std::u16string_view::npos) {
+        return;
+    }
+    std::ranges::replace_if(
+        writable_units_from(field, first),
+        [this](char16_t unit) { return contains(replaced, unit); }, replacement);
+}
+
+void remove_characters::process(MutableField& field) const {
+    const std::size_t first = field.view().find_first_of(removed);
+    if (first == std::u16string_view::npos) {
+        return;
+    }
+    const std::span<char16_t> units = writable_units_from(field, first);
+    const auto kept_end = std::remove_if(units.begin(), units.end(),
+                                         [this](char16_t unit) { return contains(removed, unit); });
+    field.size -= static_cast<std::size_t>(units.end() - kept_end);
+}
+
+void trim_non_numeric::process(MutableField& field) const {
+    using namespace zentor::io::text::typedetection;
+    constexpr std::u16string_view number_starts = u"0123456789+-.";
+    constexpr std::u16string_view exponent_characters = u"eEdD";
+
+    const std::u16string_view text = field.view();
+    if (starts_with_spelled_number(text)) {
+        return;
+    }
+    std::size_t start = text.find_first_of(number_starts);
+    while (start != std::u16string_view::npos) {
+        const std::size_t end = scan_number(text, start, exponent_characters);
+        if (end != start) {
+            field.advance(start);
+            field.size = end - start;
+            return;
+        }
+        start = text.find_first_of(number_starts, start + 1);
+    }
+}
+
+} // namespace textio::operations
