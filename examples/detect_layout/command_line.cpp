@@ -45,6 +45,16 @@ struct Texts {
     bool no_comments = false;
 };
 
+/// Refuses what a conversion to an unsigned number would take without a word.
+const CLI::Validator& no_sign() {
+    static const CLI::Validator validator(
+        [](const std::string& text) {
+            return text.starts_with('-') ? fmt::format("'{}' is no count", text) : std::string();
+        },
+        "");
+    return validator;
+}
+
 void declare_output(CLI::App& app, Settings& settings) {
     app.add_flag("--json", settings.json, "One JSON object per input, each on one line")
         ->group("Output");
@@ -52,6 +62,8 @@ void declare_output(CLI::App& app, Settings& settings) {
                  "Show all layouts that were compared, and why each was dropped")
         ->group("Output");
     app.add_option("--show", settings.shown_rows, "Data rows in the picture (default 10)")
+        ->type_name("N")
+        ->check(no_sign())
         ->group("Output");
     app.add_flag("-r,--recursive", settings.recursive, "Look at all files of a directory")
         ->group("Output");
@@ -59,7 +71,10 @@ void declare_output(CLI::App& app, Settings& settings) {
 
 void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
     const auto group = "What you may know about the text";
-    app.add_option("--rows", settings.rows, "Rows to sample (default 250)")->group(group);
+    app.add_option("--rows", settings.rows, "Rows to sample (default 250)")
+        ->type_name("N")
+        ->check(no_sign())
+        ->group(group);
     app.add_option("--encoding", texts.encoding, "Character set, instead of finding it")
         ->type_name("NAME")
         ->group(group);
@@ -75,7 +90,10 @@ void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
     app.add_option("--whitespace", texts.whitespace, "Characters that count as blank")
         ->type_name("S")
         ->group(group);
-    app.add_option("--header-lines", texts.header_lines, "Lines above the data")->group(group);
+    app.add_option("--header-lines", texts.header_lines, "Lines above the data")
+        ->type_name("N")
+        ->check(no_sign())
+        ->group(group);
     app.add_option("--layout", texts.layout,
                    "open: anything (default), no-fixed: no fixed widths, fixed: fixed widths only")
         ->type_name("NAME")
@@ -85,6 +103,7 @@ void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
                    "Widths of fixed-width columns in UTF-16 code units; implies --layout fixed")
         ->type_name("N,N,...")
         ->delimiter(',')
+        ->check(no_sign())
         ->allow_extra_args(false)
         ->group(group);
     app.add_option("--exclude-delimiter", texts.excluded_delimiter,
@@ -92,6 +111,8 @@ void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
         ->type_name("C")
         ->group(group);
     app.add_option("--expect-variables", texts.expected_variables, "Number of columns")
+        ->type_name("N")
+        ->check(no_sign())
         ->group(group);
     app.add_option("--missing", texts.missing, "Text of a field without a value; repeatable")
         ->type_name("TEXT")

@@ -29,7 +29,9 @@ std::string describe(const Detection& detection) {
         add("", what_was_lost(*input) + ", shown as \uFFFD");
     }
     if (input->is_cut()) {
-        add("part read", fmt::format("the first {} UTF-16 code units", input->text().size));
+        add("part read", input->text().size > 0
+                             ? fmt::format("the first {} UTF-16 code units", input->text().size)
+                             : "nothing, as no line ends in the first 4194304 UTF-16 code units");
     }
     return text;
 }

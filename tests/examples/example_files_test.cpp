@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <ostream>
 #include <set>
 #include <string>
 #include <vector>
@@ -25,6 +26,10 @@ struct Case {
     std::string character_set = "UTF-8";
     std::size_t undecodable = 0;
 };
+
+void PrintTo(const Case& test, std::ostream* out) {
+    *out << test.file;
+}
 
 std::vector<Case> cases() {
     return {
