@@ -61,9 +61,10 @@ TEST(DecodingSource, gives_the_same_text_whatever_the_pieces) {
         {"one byte each", "\x80 \xE9", "windows-1252", {u"€ é", 0}},
         {"two bytes each", "\x83\x65\x83\x58\x83", "Shift_JIS", {u"テス\uFFFD", 1}},
     };
+    static constexpr std::size_t sizes[] = {1, 2, 3, 4096};
     for (const Case& test : cases) {
-        for (const std::size_t piece_bytes : {1, 2, 3, 4096}) {
-            for (const std::size_t units : {1, 2, 3, 4096}) {
+        for (const std::size_t piece_bytes : sizes) {
+            for (const std::size_t units : sizes) {
                 const auto decoded = decode(test.bytes, test.character_set, piece_bytes, units);
                 EXPECT_EQ(decoded, test.expected)
                     << test.name << ", pieces of " << piece_bytes << ", reads of " << units;

@@ -33,7 +33,8 @@ struct Outcome {
 };
 
 Outcome run(const std::string& arguments) {
-    const std::string files = testing::TempDir() + "detect_layout_test";
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string files = testing::TempDir() + "detect_layout_" + test->name();
     const std::string command = "cd " EXAMPLE_DATA " && " DETECT_LAYOUT_PROGRAM " " + arguments +
                                 " >" + files + ".out 2>" + files + ".err";
     const int status = std::system(command.c_str());
