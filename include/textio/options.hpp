@@ -138,7 +138,7 @@ struct TypeAnalyzerOptions {
     char16_t decimal_separator = u'.';              ///< the decimal mark of the text
     std::u16string exponent_characters = u"eEdD";   ///< what may introduce an exponent
     bool trim_non_numeric = false;                  ///< look for a number inside other text
-    std::u16string datetime_context;                ///< handed on to `is_datetime` as it is
+    std::u16string datetime_context{};              ///< handed on to `is_datetime` as it is
     std::u16string whitespace = u" \t";             ///< trimmed from both ends of a field
     std::vector<std::u16string> treat_as_missing{}; ///< whole texts that count as no value
 };

@@ -12,22 +12,20 @@
 namespace textio::detection {
 namespace {
 
-/// `end` moved up over the regular lines before it, but not above `limit`.
-std::size_t back_over_regular_lines(const std::vector<std::size_t>& diffs, std::size_t end,
-                                    std::size_t limit) {
-    while (end > limit && diffs[end - 1] == 0) {
+/// `end` moved up over the regular lines before it.
+std::size_t back_over_regular_lines(const std::vector<std::size_t>& diffs, std::size_t end) {
+    while (end > 0 && diffs[end - 1] == 0) {
         --end;
     }
     return end;
 }
 
-/// `end` moved up until at most half of the lines before it are regular, but not above `limit`.
-/// A few irregular lines far down belong to the data.
-std::size_t back_to_mostly_irregular_lines(const std::vector<std::size_t>& diffs, std::size_t end,
-                                           std::size_t limit) {
+/// `end` moved up until at most half of the lines before it are regular: a few irregular lines far
+/// down belong to the data.
+std::size_t back_to_mostly_irregular_lines(const std::vector<std::size_t>& diffs, std::size_t end) {
     auto regular = static_cast<std::size_t>(
         std::count(diffs.begin(), diffs.begin() + static_cast<std::ptrdiff_t>(end), 0U));
-    while (end > limit && regular > end / 2) {
+    while (regular > end / 2) {
         --end;
         if (diffs[end] == 0) {
             --regular;
@@ -72,15 +70,15 @@ std::size_t get_header_lines(const std::vector<std::size_t>& diffs, std::size_t 
         return diffs[0] == diffs[1] ? 0 : 1;
     }
     // The last line is a typical one by definition.
-    const std::size_t irregular_end = back_to_mostly_irregular_lines(
-        diffs, back_over_regular_lines(diffs, lines - 1, h_min), h_min);
+    const std::size_t irregular_end =
+        back_to_mostly_irregular_lines(diffs, back_over_regular_lines(diffs, lines - 1));
     if (irregular_end <= h_min) {
         return h_min;
     }
     const std::vector<double> curve =
         accumulated_distances(std::span(diffs).first(irregular_end + 1), space_separated);
     const std::size_t header_lines =
-        back_over_regular_lines(diffs, std::max(behind_sharpest_bend(curve), h_min), 0);
+        back_over_regular_lines(diffs, std::max(behind_sharpest_bend(curve), h_min));
     // What would leave less than a third of the lines for data is no header.
     return 3 * header_lines > 2 * lines ? h_min : header_lines;
 }

@@ -11,10 +11,8 @@ std::size_t get_h_min(const std::vector<std::size_t>& counts) {
 }
 
 std::size_t get_modified_median(const std::vector<std::size_t>& counts, std::size_t h_min) {
-    if (h_min >= counts.size()) {
-        return 1;
-    }
-    return modified_median(counts.begin() + static_cast<std::ptrdiff_t>(h_min), counts.end());
+    const auto header = static_cast<std::ptrdiff_t>(std::min(h_min, counts.size()));
+    return modified_median(counts.begin() + header, counts.end());
 }
 
 std::size_t modified_median(std::vector<std::size_t>::const_iterator first,

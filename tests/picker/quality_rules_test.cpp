@@ -14,7 +14,7 @@ constexpr auto headers = valued<&V::data_variation, &V::header_lines>;
 constexpr auto ranks = valued<&V::prior_rank>;
 
 TEST(QualityRules, Variation) {
-    const Valuations irregular = lines({{.5, 256}, {.52, 9}, {.56, 9}, {infinity, 9}});
+    const Valuations irregular = lines({{.5, 256}, {.549, 9}, {.551, 9}, {infinity, 9}});
     expect_kept(variation{},
                 {{"a tenth of the best", irregular, {0, 1, 2, 3}, {0, 1}},
                  {"best is no candidate", irregular, {3, 2}, {2}},

@@ -15,6 +15,7 @@ TEST(HeaderLines, FilterTakesTheEndValueForTheNeighbourBeyondIt) {
     const std::vector<std::tuple<const char*, Values, double, double, double, Values>> cases{
         {"nothing", {}, 5, 7, 9, {}},
         {"one value", {3}, 5, 7, 9, {3}},
+        {"two values", {3, 10}, -1, 2, -1, {-7, 7}},
         {"second difference", {1, 2, 4, 8}, -1, 2, -1, {-1, -1, -2, 4}},
         {"unequal taps", {1, 10, 100}, 2, 3, 5, {55, 532, 820}},
         {"rounds after each addition", {1e16, 1, -9e15}, 1, 1, 1, {2e16, 1e15, -1.8e16}},
@@ -48,7 +49,8 @@ TEST(HeaderLines, Estimate) {
 // The estimate for three lines or more, with every array written out over all lines.
 std::size_t estimate_in_full(const Counts& diffs, std::size_t h_min, bool space_separated) {
     const std::size_t n = diffs.size();
-    Values sum(n), curve(n);
+    Values sum(n);
+    Values curve(n);
     Counts zeros(n);
     for (std::size_t i = 0; i < n; ++i) {
         const std::size_t limit = space_separated && i != 0 ? 2 : SIZE_MAX;

@@ -1,0 +1,114 @@
+#include "parser/reading.hpp"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+using namespace test;
+using namespace textio::parser;
+
+struct Case {
+    const char* name;
+    std::vector<std::u16string> style;
+    std::u16string text;
+    Limits limits;
+    std::string line;      ///< read as one field per line
+    std::string delimited; ///< read at commas, leading ones skipped
+    std::string fixed;     ///< read at widths 2 and 9
+};
+
+const std::vector<std::u16string> block{u"/*", u"*/"};
+
+TEST(Comments, ArePassedOverAtTheStartOfARecord) {
+    const std::vector<Case> cases{
+        {"to the line's end",
+         {u"#"},
+         u"  # x\n1 # y\n",
+         {},
+         "/[1 # y]/ 12 2 1",
+         "/[1 # y]/ 12 2 1",
+         "/[1 ][# y]/ 12 2 1"},
+        {"of three strings, the first",
+         {u"#", u"a", u"b"},
+         u"#x\n1\n",
+         {},
+         "/[1]/ 5 2 1",
+         "/[1]/ 5 2 1",
+         "/[1]/ 5 2 1"},
+        {"empty string", {u""}, u"#x\n", {}, "[#x]/ 3 1 1", "[#x]/ 3 1 1", "[#x]/ 3 1 1"},
+        {"without line ending", {u"#"}, u"1\n#x", {}, "[1]// 4 2 1", "[1]// 4 2 1", "[1]// 4 2 1"},
+        {"the opener alone", {u"#"}, u"#", {}, "/ 1 1 0", "/ 1 1 0", "/ 1 1 0"},
+        {"behind skipped delimiters",
+         {u"#"},
+         u",,#x\n1\n",
+         {},
+         "[,,#x]/[1]/ 7 2 2",
+         "/[1]/ 7 2 1",
+         "[,,][#x]/[1]/ 7 2 2"},
+        {"one line, then text",
+         block,
+         u"/*x*/ 1,2\n3\n",
+         {},
+         "[1,2]/[3]/ 12 2 2",
+         "[1][2]/[3]/ 12 2 2",
+         "[ 1][,2]/[3]/ 12 2 2"},
+        {"two lines, nothing behind",
+         block,
+         u"/*x\ny*/ \n1\n",
+         {},
+         "//[1]/ 11 3 1",
+         "//[1]/ 11 3 1",
+         "//[1]/ 11 3 1"},
+        {"three lines, then text",
+         block,
+         u"/*\n\n*/1\n",
+         {},
+         "//[1]/ 8 3 1",
+         "//[1]/ 8 3 1",
+         "//[1]/ 8 3 1"},
+        {"two on a line, the second is text",
+         block,
+         u"/*x*//*y*/\n",
+         {},
+         "[/*y*/]/ 11 1 1",
+         "[/*y*/]/ 11 1 1",
+         "[/*][y*/]/ 11 1 1"},
+        {"never closed", block, u"1\n/*x\ny", {}, "[1]// 7 2 1", "[1]// 7 2 1", "[1]// 7 2 1"},
+        {"block opener alone", block, u"/*", {}, " 2 0 0", " 2 0 0", " 2 0 0"},
+        {"closed at the end", block, u"/*x*/", {}, "/ 5 1 0", "/ 5 1 0", "/ 5 1 0"},
+        {"rows are limited",
+         {u"#"},
+         u"#\n#\n1\n#\n2\n",
+         {.rows = 1},
+         "//[1]/ 6 3 1",
+         "//[1]/ 6 3 1",
+         "//[1]/ 6 3 1"},
+        {"lines are limited",
+         block,
+         u"/*\n\n*/1\n2\n",
+         {.lines = 2},
+         "// 6 2 0",
+         "// 6 2 0",
+         "// 6 2 0"},
+        {"exactly the lines",
+         block,
+         u"/*\n\n*/1\n2\n",
+         {.lines = 3},
+         "//[1]/ 8 3 1",
+         "//[1]/ 8 3 1",
+         "//[1]/ 8 3 1"},
+    };
+    for (const Case& c : cases) {
+        options options = comma_options();
+        options.comment_style = c.style;
+        EXPECT_EQ(reading<LineRecordReader>(c.text, options, c.limits), c.line) << c.name;
+        options.field_widths = {2, 9};
+        EXPECT_EQ(reading<FixedWidthRecordReader>(c.text, options, c.limits), c.fixed) << c.name;
+        options.leading_delimiters_rule = leading_delimiters::skip;
+        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options, c.limits), c.delimited) << c.name;
+    }
+}
+
+} // namespace

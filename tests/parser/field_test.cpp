@@ -1,0 +1,88 @@
+#include "support/text.hpp"
+#include "textio/field.hpp"
+#include "textio/platform/delimiter_set.hpp"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+namespace {
+
+using namespace textio;
+
+TEST(Field, MovingLeavesNothingBehind) {
+    const std::u16string text = u"abc";
+    Field source(text);
+    source.advance(9);
+    EXPECT_EQ(source.size, 0U);
+    EXPECT_EQ(source.data, text.data() + 3);
+    source = Field(text);
+    Field& itself = source;
+    source = std::move(itself);
+    EXPECT_EQ(source.size, 3U);
+    const Field target(std::move(source));
+    EXPECT_EQ(target.view(), u"abc");
+    EXPECT_EQ(std::pair(source.data, source.size),
+              std::pair(static_cast<const char16_t*>(nullptr), std::size_t{0}));
+}
+
+TEST(MutableField, CopiesOnceAndOnlyWhenWritten) {
+    for (const std::size_t size : {0U, 31U, 32U, 100U}) {
+        const std::u16string text(size, u'a');
+        MutableField field{Field(text)};
+        EXPECT_EQ(field.data, text.data());
+        char16_t* const copy = field.writable_units();
+        EXPECT_EQ(field.copy_begin == field.inline_units, size < 32) << size;
+        EXPECT_EQ(field.view(), text);
+        if (size > 0) {
+            copy[0] = u'b';
+            field.advance(1);
+            EXPECT_EQ(field.writable_units(), copy + 1) << "the copy is cut, not made anew";
+            EXPECT_EQ(text, std::u16string(size, u'a'));
+        }
+    }
+}
+
+TEST(DetectionOutputBuilder, TellsLinesWithFieldsFromEmptyOnes) {
+    const std::u16string text = u"   abcde";
+    output::DetectionOutputBuilder builder;
+    builder.field_array = std::make_unique<FieldArray>();
+    builder.whitespace = std::make_unique<std::u16string>(u" ");
+    const auto add = [&](std::vector<std::size_t> spans) {
+        builder.add_record(Field(text), Record{std::move(spans), 0});
+    };
+    add({});
+    add({0, 3});       // one blank field
+    add({4, 4});       // one empty field
+    add({0, 1, 1, 2}); // two blank fields
+    add({3, 4, 4, 5, 5, 6, 6, 7, 7, 8});
+    builder.limit_fields = true;
+    builder.field_limit = 3;
+    add({3, 4, 4, 5, 5, 6, 6, 7, 7, 8});
+    add({3, 4, 4, 5});
+    builder.field_limit = 0;
+    add({3, 4});
+    *builder.whitespace = u"";
+    builder.limit_fields = false;
+    add({0, 3});
+    EXPECT_EQ(test::shown(*builder.field_array),
+              "///[ ][ ]/[a][b][c][d][e]/[a][b][c]/[a][b]//[   ]/");
+}
+
+TEST(DelimiterSet, LongestFirstAndEachOnce) {
+    const auto set = get_or_create_delim({u"", u"\r", u"ab", u"\r\n", u"ab", u"\n"});
+    EXPECT_EQ(set->strings, (std::vector<std::u16string>{u"ab", u"\r\n", u"\r", u"\n"}));
+    EXPECT_EQ(std::u16string(set->first_units.begin(), set->first_units.end()), u"\n\ra");
+    const std::u16string text = u"a\r\nab\rx";
+    std::vector<std::size_t> lengths;
+    for (std::size_t position = 0; position <= text.size(); ++position) {
+        lengths.push_back(set->match_at(Field(text), position));
+    }
+    EXPECT_EQ(lengths, (std::vector<std::size_t>{0, 2, 1, 2, 0, 1, 0, 0}));
+    const auto end = get_or_create_delim({u"\uFFFF"});
+    EXPECT_TRUE(end->single);
+    EXPECT_EQ(end->match_at(Field(text), 99), 1U) << "past the end stands the end of text";
+    EXPECT_EQ(get_or_create_delim({})->match_at(Field(text), 0), 0U);
+}
+
+} // namespace

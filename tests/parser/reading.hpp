@@ -1,0 +1,62 @@
+/// \file
+/// Reads a text with a record loop and tells on one line what came of it.
+#pragma once
+
+#include "parser/delimited_reader.hpp"
+#include "parser/fixed_width_reader.hpp"
+#include "parser/line_reader.hpp"
+#include "parser/parser_exception.hpp"
+#include "support/text.hpp"
+
+#include <string>
+#include <string_view>
+
+namespace test {
+
+/// Options without comments, with a comma as delimiter.
+inline textio::parser::options comma_options() {
+    textio::parser::options options;
+    options.delimiters = {u","};
+    options.comment_style.clear();
+    return options;
+}
+
+struct Limits {
+    std::size_t rows = SIZE_MAX;
+    std::size_t lines = SIZE_MAX;
+};
+
+/// The sample, then consumed units, lines and rows; or the sample so far and the error.
+template <class Reader>
+std::string reading(std::u16string_view text, const textio::parser::options& options,
+                    Limits limits = {}) {
+    using namespace textio::parser;
+    textio::output::DetectionOutputBuilder builder;
+    builder.field_array = std::make_unique<textio::FieldArray>();
+    builder.whitespace = std::make_unique<std::u16string>(options.whitespace);
+    textio::Field view(text);
+    const Reader reader(options);
+    const auto failed = [&](const char* name, const exception::parser_exception& error) {
+        return shown(*builder.field_array) + " " + name + " record " +
+               std::to_string(error.record) + " field " + std::to_string(error.field) +
+               shown(error.text) + shown(error.detail);
+    };
+    try {
+        const ReadCounts counts =
+            read_records(options, reader, limits.rows, limits.lines, view, builder);
+        return shown(*builder.field_array) + " " + std::to_string(counts.consumed) + " " +
+               std::to_string(counts.lines) + " " + std::to_string(counts.rows);
+    } catch (const exception::empty_line_rule& error) {
+        return failed("empty line", error);
+    } catch (const exception::leading_delimiters_error& error) {
+        return failed("leading", error);
+    } catch (const exception::trailing_delimiters_error& error) {
+        return failed("trailing", error);
+    } catch (const exception::consecutive_delimiters_error& error) {
+        return failed("consecutive", error);
+    } catch (const exception::partial_field_error& error) {
+        return failed("partial", error);
+    }
+}
+
+} // namespace test

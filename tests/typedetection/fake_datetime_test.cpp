@@ -1,0 +1,79 @@
+#include "textio/platform/is_datetime.hpp"
+#include "typedetection/field_text.hpp"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <string_view>
+#include <vector>
+
+static std::vector<std::u16string> asked;
+
+/// Stands in for a host's facility. The context, which the analyzer only hands on, says how.
+bool zentor::io::text::typeconversion::is_datetime(const textio::Field& text,
+                                                   const std::u16string& context) {
+    constexpr std::array<std::u16string_view, 3> known{u"2020-01-02", u"01-Feb-2020 10:11",
+                                                       u"10:11:12.5"};
+    asked.emplace_back(text.view());
+    if (context == u"throws" || (context == u"throws first" && asked.size() == 1)) {
+        throw 0;
+    }
+    return context == u"accepts all" ||
+           (context != u"accepts none" && std::ranges::find(known, text.view()) != known.end());
+}
+
+namespace zentor::io::text::typedetection {
+namespace {
+
+using enum FieldClass;
+
+TEST(DateAndDuration, AsksTheDateFacilityOnlyWhatItMust) {
+    struct Case {
+        std::u16string text;
+        FieldClass expected;
+        const char16_t* facility;
+        std::vector<std::u16string> parts; ///< what is asked after the whole text
+        bool whole = true;                 ///< whether the whole text is asked
+        char16_t decimal_separator = u'.';
+    };
+    const Case cases[] = {
+        {u"10:11:12.5", duration, u"accepts three", {}, false},
+        {u"0x1F", hex_number, u"accepts all", {}, false},
+        {u"words and more", text, u"accepts all", {}, false},
+        {u"NaT", datetime, u"throws", {}, false},
+        {u"2020-01-02", date, u"accepts three", {}},
+        {u"01-Feb-2020 10:11", datetime, u"accepts three", {}},
+        {u"word:1", datetime, u"accepts all", {}},
+        {u"2020-01-02 10:11:12", datetime, u"accepts three", {u"2020-01-02"}},
+        {u"10:11:12  2020-01-02", datetime, u"accepts three", {u"2020-01-02"}},
+        {u"2020-01-02 10:11:12", datetime, u"throws first", {u"2020-01-02"}},
+        {u"2020-01-02 10:11", text, u"accepts three", {}},
+        {u"2020-01-02\t10:11:12", text, u"accepts three", {}},
+        {u"2020-01-02 10:11:12 x", text, u"accepts three", {}},
+        {u"1:2:3 4:5:6", text, u"accepts none", {u"4:5:6", u"1:2:3"}},
+        {u"1:2:3 4:5:6", text, u"throws", {u"4:5:6", u"1:2:3"}},
+        {u"2020-01-02 1:2:3.5", datetime, u"accepts three", {u"2020-01-02"}, true, u','},
+        {u"1:2:3.5", text, u"accepts none", {u""}, true, u','},
+    };
+    for (const Case& test : cases) {
+        SCOPED_TRACE(readable(test.text) + " where the facility " + readable(test.facility));
+        std::vector<std::u16string> expected_questions = test.parts;
+        if (test.whole) {
+            expected_questions.insert(expected_questions.begin(), test.text);
+        }
+        asked.clear();
+        const TypeAnalyzer<false> analyzer(TypeAnalyzerOptions{
+            .decimal_separator = test.decimal_separator, .datetime_context = test.facility});
+        EXPECT_EQ(analyzer.classify(textio::Field(test.text)), test.expected);
+        EXPECT_EQ(asked, expected_questions);
+    }
+}
+
+TEST(DateAndDuration, LooksForANumberWhenTheDateFacilityFails) {
+    const TypeAnalyzer<false> analyzer(
+        TypeAnalyzerOptions{.trim_non_numeric = true, .datetime_context = u"throws"});
+    EXPECT_EQ(analyzer.classify(textio::Field(u"2020-01-02")), number);
+}
+
+} // namespace
+} // namespace zentor::io::text::typedetection

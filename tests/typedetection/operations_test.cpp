@@ -1,0 +1,76 @@
+#include "typedetection/field_text.hpp"
+
+#include <functional>
+#include <string>
+
+namespace textio::operations {
+namespace {
+
+using Text = std::u16string;
+
+enum class Copy { none, inside, heap };
+
+struct Case {
+    const char* name;
+    std::function<void(MutableField&)> change;
+    Text text;
+    Text expected;
+    Copy copy = Copy::none;
+};
+
+template <class Operation>
+std::function<void(MutableField&)> with(Operation operation) {
+    return [operation](MutableField& field) { operation.process(field); };
+}
+
+Copy copy_of(const MutableField& field) {
+    const bool inside = field.copy_begin == field.inline_units;
+    return !field.owns_copy ? Copy::none : inside ? Copy::inside : Copy::heap;
+}
+
+TEST(Operations, ChangeTheFieldAndNeverTheSample) {
+    const auto trim = with(trim_whitespace{u" \t"});
+    const auto take_quotes = with(unquote{});
+    const auto replace = with(replace_characters{u",;", u'.'});
+    const auto remove = with(remove_characters{u","});
+    const auto find_number = with(trim_non_numeric{});
+    const Case cases[] = {
+        {"trim both ends", trim, u" \t a b \t", u"a b"},
+        {"trim a long text", trim, u' ' + Text(99, u'x'), Text(99, u'x')},
+        {"quoted", take_quotes, uR"("abc")", u"abc"},
+        {"quoted nothing", take_quotes, uR"("")", u""},
+        {"never closed", take_quotes, uR"("abc)", u"abc"},
+        {"quotes further in", take_quotes, uR"(a"b")", uR"(a"b")"},
+        {"doubled", take_quotes, uR"("a""b")", uR"(a"b)", Copy::inside},
+        {"doubled only", take_quotes, uR"("""")", uR"(")", Copy::inside},
+        {"doubled at the end", take_quotes, uR"("a"")", uR"(a")", Copy::inside},
+        {"behind the closing quote", take_quotes, uR"("abc"def)", u"abcdef", Copy::inside},
+        {"all together", take_quotes, uR"("a""b""c"d""e")", uR"(a"b"cd""e")", Copy::inside},
+        {"nothing to replace", replace, u"1.5", u"1.5"},
+        {"replace", replace, u",1;2,", u".1.2.", Copy::inside},
+        {"nothing to remove", remove, Text(40, u'1'), Text(40, u'1')},
+        {"remove", remove, u",1,,2,", u"12", Copy::inside},
+        {"the longest short text", remove, Text(30, u'1') + u',', Text(30, u'1'), Copy::inside},
+        {"the shortest long text", remove, Text(31, u'1') + u',', Text(31, u'1'), Copy::heap},
+        {"the first number", find_number, u"a -1.5e3 kg 7", u"-1.5e3"},
+        {"marks without a number", find_number, u"+ - . x", u"+ - . x"},
+        {"complex number", find_number, u"z=1-2.5jx", u"1-2.5j"},
+        {"imaginary number", find_number, u"z=5i!", u"5i"},
+        {"sum", find_number, u"3+4", u"3"},
+        {"implied one", find_number, u"1+i", u"1"},
+        {"spelled in front", find_number, u"-inf 12", u"-inf 12"},
+        {"spelled further in", find_number, u"x +NaN", u"+NaN"},
+    };
+    for (const Case& test : cases) {
+        const Text sample = test.text;
+        MutableField field{Field(sample)};
+        test.change(field);
+        SCOPED_TRACE(test.name + (": " + readable(test.text)));
+        EXPECT_EQ(Text(field.view()), test.expected);
+        EXPECT_EQ(copy_of(field), test.copy);
+        EXPECT_EQ(sample, test.text);
+    }
+}
+
+} // namespace
+} // namespace textio::operations
