@@ -52,7 +52,7 @@ void TableReporter::ReportRuns(const std::vector<Run>& runs) {
     for (const Run& run : runs) {
         if (run.error_occurred) {
             has_errors_ = true;
-            std::printf("%s: %s\n", run.benchmark_name().c_str(), run.error_message.c_str());
+            std::printf("%s: %s\n", run.run_name.function_name.c_str(), run.error_message.c_str());
         } else if (run.run_type == Run::RT_Iteration) {
             print_run(run);
         }

@@ -192,8 +192,8 @@ std::u16string prose_rows(std::size_t rows) {
     return so_many_rows(rows, [](RandomSource& random) {
         std::u16string row = random.letters(random.between(2, 9));
         for (std::size_t word = random.between(4, 13); word > 0; --word) {
-            const std::size_t mark = random.between(1, 12);
-            row += mark == 1 ? u", " : mark == 2 ? u". " : u" ";
+            const std::size_t mark = random.between(1, 40);
+            row += mark == 1 ? u", " : mark <= 4 ? u". " : u" ";
             row += random.letters(random.between(1, 10));
         }
         return row + u'\n';
