@@ -31,8 +31,8 @@ inline double thread_seconds() {
 template <class Action>
 double seconds_of(Action&& action) {
     constexpr double longest_undisturbed = 2e-3;
-    const auto start = std::chrono::steady_clock::now();
     const double thread_start = thread_seconds();
+    const auto start = std::chrono::steady_clock::now();
     action();
     benchmark::ClobberMemory();
     const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
