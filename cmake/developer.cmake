@@ -10,6 +10,11 @@ function(textio_developer_target target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()
 
+option(TEXTIO_FUZZ "Build the fuzz targets; wants clang and the flags of the preset fuzz" OFF)
+if(TEXTIO_FUZZ)
+  add_subdirectory(fuzz)
+endif()
+
 include(CTest)
 if(BUILD_TESTING)
   add_subdirectory(tests)
