@@ -19,11 +19,13 @@ struct Outcome {
 };
 
 template <class Reader>
-Outcome read(const options& options, const Field& text, std::size_t rows, std::size_t lines) {
+Outcome read_with(const Reader& reader, const options& options, const Field& text, std::size_t rows,
+                  std::size_t lines) {
     Outcome outcome;
     outcome.rest = text;
     output::DetectionOutputBuilder builder = fuzz::new_builder(options.whitespace);
-    const Reader reader(options);
+    builder.limit_fields = reader.field_limit != SIZE_MAX;
+    builder.field_limit = reader.field_limit;
     try {
         outcome.counts = read_records(options, reader, rows, lines, outcome.rest, builder);
     } catch (const exception::parser_exception&) {
@@ -31,6 +33,24 @@ Outcome read(const options& options, const Field& text, std::size_t rows, std::s
     }
     outcome.sample = std::move(*builder.field_array);
     fuzz::check_sample(outcome.sample, text);
+    return outcome;
+}
+
+/// Reads by the short way where it is open, and once more by the full set of rules.
+template <class Reader>
+Outcome read(const options& options, const Field& text, std::size_t rows, std::size_t lines) {
+    const Reader reader(options);
+    const Outcome outcome = read_with(reader, options, text, rows, lines);
+    Reader full_reader(options);
+    full_reader.has_plain_records = false;
+    const Outcome full = read_with(full_reader, options, text, rows, lines);
+    require(outcome.failed == full.failed && fuzz::equal(outcome.sample, full.sample),
+            "the short way gives the same sample");
+    require(outcome.failed ||
+                (outcome.counts.consumed == full.counts.consumed &&
+                 outcome.counts.lines == full.counts.lines &&
+                 outcome.counts.rows == full.counts.rows && outcome.rest.data == full.rest.data),
+            "the short way goes as far");
     return outcome;
 }
 
