@@ -1,4 +1,4 @@
-// All short texts over a few telling units: whatever the layout found, its sample must be the text.
+// All short texts over a few telling units: whatever layout was found, no unit of the text is lost.
 #include "support/text.hpp"
 #include "textio/textio.hpp"
 
@@ -11,71 +11,62 @@ namespace {
 using namespace textio;
 using enums::StrategyMode;
 
+bool is_blank(std::u16string_view units) {
+    return units.find_first_not_of(u"\n ") == std::u16string_view::npos;
+}
+
 /// Whether `gap` can stand between two fields of a line.
 bool separates_fields(const GenericStrategy& strategy, std::u16string_view gap) {
     switch (strategy.mode()) {
     case StrategyMode::delimited:
         return gap == strategy.options().delimiters.front();
     case StrategyMode::space_aligned:
-        return !gap.empty() && gap.find_first_not_of(u" \t") == std::u16string_view::npos;
-    case StrategyMode::fixed_width:
-        return gap.empty();
+        return !gap.empty() && is_blank(gap);
     default:
-        return false;
+        return gap.empty() && strategy.mode() == StrategyMode::fixed_width;
     }
 }
 
-/// Whether `gap` can stand in front of a line with fields, `lines` lines behind the last such line.
-bool separates_lines(std::u16string_view gap, std::size_t lines) {
-    return std::count(gap.begin(), gap.end(), u'\n') == static_cast<std::ptrdiff_t>(lines) &&
-           gap.find_first_not_of(u"\n ") == std::u16string_view::npos;
-}
-
-/// What is wrong with the sample of `strategy`; empty if all is well.
-std::string fault(const GenericStrategy& strategy, std::u16string_view text) {
+/// Whether the units of `text` that are in no field are separators, each where it belongs.
+bool shows_whole_text(const GenericStrategy& strategy, std::u16string_view text) {
     const FieldArray& sample = *strategy.field_array();
     std::size_t position = 0;
-    std::size_t lines_passed = 0;
-    for (std::size_t line = 0; line < sample.line_count(); ++line) {
-        bool is_first = true;
-        for (const Field& field : sample.line(line)) {
+    std::ptrdiff_t lines_passed = 0;
+    for (std::size_t line = 0; line < sample.line_count(); ++line, ++lines_passed) {
+        const std::span<const Field> fields = sample.line(line);
+        for (const Field& field : fields) {
             const auto start = static_cast<std::size_t>(field.data - text.data());
             if (start < position || start + field.size > text.size()) {
-                return "a field out of place";
+                return false;
             }
             const std::u16string_view gap = text.substr(position, start - position);
-            if (is_first ? !separates_lines(gap, lines_passed) : !separates_fields(strategy, gap)) {
-                return "units lost before " + test::shown(field.view());
+            const bool starts_line = &field == fields.data();
+            if (starts_line ? !is_blank(gap) || std::ranges::count(gap, u'\n') != lines_passed
+                            : !separates_fields(strategy, gap)) {
+                return false;
             }
             position = start + field.size;
-            lines_passed = is_first ? 0 : lines_passed;
-            is_first = false;
+            lines_passed = 0;
         }
-        ++lines_passed;
     }
-    const std::u16string_view rest = text.substr(position);
-    return rest.find_first_not_of(u"\n ") == std::u16string_view::npos ? "" : "a rest not read";
+    return is_blank(text.substr(position));
 }
 
 TEST(Exhaustive, NoUnitOfAShortTextIsLost) {
     constexpr std::u16string_view alphabet = u",\" \n1a";
     constexpr std::size_t longest = 6;
     const parser::options options;
-    const zentor::io::text::typedetection::TypeAnalyzerOptions type_options;
-    detection::StrategySelector selector(options, type_options);
-    std::vector<std::u16string> texts{u""};
-    for (std::size_t length = 1; length <= longest; ++length) {
-        std::vector<std::u16string> longer;
-        for (const std::u16string& text : texts) {
-            for (const char16_t unit : alphabet) {
-                longer.push_back(text + unit);
-                const auto found = selector.pick_strategy(Field(longer.back()), SIZE_MAX);
-                ASSERT_EQ(fault(*found, longer.back()), "")
-                    << test::shown(longer.back()) << " as " << static_cast<int>(found->mode())
-                    << " " << test::shown(*found->field_array());
-            }
+    const zentor::io::text::typedetection::TypeAnalyzerOptions types;
+    detection::StrategySelector selector(options, types);
+    std::vector<std::u16string> texts{u""}; // in the order of their lengths
+    for (std::size_t next = 0; next < texts.size(); ++next) {
+        const std::u16string text = texts[next];
+        const auto found = selector.pick_strategy(Field(text), SIZE_MAX);
+        ASSERT_TRUE(shows_whole_text(*found, text))
+            << test::shown(text) << " as " << test::shown(*found->field_array());
+        for (const char16_t unit : text.size() < longest ? alphabet : std::u16string_view()) {
+            texts.push_back(text + unit);
         }
-        texts = std::move(longer);
     }
 }
 
