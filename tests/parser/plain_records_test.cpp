@@ -59,7 +59,7 @@ private:
     }
 
     std::u16string some_text() {
-        const std::u16string odd = u",,,;\n\n\r \t\"\"#\u00A0\uFFFF";
+        const std::u16string odd = u",,,;\n\n\r \t\"\"##\u00A0\uFFFF";
         const std::size_t odd_share = one_of<std::size_t>({2, 4, 12});
         const std::size_t odd_units = odd.size() - one_of<std::size_t>({0, 1, 1, 1, 5});
         std::u16string text(random_() % one_of<std::size_t>({12, 90, 400}), u'x');
