@@ -12,9 +12,8 @@ function(textio_developer_target target)
 endfunction()
 
 include(CTest)
+# The examples come first, because the tests run them.
+add_subdirectory(examples)
 if(BUILD_TESTING)
   add_subdirectory(tests)
-endif()
-if(EXISTS "${PROJECT_SOURCE_DIR}/examples/CMakeLists.txt")
-  add_subdirectory(examples)
 endif()

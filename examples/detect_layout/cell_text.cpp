@@ -1,0 +1,88 @@
+#include "cell_text.hpp"
+
+#include "unicode.hpp"
+
+#include <unicode/uchar.h>
+#include <unicode/utf16.h>
+
+namespace detect_layout {
+
+namespace {
+
+constexpr std::string_view ellipsis = "\u2026";
+
+/// Something to see in the place of a character that would move the cursor, change the terminal's
+/// state or turn the direction of writing.
+UChar32 visible(UChar32 character) {
+    constexpr UChar32 arrow_right = 0x2192;
+    constexpr UChar32 arrow_back = 0x21B5;
+    constexpr UChar32 control_pictures = 0x2400;
+    constexpr UChar32 picture_of_delete = 0x2421;
+    switch (character) {
+    case '\t':
+        return arrow_right;
+    case '\n':
+        return arrow_back;
+    case 0x7F:
+        return picture_of_delete;
+    default:
+        break;
+    }
+    if (character < 0x20) {
+        return control_pictures + character;
+    }
+    const auto category = u_charType(character);
+    const bool is_harmful = category == U_CONTROL_CHAR || category == U_FORMAT_CHAR ||
+                            category == U_SURROGATE || category == U_LINE_SEPARATOR ||
+                            category == U_PARAGRAPH_SEPARATOR;
+    return is_harmful ? replacement_character : character;
+}
+
+std::size_t columns(UChar32 character) {
+    const auto category = u_charType(character);
+    if (category == U_NON_SPACING_MARK || category == U_ENCLOSING_MARK) {
+        return 0;
+    }
+    const auto east_asian = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
+    return east_asian == U_EA_WIDE || east_asian == U_EA_FULLWIDTH ? 2 : 1;
+}
+
+std::u16string_view without_blanks(std::u16string_view text) {
+    const auto first = text.find_first_not_of(u" \t");
+    const auto last = text.find_last_not_of(u" \t\r\n");
+    return first > last || last == std::u16string_view::npos ? std::u16string_view()
+                                                             : text.substr(first, last - first + 1);
+}
+
+void append(std::string& utf8, UChar32 character) {
+    char16_t units[2];
+    std::size_t length = 0;
+    U16_APPEND_UNSAFE(units, length, character);
+    utf8 += to_utf8({units, length});
+}
+
+} // namespace
+
+CellText printable(std::u16string_view text, std::size_t limit) {
+    text = without_blanks(text);
+    CellText cell;
+    CellText kept; // as much of the cell as leaves room for the ellipsis
+    for (std::size_t i = 0; i < text.size();) {
+        UChar32 character = 0;
+        U16_NEXT(text.data(), i, text.size(), character);
+        character = visible(character);
+        cell.width += columns(character);
+        if (cell.width > limit) {
+            kept.utf8 += ellipsis;
+            ++kept.width;
+            return kept;
+        }
+        append(cell.utf8, character);
+        if (cell.width < limit) {
+            kept = cell;
+        }
+    }
+    return cell;
+}
+
+} // namespace detect_layout

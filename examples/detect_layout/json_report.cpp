@@ -1,0 +1,72 @@
+#include "json_report.hpp"
+
+#include "layout_names.hpp"
+#include "unicode.hpp"
+
+#include <nlohmann/json.hpp>
+
+#include <cmath>
+#include <utility>
+#include <vector>
+
+namespace detect_layout {
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+/// JSON has no infinity.
+Json finite_or_null(double value) {
+    return std::isfinite(value) ? Json(value) : Json();
+}
+
+Json candidate_list(const Explanation& explanation) {
+    Json list = Json::array();
+    for (const auto& [layout, values, verdict] : explanation.candidates) {
+        list.push_back({{"layout", layout},
+                        {"data_variation", finite_or_null(values.data_variation)},
+                        {"header_lines", values.header_lines},
+                        {"num_variables", values.num_variables},
+                        {"classified_variables", values.classified_variables},
+                        {"numeric_variables", values.numeric_variables},
+                        {"temporal_variables", values.temporal_variables},
+                        {"datetime_variables", values.datetime_variables},
+                        {"punctuation_variables", values.punctuation_variables},
+                        {"prior_rank", finite_or_null(values.prior_rank)},
+                        {"verdict", verdict}});
+    }
+    return list;
+}
+
+} // namespace
+
+std::string to_json(const Detection& detection, const std::optional<Explanation>& explanation) {
+    const auto& [file, input, layout] = detection;
+    const auto& options = layout->options();
+    std::vector<std::string> delimiters;
+    for (const std::u16string& delimiter : options.delimiters) {
+        delimiters.push_back(to_utf8(delimiter));
+    }
+    const bool splits = layout->mode() == textio::enums::StrategyMode::delimited ||
+                        layout->mode() == textio::enums::StrategyMode::space_aligned;
+    const bool has_widths = layout->mode() == textio::enums::StrategyMode::fixed_width;
+    Json answer{
+        {"file", file},
+        {"kind", kind_name(layout->mode())},
+        {"delimiters", splits ? Json(std::move(delimiters)) : Json::array()},
+        {"field_widths", has_widths ? Json(options.field_widths) : Json::array()},
+        {"header_lines", layout->header_lines()},
+        {"num_variables", layout->num_variables()},
+        {"rows", data_lines(*layout).size()},
+        {"charset", input->character_set()},
+        {"undecodable", input->undecodable()},
+        {"cut", input->is_cut()},
+    };
+    if (explanation) {
+        answer["candidates"] = candidate_list(*explanation);
+        answer["outcome"] = explanation->outcome;
+    }
+    return answer.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+}
+
+} // namespace detect_layout

@@ -1,0 +1,86 @@
+#include "command_line.hpp"
+#include "detection.hpp"
+#include "explanation.hpp"
+#include "input_files.hpp"
+#include "json_report.hpp"
+#include "picture.hpp"
+#include "report.hpp"
+#include "terminal.hpp"
+#include "text_input.hpp"
+#include "user_error.hpp"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <exception>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace detect_layout;
+
+constexpr int all_went_well = 0;
+constexpr int something_went_wrong = 2;
+
+void complain(std::string_view what) {
+    std::fflush(stdout);
+    fmt::print(stderr, "detect_layout: {}\n", what);
+}
+
+/// All that is to be printed about one input.
+std::string report(const std::string& file, const Settings& settings, bool is_one_of_many) {
+    const Detection detection = detect(file, open_bytes(file), settings);
+    std::optional<Explanation> explanation;
+    if (settings.explain) {
+        explanation = explain(detection.input->text(), settings);
+    }
+    if (settings.json) {
+        return to_json(detection, explanation);
+    }
+    if (is_one_of_many && !explanation) {
+        return summarise(detection);
+    }
+    std::string text = describe(detection);
+    const auto add = [&text](const std::string& part) {
+        if (!part.empty()) {
+            text.append("\n").append(part);
+        }
+    };
+    add(draw_picture(detection, standard_output_style(settings.shown_rows)));
+    add(explanation ? draw_table(*explanation) : "");
+    return text.append(is_one_of_many ? "\n" : "");
+}
+
+int report_all(const Settings& settings) {
+    const auto files = settings.recursive ? walk_directories(settings.inputs) : settings.inputs;
+    const bool is_one_of_many = files.size() > 1 || settings.recursive;
+    const ProgressBar progress(settings.recursive, files.size());
+    int status = all_went_well;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        progress.show(i, files[i]);
+        try {
+            const std::string text = report(files[i], settings, is_one_of_many);
+            progress.clear();
+            fmt::print("{}", text);
+        } catch (const UserError& error) {
+            progress.clear();
+            complain(fmt::format("{}: {}", files[i], error.what()));
+            status = something_went_wrong;
+        }
+    }
+    return status;
+}
+
+} // namespace
+
+int main(int count, char** arguments) {
+    try {
+        const auto settings = read_command_line(count, arguments);
+        return settings ? report_all(*settings) : all_went_well;
+    } catch (const std::exception& error) {
+        complain(error.what());
+        return something_went_wrong;
+    }
+}

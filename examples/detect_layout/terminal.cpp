@@ -1,0 +1,65 @@
+#include "terminal.hpp"
+
+#include "cell_text.hpp"
+#include "unicode.hpp"
+
+#include <fmt/format.h>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+
+namespace detect_layout {
+
+namespace {
+
+constexpr std::size_t default_width = 80;
+constexpr std::size_t bar_width = 24;
+
+std::size_t terminal_width(int descriptor) {
+    winsize size{};
+    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col
+                                                                        : default_width;
+}
+
+bool is_set(const char* variable) {
+    const char* value = std::getenv(variable);
+    return value != nullptr && *value != '\0';
+}
+
+} // namespace
+
+PictureStyle standard_output_style(std::size_t data_rows) {
+    return {.colour = isatty(STDOUT_FILENO) != 0 && !is_set("NO_COLOR"),
+            .width = terminal_width(STDOUT_FILENO),
+            .data_rows = data_rows};
+}
+
+ProgressBar::ProgressBar(bool is_wanted, std::size_t steps)
+    : is_shown_(is_wanted && isatty(STDERR_FILENO) != 0), steps_(steps) {}
+
+void ProgressBar::show(std::size_t done, std::string_view what) const {
+    if (!is_shown_) {
+        return;
+    }
+    const std::size_t filled = bar_width * done / steps_;
+    const std::string counts = fmt::format(" {}/{} ", done, steps_);
+    const std::size_t taken = bar_width + 2 + counts.size() + 1;
+    const std::size_t width = terminal_width(STDERR_FILENO);
+    const auto name = printable(to_utf16(what), width > taken ? width - taken : 0);
+    fmt::print(stderr, "\r\x1b[K[{:=<{}}{:{}}]{}{}", "", filled, "", bar_width - filled, counts,
+               name.utf8);
+    std::fflush(stderr);
+}
+
+void ProgressBar::clear() const {
+    if (is_shown_) {
+        fmt::print(stderr, "\r\x1b[K");
+        std::fflush(stderr);
+    }
+}
+
+} // namespace detect_layout

@@ -1,0 +1,165 @@
+#include "cell_text.hpp"
+#include "command_line.hpp"
+#include "detection.hpp"
+#include "picture.hpp"
+#include "unicode.hpp"
+#include "user_error.hpp"
+
+#include <gtest/gtest.h>
+#include <nlohmann/json.hpp>
+#include <sys/wait.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace detect_layout;
+
+std::string content(const std::string& path) {
+    std::ifstream file(path);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+struct Outcome {
+    int status;
+    std::string output;
+    std::string errors;
+};
+
+Outcome run(const std::string& arguments) {
+    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+    const std::string files = testing::TempDir() + "detect_layout_" + test->name();
+    const std::string command = "cd " EXAMPLE_DATA " && " DETECT_LAYOUT_PROGRAM " " + arguments +
+                                " >" + files + ".out 2>" + files + ".err";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), content(files + ".out"), content(files + ".err")};
+}
+
+TEST(Program, tells_errors_on_one_line) {
+    for (const char* arguments :
+         {"no_such_file.csv", ".", "--rows many stock.txt", "--layout round x",
+          "--quote ab stock.txt", "--encoding none stock.txt", "",
+          "--widths 3,4 --layout open stock.txt"}) {
+        const Outcome result = run(arguments);
+        EXPECT_EQ(result.status, 2) << arguments;
+        EXPECT_EQ(result.output, "") << arguments;
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1)
+            << arguments << ": " << result.errors;
+    }
+}
+
+TEST(Program, goes_on_after_a_file_that_cannot_be_read) {
+    const Outcome result = run("--json stock.txt no_such_file.csv - <empty.txt");
+    EXPECT_EQ(result.status, 2);
+    std::istringstream lines(result.output);
+    std::vector<nlohmann::json> answers;
+    for (std::string line; std::getline(lines, line);) {
+        answers.push_back(nlohmann::json::parse(line));
+    }
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_EQ(answers[0]["delimiters"], nlohmann::json::array({"|"}));
+    EXPECT_EQ(answers[1]["kind"], "line");
+    EXPECT_EQ(answers[1]["rows"], 0);
+}
+
+TEST(Program, walks_a_directory) {
+    const Outcome result = run("--recursive .");
+    EXPECT_EQ(result.status, 0);
+    EXPECT_EQ(result.errors, "");
+    EXPECT_NE(result.output.find("./stock.txt: delimited by vertical bar, 0 header lines, 5"),
+              std::string::npos)
+        << result.output;
+}
+
+TEST(CommandLine, tells_comment_closers_from_files) {
+    struct Case {
+        std::vector<const char*> arguments;
+        std::vector<std::u16string> comment_style;
+        std::vector<std::string> inputs;
+    };
+    const char* file = EXAMPLE_DATA "/stock.txt";
+    const std::vector<Case> cases{
+        {{"x"}, {u"#"}, {"x"}},
+        {{"--comment", "%", "x"}, {u"%"}, {"x"}},
+        {{"--comment", "/*", "*/", "x"}, {u"/*", u"*/"}, {"x"}},
+        {{"--comment", "%", file, "x"}, {u"%"}, {file, "x"}},
+        {{"x", "--comment", "%"}, {u"%"}, {"x"}},
+        {{"x", "--no-comments"}, {}, {"x"}},
+    };
+    for (const Case& test : cases) {
+        auto arguments = test.arguments;
+        arguments.insert(arguments.begin(), "detect_layout");
+        const auto settings =
+            read_command_line(static_cast<int>(arguments.size()), arguments.data());
+        EXPECT_EQ(settings->options.comment_style, test.comment_style)
+            << testing::PrintToString(test.arguments);
+        EXPECT_EQ(settings->inputs, test.inputs) << testing::PrintToString(test.arguments);
+    }
+}
+
+TEST(CommandLine, keeps_the_decimal_mark_from_being_a_delimiter) {
+    const std::vector<const char*> plain{"detect_layout", "--decimal", ",", "x"};
+    EXPECT_EQ(read_command_line(4, plain.data())->options.excluded_delimiter, u",");
+    const std::vector<const char*> open{"detect_layout",       "--decimal", ",",
+                                        "--exclude-delimiter", "",          "x"};
+    EXPECT_EQ(read_command_line(6, open.data())->options.excluded_delimiter, u"");
+    const std::vector<const char*> tab{"detect_layout", "--exclude-delimiter", "\\t", "x"};
+    EXPECT_EQ(read_command_line(4, tab.data())->options.excluded_delimiter, u"\t");
+}
+
+TEST(CellText, fits_the_terminal) {
+    struct Case {
+        std::u16string text;
+        std::size_t limit;
+        std::string shown;
+        std::size_t width;
+    };
+    for (const Case& test : std::vector<Case>{
+             {u"", 5, "", 0},
+             {u"  plain ", 5, "plain", 5},
+             {u"plainer", 5, "plai…", 5},
+             {u"東京都庁", 8, "東京都庁", 8},
+             {u"東京都庁", 6, "東京…", 5},
+             {u"e\u0301te\u0301", 3, "e\u0301te\u0301", 3},
+             {u"a\tb\nc", 9, "a→b↵c", 5},
+             {u"\x1b[2J\u202E", 9, "␛[2J\uFFFD", 5},
+             {std::u16string(1, u'\xD800'), 5, "\uFFFD", 1},
+         }) {
+        const CellText cell = printable(test.text, test.limit);
+        EXPECT_EQ(cell.utf8, test.shown);
+        EXPECT_EQ(cell.width, test.width) << test.shown;
+    }
+}
+
+TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
+    Settings settings;
+    settings.options.header_lines = 3;
+    settings.options.detect_header_lines = false;
+    const Detection small = detect("-",
+                                   std::make_unique<std::istringstream>(
+                                       "Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"),
+                                   settings);
+    EXPECT_EQ(draw_picture(small, {.width = 20, .data_rows = 2}),
+              "Title\n# a comment\nname │ size\n─────┼─────\nAnn  │ 41\nBob  │ 37\n⋮ 1 more in the "
+              "sample\n");
+    EXPECT_NE(draw_picture(small, {.colour = true}).find("\x1b[36mAnn\x1b[0m"), std::string::npos);
+
+    std::string row = "1";
+    for (int i = 0; i < 40; ++i) {
+        row += ";value " + std::to_string(i);
+    }
+    const Detection wide =
+        detect("-", std::make_unique<std::istringstream>(row + "\n" + row + "\n"), Settings());
+    std::istringstream lines(draw_picture(wide, {.width = 40, .data_rows = 5}));
+    for (std::string line; std::getline(lines, line);) {
+        EXPECT_LE(printable(to_utf16(line), 1000).width, 40U) << line;
+    }
+}
+
+} // namespace

@@ -1,0 +1,55 @@
+# shellcheck shell=bash
+# Sourced by the scripts of tools/: installs packages and builds presets.
+
+project_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+
+# shellcheck disable=SC2034 # for the scripts that source this
+build_packages=(
+    g++ cmake ninja-build
+    libicu-dev libcli11-dev libfmt-dev nlohmann-json3-dev # the example host
+    libgtest-dev                                          # the tests
+)
+
+missing_packages() {
+    local package
+    for package in "$@"; do
+        if [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) != installed ]]; then
+            echo "$package"
+        fi
+    done
+}
+
+# Installs those of the given Debian packages that are missing, or says which they are and stops.
+require_packages() {
+    local missing
+    mapfile -t missing < <(missing_packages "$@")
+    if ((${#missing[@]} == 0)); then
+        return
+    fi
+    if ! command -v apt-get >/dev/null || ((EUID != 0)); then
+        echo "These Debian packages are missing: ${missing[*]}" >&2
+        echo "Install them as root: apt-get install ${missing[*]}" >&2
+        exit 1
+    fi
+    export DEBIAN_FRONTEND=noninteractive
+    if ! { apt-get update -qq && apt-get install -y -qq --no-install-recommends "${missing[@]}"; } >&2; then
+        echo "Could not install these Debian packages: ${missing[*]}" >&2
+        exit 1
+    fi
+}
+
+# Configures and builds a CMake preset; further arguments go to the build. The output is shown only
+# if something fails.
+build_preset() {
+    local preset=$1 log
+    shift
+    log=$(mktemp)
+    echo "Building the preset $preset ..." >&2
+    if ! (cd "$project_root" && cmake --preset "$preset" &&
+        cmake --build --preset "$preset" -j"$(nproc)" "$@") >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        exit 1
+    fi
+    rm -f "$log"
+}
