@@ -4,7 +4,6 @@
 set(developer_warnings -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
   $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>)
 target_compile_options(text_format_detection PRIVATE ${developer_warnings})
-set_target_properties(text_format_detection PROPERTIES VERIFY_INTERFACE_HEADER_SETS ON)
 
 function(textio_developer_target target)
   target_compile_options(${target} PRIVATE ${developer_warnings})
