@@ -7,8 +7,6 @@
 /// Character classes of field text. ASCII alone counts: no locale, no Unicode tables.
 namespace textio::ascii {
 
-inline constexpr std::u16string_view digits = u"0123456789";
-
 constexpr bool is_digit(char16_t unit) {
     return unit >= u'0' && unit <= u'9';
 }

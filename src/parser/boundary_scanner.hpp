@@ -2,13 +2,11 @@
 /// The search for the end of a field or a line.
 #pragma once
 
-#include "parser/guarded_delim.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/delimiter_set.hpp"
 
 #include <cstddef>
-#include <cstdint>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,8 +21,7 @@ struct Boundary {
 };
 
 /// Searches for the next string of one set, but not past the next string of another.
-class BoundaryScanner {
-public:
+struct BoundaryScanner {
     BoundaryScanner(std::shared_ptr<Delim> ends_set, std::shared_ptr<Delim> barriers_set);
     BoundaryScanner(const std::vector<std::u16string>& end_strings,
                     const std::vector<std::u16string>& barrier_strings);
@@ -32,32 +29,12 @@ public:
     /// The first boundary of `text` from `from` on. Where a string of both sets starts, the barrier
     /// counts. An `end_of_text` ends the search at `from` and behind every unit that begins a
     /// string of either set without being followed by the rest of it; elsewhere it is run over.
-    [[nodiscard]] Boundary find(const Field& text, std::size_t from) const noexcept {
-        return text.unit_at(from) == end_of_text ? Boundary{from, 0} : find_from_text(text, from);
-    }
-
-    /// The same, from a position at which something else than `end_of_text` stands.
-    [[nodiscard]] Boundary find_from_text(const Field& text, std::size_t from) const noexcept {
-        const std::size_t at = search.next(text, from);
-        return text.unit_at(at) == lone_end_ ? Boundary{at, 1} : judge_stop(text, at);
-    }
+    [[nodiscard]] Boundary find(const Field& text, std::size_t from) const noexcept;
 
     std::shared_ptr<Delim> ends;     ///< a match is reported with its length
     std::shared_ptr<Delim> barriers; ///< a match ends the search and is not reported
     std::u16string stop_units;       ///< first units of both sets, ascending, each once
     UnitSearch search;               ///< finds the stop units
-
-private:
-    static constexpr std::uint32_t no_lone_end = 0x10000; ///< equals no code unit
-
-    [[nodiscard]] Boundary judge_stop(const Field& text, std::size_t stop) const noexcept;
-    [[nodiscard]] std::uint32_t find_lone_end() const noexcept;
-
-    GuardedDelim guarded_ends_;
-    GuardedDelim guarded_barriers_;
-
-    /// A set of ends that is one unit, with which no barrier starts, is found without being asked.
-    std::uint32_t lone_end_;
 };
 
 } // namespace textio::parser

@@ -9,23 +9,28 @@ namespace textio::parser {
 DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_options)
     : options(&reader_options), line_ends(get_or_create_delim(reader_options.line_endings)),
       delimiters(get_or_create_delim(reader_options.delimiters)),
-      scanner(reader_options, delimiters, line_ends), runs(delimiters),
-      guarded_line_ends(line_ends) {}
-
-void DelimitedRecordReader::remember_blocks(bool remember) const noexcept {
-    scanner.bounds.search.remember_block(remember);
-    scanner.quotes.remember_block(remember);
-    runs.remember_block(remember);
-}
+      scanner(reader_options, delimiters, line_ends), guarded_line_ends(line_ends),
+      delimiter_units(
+          std::u16string(delimiters->first_units.begin(), delimiters->first_units.end())),
+      stops(scanner.bounds.stop_units + reader_options.quote + end_of_text),
+      other_units(delimiter_units.units(), UnitSearch::Wanted::outside),
+      has_plain_records(can_have_plain_records(*this)) {}
 
 std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t position) {
-    return reader.runs.skip(text, position);
+    while (position < text.size) {
+        const std::size_t length = reader.delimiters->match_at(text, position);
+        if (length == 0) {
+            break;
+        }
+        position += length;
+    }
+    return position;
 }
 
 std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t from) {
-    const std::size_t content = skip_units(reader.scanner.blank_units, text, from);
+    const std::size_t content = skip_units(reader.blanks(), text, from);
     return reader.options->leading_delimiters_rule == leading_delimiters::skip
                ? skip_delimiters(reader, text, content)
                : content;
@@ -83,17 +88,6 @@ std::size_t skip_leading_delimiters(const DelimitedRecordReader& reader, const F
     }
 }
 
-/// Whether the record ends at `position`; `line_end` becomes the length of the line ending there.
-inline bool is_record_end(const DelimitedRecordReader& reader, const Field& text,
-                          std::size_t position, std::size_t& line_end) {
-    const char16_t unit = text.unit_at(position);
-    if (!reader.scanner.special_starts.contains(unit)) {
-        return false;
-    }
-    line_end = reader.guarded_line_ends.match_at(text, position);
-    return line_end != 0 || unit == end_of_text;
-}
-
 /// Cuts the record at the start of `text` into fields. Behind each field, `after_field` is given
 /// the number of fields before it, and the position of the next field, which it may move.
 template <class AfterField>
@@ -101,8 +95,8 @@ void split_record(const DelimitedRecordReader& reader, const Field& text, Record
                   AfterField after_field) {
     std::size_t position = skip_leading_delimiters(reader, text);
     std::size_t last_end = position;
-    std::size_t line_end = 0;
-    while (!is_record_end(reader, text, position, line_end)) {
+    std::size_t line_end = reader.line_ends->match_at(text, position);
+    while (line_end == 0 && text.unit_at(position) != end_of_text) {
         std::size_t field_size = 0;
         std::size_t next = scan_field(reader.scanner, text, position, field_size);
         after_field(record.spans.size() / 2, next);
@@ -110,6 +104,7 @@ void split_record(const DelimitedRecordReader& reader, const Field& text, Record
         record.spans.push_back(position);
         record.spans.push_back(last_end);
         position = next;
+        line_end = reader.line_ends->match_at(text, position);
     }
     record.consumed = position + line_end;
     if (last_end != position) {
@@ -158,7 +153,7 @@ bool read_record(const DelimitedRecordReader& reader, const Field& text, Record&
 ReadCounts read_records(const options& options, const DelimitedRecordReader& reader,
                         std::size_t max_rows, std::size_t max_lines, Field& text,
                         output::DetectionOutputBuilder& builder) {
-    return RecordLoop(options, reader, text, builder).run(max_rows, max_lines);
+    return RecordLoop(options, reader, {max_rows, max_lines}, text, builder).run();
 }
 
 } // namespace textio::parser

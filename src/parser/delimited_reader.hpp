@@ -4,6 +4,7 @@
 
 #include "parser/field_scanner.hpp"
 #include "parser/guarded_delim.hpp"
+#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
@@ -16,18 +17,24 @@ namespace textio::parser {
 /// Built for one read; the options must outlive it, and its rules are read from them.
 struct DelimitedRecordReader {
     static constexpr bool comment_keeps_columns = false;
+    static constexpr bool blank_lines_are_empty = true;
+    static constexpr std::size_t field_limit = SIZE_MAX;
 
     explicit DelimitedRecordReader(const options& options);
 
     [[nodiscard]] const UnitSet& blanks() const noexcept { return scanner.blank_units; }
-    void remember_blocks(bool remember) const noexcept;
 
     const parser::options* options;
     std::shared_ptr<Delim> line_ends;
     std::shared_ptr<Delim> delimiters;
     FieldScanner scanner;
-    DelimiterRuns runs;             ///< finds the end of a run of delimiters
-    GuardedDelim guarded_line_ends; ///< `line_ends`, asked before every field
+
+    // For the short way.
+    GuardedDelim guarded_line_ends; ///< the same as `line_ends`
+    UnitSet delimiter_units;        ///< first units of the delimiters
+    UnitSearch stops;               ///< finds all that can end a field or open a quoted part
+    UnitSearch other_units;         ///< finds what is none of `delimiter_units`
+    bool has_plain_records;
 };
 
 /// The position behind the run of delimiters at `position`, which may be none. Never moves from a
@@ -45,6 +52,13 @@ std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& te
 void read_record_separate(const DelimitedRecordReader& reader, const Field& text, Record& record);
 void read_record_merge(const DelimitedRecordReader& reader, const Field& text, Record& record);
 void read_record_error(const DelimitedRecordReader& reader, const Field& text, Record& record);
+
+/// Whether fields can be told by their stops alone: each delimiter is one unit, and no unit is two
+/// of delimiter, line ending, blank, quote and end of text.
+bool can_have_plain_records(const DelimitedRecordReader& reader);
+
+/// Reads plain records until one is not.
+void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records);
 
 /// Reads the record at the start of `text` by the one of these that the options name. No blank
 /// record counts as a row.

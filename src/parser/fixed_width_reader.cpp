@@ -1,16 +1,30 @@
 #include "parser/fixed_width_reader.hpp"
 
 #include "parser/parser_exception.hpp"
+#include "parser/search_walk.hpp"
 
 #include <algorithm>
 
 namespace textio::parser {
 
+namespace {
+
+bool can_have_plain_records(const FixedWidthRecordReader& reader) {
+    return reader.options->partial_field_rule == partial_field::keep && !reader.widths.empty() &&
+           std::ranges::find(reader.widths, 0U) == reader.widths.end() &&
+           are_disjoint({reader.blank_units.units(), reader.stop_units,
+                         std::u16string_view(&end_of_text, 1)});
+}
+
+} // namespace
+
 FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_options)
     : options(&reader_options), widths(reader_options.field_widths),
       line_ends(get_or_create_delim(reader_options.line_endings)),
       stop_units(line_ends->first_units.begin(), line_ends->first_units.end()), stops(stop_units),
-      blank_units(reader_options.whitespace) {}
+      blank_units(reader_options.whitespace), guarded_line_ends(line_ends),
+      plain_stops(stop_units + end_of_text), field_limit(widths.size()),
+      has_plain_records(can_have_plain_records(*this)) {}
 
 namespace {
 
@@ -48,7 +62,8 @@ public:
             stop_ = reader_.stops.next(text_, begin);
         }
         while (stop_ < end) {
-            if (const std::size_t length = reader_.line_ends->match_at(text_, stop_); length != 0) {
+            if (const std::size_t length = reader_.guarded_line_ends.match_at(text_, stop_);
+                length != 0) {
                 return {stop_, length};
             }
             stop_ = reader_.stops.next(text_, stop_ + 1);
@@ -58,7 +73,7 @@ public:
 
     /// The length of the line ending that starts at `position`, 0 if none does.
     [[nodiscard]] std::size_t length_at(std::size_t position) const {
-        return stop_ <= position ? reader_.line_ends->match_at(text_, position) : 0;
+        return stop_ <= position ? reader_.guarded_line_ends.match_at(text_, position) : 0;
     }
 
 private:
@@ -132,6 +147,32 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
     take_rest_of_line(reader, text, record, line_endings, position);
 }
 
+/// A plain line holds no end of text and is not blank, so each of its fields reaches as far as its
+/// width or the line does. What stands behind the last width is no field.
+void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& records) {
+    const char16_t* const text_end = records.end();
+    SearchWalk stops(reader.plain_stops, records.start(), text_end);
+    while (records.at_record()) {
+        const char16_t* const line_end = stops.next(records.start());
+        const char16_t* position = records.start();
+        for (const std::size_t width : reader.widths) {
+            const auto left = static_cast<std::size_t>(line_end - position);
+            const char16_t* const end = width < left ? position + width : line_end;
+            records.add_field(position, end);
+            position = end;
+            if (position == line_end) {
+                break;
+            }
+        }
+        if (line_end == text_end) {
+            records.end_record(text_end);
+        } else if (!records.end_record_at_line_ending(line_end)) {
+            records.give_record_back();
+            return;
+        }
+    }
+}
+
 bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record& record) {
     std::uint8_t record_mark = 0;
     read_fixed_record(reader, text, record, record_mark);
@@ -146,7 +187,7 @@ std::size_t skip_to_content(const FixedWidthRecordReader& reader, const Field& t
 ReadCounts read_records(const options& options, const FixedWidthRecordReader& reader,
                         std::size_t max_rows, std::size_t max_lines, Field& text,
                         output::DetectionOutputBuilder& builder) {
-    return RecordLoop(options, reader, text, builder).run(max_rows, max_lines);
+    return RecordLoop(options, reader, {max_rows, max_lines}, text, builder).run();
 }
 
 } // namespace textio::parser

@@ -2,6 +2,8 @@
 /// Reads text whose fields have fixed widths.
 #pragma once
 
+#include "parser/guarded_delim.hpp"
+#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
@@ -19,18 +21,22 @@ namespace textio::parser {
 /// Built for one read; the options must outlive it, and its rules are read from them.
 struct FixedWidthRecordReader {
     static constexpr bool comment_keeps_columns = true;
+    static constexpr bool blank_lines_are_empty = false;
 
     explicit FixedWidthRecordReader(const options& options);
 
     [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
-    void remember_blocks(bool remember) const noexcept { stops.remember_block(remember); }
 
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units
     std::shared_ptr<Delim> line_ends;
-    std::u16string stop_units; ///< first units of the line endings, ascending, each once
-    UnitSearch stops;          ///< finds the stop units
-    UnitSet blank_units;       ///< whitespace of the options
+    std::u16string stop_units;      ///< first units of the line endings, ascending, each once
+    UnitSearch stops;               ///< finds the stop units
+    UnitSet blank_units;            ///< whitespace of the options
+    GuardedDelim guarded_line_ends; ///< `line_ends`, asked at every field
+    UnitSearch plain_stops;         ///< finds what ends a plain line, and the end of the text
+    std::size_t field_limit;        ///< as many fields as there are widths
+    bool has_plain_records;
 };
 
 /// Reads the record at the start of `text`. Behind the last width, what is left of the line becomes
@@ -38,6 +44,9 @@ struct FixedWidthRecordReader {
 /// a partial field which is not kept.
 void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, Record& record,
                        std::uint8_t& record_mark);
+
+/// Reads plain records until one is not.
+void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& records);
 
 /// As the record loop needs them: a marked record is a row even when it is blank, and content
 /// starts behind blanks.

@@ -1,10 +1,14 @@
 #include "parser/line_reader.hpp"
 
+#include "parser/search_walk.hpp"
+
 namespace textio::parser {
 
 LineRecordReader::LineRecordReader(const options& options)
     : scanner(options.line_endings, {}), whitespace(&options.whitespace),
-      blank_units(options.whitespace), line_ends(scanner.ends) {}
+      blank_units(options.whitespace), guarded_line_ends(scanner.ends),
+      has_plain_records(are_disjoint({blank_units.units(), guarded_line_ends.first_units().units(),
+                                      std::u16string_view(&end_of_text, 1)})) {}
 
 void read_line(const LineRecordReader& reader, const Field& text, Record& record) {
     const Boundary line_end = reader.scanner.find(text, 0);
@@ -12,6 +16,21 @@ void read_line(const LineRecordReader& reader, const Field& text, Record& record
     if (line_end.at > 0) {
         record.spans.push_back(0);
         record.spans.push_back(line_end.at);
+    }
+}
+
+void take_plain_records(const LineRecordReader& reader, PlainRecords& records) {
+    const char16_t* const text_end = records.end();
+    SearchWalk stops(reader.scanner.search, records.start(), text_end);
+    while (records.at_record()) {
+        const char16_t* const line_end = stops.next(records.start());
+        records.add_field(records.start(), line_end);
+        if (line_end == text_end) {
+            records.end_record(text_end);
+        } else if (!records.end_record_at_line_ending(line_end)) {
+            records.give_record_back();
+            return;
+        }
     }
 }
 
@@ -27,7 +46,7 @@ std::size_t skip_to_content(const LineRecordReader& reader, const Field& text, s
 ReadCounts read_records(const options& options, const LineRecordReader& reader,
                         std::size_t max_rows, std::size_t max_lines, Field& text,
                         output::DetectionOutputBuilder& builder) {
-    return RecordLoop(options, reader, text, builder).run(max_rows, max_lines);
+    return RecordLoop(options, reader, {max_rows, max_lines}, text, builder).run();
 }
 
 } // namespace textio::parser

@@ -3,13 +3,14 @@
 #pragma once
 
 #include "parser/boundary_scanner.hpp"
+#include "parser/guarded_delim.hpp"
+#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
 #include <cstddef>
-#include <memory>
 #include <string>
 
 namespace textio::parser {
@@ -17,20 +18,25 @@ namespace textio::parser {
 /// Built for one read; the options must outlive it.
 struct LineRecordReader {
     static constexpr bool comment_keeps_columns = false;
+    static constexpr bool blank_lines_are_empty = true;
+    static constexpr std::size_t field_limit = SIZE_MAX;
 
     explicit LineRecordReader(const options& options);
 
     [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
-    void remember_blocks(bool remember) const noexcept { scanner.search.remember_block(remember); }
 
     BoundaryScanner scanner;          ///< ends at line endings; has no barriers
     const std::u16string* whitespace; ///< that of the options
     UnitSet blank_units;              ///< the same
-    std::shared_ptr<Delim> line_ends; ///< the line endings
+    GuardedDelim guarded_line_ends;   ///< the line endings
+    bool has_plain_records;           ///< line endings are neither blanks nor the end of the text
 };
 
 /// Reads the line at the start of `text`, blanks at its ends included. An empty one has no span.
 void read_line(const LineRecordReader& reader, const Field& text, Record& record);
+
+/// Reads plain lines until one is not.
+void take_plain_records(const LineRecordReader& reader, PlainRecords& records);
 
 /// As the record loop needs them: no line is a row if it is blank, and content starts behind
 /// blanks.

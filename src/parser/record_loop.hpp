@@ -7,28 +7,24 @@
 ///   the record counts as a row even when it is blank;
 /// - `skip_to_content(reader, text, from)`: where content starts on the line at `from`;
 /// - `comment_keeps_columns`: whether text behind a block comment is read with the blanks in front;
-/// - `blanks()`, `line_ends` and `remember_blocks(bool)`.
+/// - `take_plain_records(reader, records)`: reads plain records until one is not, with
+///   `has_plain_records` if there can be any, `field_limit` as the limit on fields of a record
+///   under which that is so, and `blank_lines_are_empty` if a line of blanks is an empty line;
+/// - `blanks()` and `guarded_line_ends`.
 #pragma once
 
 #include "parser/comment_scanner.hpp"
 #include "parser/parser_exception.hpp"
+#include "parser/plain_records.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
-#include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <optional>
-#include <vector>
 
 namespace textio::parser {
-
-/// How far a loop came.
-struct ReadCounts {
-    std::size_t consumed = 0; ///< code units passed
-    std::size_t lines = 0;    ///< lines of the text passed
-    std::size_t rows = 0;     ///< lines that counted as rows
-};
 
 /// What follows the comment from `start` to `end` of `text`, as `skip_comment` gave it.
 template <class Reader>
@@ -42,7 +38,7 @@ CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, 
     if (text.unit_at(content) == end_of_text) {
         return {content, lines, true};
     }
-    if (const std::size_t length = reader.line_ends->match_at(text, content); length != 0) {
+    if (const std::size_t length = reader.guarded_line_ends.match_at(text, content); length != 0) {
         return {content + length, lines, true};
     }
     return {Reader::comment_keeps_columns ? end : content, lines, false};
@@ -52,44 +48,64 @@ CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, 
 template <class Reader>
 class RecordLoop {
 public:
-    RecordLoop(const options& options, const Reader& reader, Field& text,
+    RecordLoop(const options& options, const Reader& reader, ReadLimits limits, Field& text,
                output::DetectionOutputBuilder& builder)
-        : options_(options), reader_(reader), text_(text), builder_(builder) {
+        : options_(options), reader_(reader), limits_(limits), text_(text), builder_(builder) {
         if (!options.comment_style.empty()) {
-            comments_.emplace(options);
+            comments_ = std::make_unique<CommentScanner>(options);
         }
-        reader_.remember_blocks(true);
     }
 
-    RecordLoop(const RecordLoop&) = delete;
-    RecordLoop& operator=(const RecordLoop&) = delete;
-    ~RecordLoop() { reader_.remember_blocks(false); }
-
-    ReadCounts run(std::size_t max_rows, std::size_t max_lines) {
-        max_rows_ = max_rows;
-        while (counts_.rows < max_rows && counts_.lines < max_lines &&
-               text_.unit_at(0) != end_of_text) {
-            record_.spans.clear();
-            record_.consumed = 0;
-            const AfterComment next = comments_ ? pass_comment(max_lines) : AfterComment::record;
-            if (next == AfterComment::stop) {
-                break;
+    ReadCounts run() {
+        std::optional<PlainRecords> plain;
+        if (can_go_the_short_way()) {
+            plain.emplace(line_shape(), limits_, text_, counts_, *builder_.field_array);
+        }
+        while (is_wanted()) {
+            if (plain) {
+                plain->resume();
+                take_plain_records(reader_, *plain);
+                plain->pause();
             }
-            if (next == AfterComment::record) {
-                take_record();
+            if (!is_wanted() || !pass_one()) {
+                break;
             }
         }
         return counts_;
     }
 
 private:
-    static constexpr std::size_t first_fields = 64; ///< room at the start, in fields
-    static constexpr double expected_margin = 1.05; ///< lines are not all alike
-    static constexpr double most_growth = 16.0;     ///< the start of a text can mislead
-
     enum class AfterComment { record, next_line, stop };
 
-    AfterComment pass_comment(std::size_t max_lines) {
+    [[nodiscard]] bool is_wanted() const {
+        return counts_.rows < limits_.rows && counts_.lines < limits_.lines &&
+               text_.unit_at(0) != end_of_text;
+    }
+
+    /// Only where the builder does with a record what the short way does.
+    [[nodiscard]] bool can_go_the_short_way() const {
+        return reader_.field_limit == (builder_.limit_fields ? builder_.field_limit : SIZE_MAX) &&
+               *builder_.whitespace == options_.whitespace && reader_.has_plain_records;
+    }
+
+    [[nodiscard]] LineShape line_shape() const {
+        return {reader_.blanks(), reader_.guarded_line_ends,
+                comments_ ? comments_->opener : std::u16string_view(),
+                options_.empty_line_rule == empty_line::keep, Reader::blank_lines_are_empty};
+    }
+
+    /// Passes a comment, or a record, or both. Gives whether the loop goes on.
+    bool pass_one() {
+        record_.spans.clear();
+        record_.consumed = 0;
+        const AfterComment next = comments_ ? pass_comment() : AfterComment::record;
+        if (next == AfterComment::record) {
+            take_record();
+        }
+        return next != AfterComment::stop;
+    }
+
+    AfterComment pass_comment() {
         const std::size_t start = skip_to_content(reader_, text_, 0);
         const std::size_t end = comments_->skip_comment(text_, start);
         if (end <= start) {
@@ -98,7 +114,7 @@ private:
         const CommentEnd comment = finish_comment(reader_, *comments_, text_, start, end);
         text_.advance(comment.resume_at);
         counts_.consumed += comment.resume_at;
-        const bool too_many_lines = counts_.lines + comment.lines > max_lines;
+        const bool too_many_lines = counts_.lines + comment.lines > limits_.lines;
         keep_lines_of(comment);
         if (comment.line_ended) {
             return AfterComment::next_line;
@@ -120,7 +136,6 @@ private:
     void take_record() {
         const bool counts_when_blank = read_marked_record();
         if (counts_when_blank || !is_blank()) {
-            make_room();
             builder_.add_record(text_, record_);
             ++counts_.rows;
         } else {
@@ -138,25 +153,6 @@ private:
             error.record = counts_.rows;
             throw;
         }
-    }
-
-    /// Where the record does not fit into the array any more, makes room for as many fields as the
-    /// whole text would give if it went on as it began, so that a long sample is moved once or
-    /// twice and not at every doubling.
-    void make_room() {
-        std::vector<Field>& fields = builder_.field_array->fields;
-        const std::size_t needed = fields.size() + record_.spans.size() / 2;
-        if (needed <= fields.capacity()) {
-            return;
-        }
-        const auto consumed = static_cast<double>(counts_.consumed + record_.consumed);
-        const double growth = std::min(
-            {static_cast<double>(text_.size + counts_.consumed) / consumed * expected_margin,
-             static_cast<double>(max_rows_) / static_cast<double>(counts_.rows + 1) *
-                 expected_margin,
-             most_growth});
-        fields.reserve(std::max({needed + needed / 2, first_fields,
-                                 static_cast<std::size_t>(static_cast<double>(needed) * growth)}));
     }
 
     [[nodiscard]] bool is_blank() const {
@@ -184,12 +180,12 @@ private:
 
     const options& options_;
     const Reader& reader_;
+    const ReadLimits limits_;
     Field& text_;
     output::DetectionOutputBuilder& builder_;
-    std::optional<CommentScanner> comments_;
+    std::unique_ptr<const CommentScanner> comments_; ///< null if the text can hold none
     Record record_;
     ReadCounts counts_;
-    std::size_t max_rows_ = 0;
 };
 
 } // namespace textio::parser

@@ -1,6 +1,7 @@
 #include "parser/unit_search.hpp"
 
 #include <algorithm>
+#include <bit>
 
 #if defined(__SSE2__)
 #include <emmintrin.h>
@@ -20,6 +21,17 @@ UnitSet::UnitSet(std::u16string_view units) : units_(units) {
     }
 }
 
+bool are_disjoint(std::initializer_list<std::u16string_view> sets) {
+    std::u16string seen;
+    for (const std::u16string_view set : sets) {
+        if (seen.find_first_of(set) != std::u16string::npos) {
+            return false;
+        }
+        seen += set;
+    }
+    return true;
+}
+
 UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)
     : set_(units), unwanted_(wanted == Wanted::outside ? ~std::uint64_t{0} : 0) {
     if (!set_.units().empty() && set_.units().size() <= most_compared_units) {
@@ -27,24 +39,11 @@ UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)
     }
 }
 
-void UnitSearch::remember_block(bool remember) const noexcept {
-    remembers_ = remember;
-    block_begin_ = nullptr;
-    block_end_ = nullptr;
-}
-
-std::size_t UnitSearch::next_from_block(const Field& text, std::size_t from) const noexcept {
+std::size_t UnitSearch::next(const Field& text, std::size_t from) const noexcept {
     while (from < text.size) {
-        const char16_t* const begin = text.data + from;
         const std::size_t count = std::min(block_units, text.size - from);
-        const std::uint64_t hits = count == block_units ? mask_(*this, begin) ^ unwanted_
-                                                        : mask_of_last_block(begin, count);
-        if (hits != 0) {
-            if (remembers_) {
-                block_begin_ = begin;
-                block_end_ = begin + count;
-                block_hits_ = hits;
-            }
+        const char16_t* const begin = text.data + from;
+        if (const std::uint64_t hits = mask(begin, begin + count); hits != 0) {
             return from + static_cast<std::size_t>(std::countr_zero(hits));
         }
         from += count;
@@ -52,12 +51,13 @@ std::size_t UnitSearch::next_from_block(const Field& text, std::size_t from) con
     return text.size;
 }
 
-/// The last block is shorter than a mask, and what lies behind it is not ours to read.
-std::uint64_t UnitSearch::mask_of_last_block(const char16_t* units,
-                                             std::size_t count) const noexcept {
+/// The last block of a text is shorter than a mask, and what lies behind it is not ours to read.
+std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin,
+                                             const char16_t* end) const noexcept {
     std::array<char16_t, block_units> block{};
-    std::copy_n(units, count, block.begin());
-    return (mask_(*this, block.data()) ^ unwanted_) & ((std::uint64_t{1} << count) - 1);
+    std::copy(begin, end, block.begin());
+    const auto count = static_cast<std::size_t>(end - begin);
+    return (mask_of_block_(*this, block.data()) ^ unwanted_) & ((std::uint64_t{1} << count) - 1);
 }
 
 std::uint64_t UnitSearch::plain_mask(const UnitSearch& search, const char16_t* units) noexcept {
@@ -82,13 +82,14 @@ std::uint64_t bits(__m128i bytes) noexcept {
 
 } // namespace
 
-// The units are narrowed to bytes first, which halves the comparing. Narrowing turns a unit above
-// 0xFF into 0 or 0xFF, so it is exact for a set that holds neither of the two.
+// The units are narrowed to bytes first, which halves the comparing. Narrowing saturates signed
+// numbers: it keeps the units below 0x7F and turns 0xFFFF, which is -1, into 0xFF, and nothing else
+// becomes one of these bytes. So it is exact for a set of such units, which nearly all sets are.
 template <std::size_t count>
 std::uint64_t UnitSearch::byte_mask(const UnitSearch& search, const char16_t* units) noexcept {
     std::uint64_t mask = 0;
     for (std::size_t at = 0; at < block_units; at += 16) {
-        const __m128i text = _mm_packus_epi16(load(units + at), load(units + at + 8));
+        const __m128i text = _mm_packs_epi16(load(units + at), load(units + at + 8));
         __m128i hits = _mm_cmpeq_epi8(text, load(search.compared_[0].data()));
         for (std::size_t i = 1; i < count; ++i) {
             hits = _mm_or_si128(hits, _mm_cmpeq_epi8(text, load(search.compared_[i].data())));
@@ -119,8 +120,9 @@ void UnitSearch::choose_mask() noexcept {
         &byte_mask<1>, &byte_mask<2>, &byte_mask<3>, &byte_mask<4>,
         &byte_mask<5>, &byte_mask<6>, &byte_mask<7>, &byte_mask<8>};
     const std::u16string& units = set_.units();
-    const bool fit_in_bytes = units.front() > 0 && units.back() < 0xFF;
-    mask_ = fit_in_bytes ? byte_masks[units.size() - 1] : &unit_mask;
+    const bool fit_in_bytes = std::ranges::all_of(
+        units, [](char16_t unit) { return unit < 0x7F || unit == end_of_text; });
+    mask_of_block_ = fit_in_bytes ? byte_masks[units.size() - 1] : &unit_mask;
     for (std::size_t i = 0; i < units.size(); ++i) {
         const __m128i copies = fit_in_bytes ? _mm_set1_epi8(static_cast<char>(units[i]))
                                             : _mm_set1_epi16(static_cast<short>(units[i]));

@@ -9,9 +9,9 @@
 #include "textio/field.hpp"
 
 #include <array>
-#include <bit>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -44,6 +44,9 @@ private:
     std::u16string units_;
 };
 
+/// Whether no unit stands in two of the sets.
+[[nodiscard]] bool are_disjoint(std::initializer_list<std::u16string_view> sets);
+
 /// The position behind the run of units of `set` that stands at `from` of `text`.
 inline std::size_t skip_units(const UnitSet& set, const Field& text, std::size_t from) noexcept {
     while (from < text.size && set.contains(text.data[from])) {
@@ -58,61 +61,45 @@ public:
     /// What is searched for: units of the set, or units outside it.
     enum class Wanted : std::uint8_t { inside, outside };
 
+    static constexpr std::size_t block_units = 64;
+
     UnitSearch() = default;
     explicit UnitSearch(std::u16string_view units, Wanted wanted = Wanted::inside);
 
     /// The first position of `text` from `from` on whose unit is wanted, or `text.size`. `from` is
     /// at most `text.size`. Nothing outside the text is read.
-    [[nodiscard]] std::size_t next(const Field& text, std::size_t from) const noexcept {
-        const char16_t* const start = text.data + from;
-        if (start >= block_begin_ && start < block_end_) {
-            const auto offset = static_cast<std::size_t>(start - block_begin_);
-            if (const std::uint64_t hits = block_hits_ >> offset; hits != 0) {
-                return from + static_cast<std::size_t>(std::countr_zero(hits));
-            }
-            from += static_cast<std::size_t>(block_end_ - start);
-        }
-        return next_from_block(text, from);
+    [[nodiscard]] std::size_t next(const Field& text, std::size_t from) const noexcept;
+
+    /// One bit for each unit from `begin` up to `end`, at most 64 of them, set where the unit is
+    /// wanted; the first unit has the lowest bit. Nothing outside the range is read.
+    [[nodiscard]] std::uint64_t mask(const char16_t* begin, const char16_t* end) const noexcept {
+        return static_cast<std::size_t>(end - begin) == block_units
+                   ? mask_of_block_(*this, begin) ^ unwanted_
+                   : mask_of_last_block(begin, end);
     }
 
-    /// With `remember`, keeps the mask of the block that was looked at last, so that a walk through
-    /// a text looks at each unit once. Only for as long as the text that is searched stays as it
-    /// is; turning it off forgets the block.
-    void remember_block(bool remember) const noexcept;
-
-    [[nodiscard]] const UnitSet& set() const noexcept { return set_; }
-
 private:
-    static constexpr std::size_t block_units = 64;
-
     /// More units than this, and looking each unit of the text up is cheaper than comparing it with
     /// all of the set.
     static constexpr std::size_t most_compared_units = 8;
 
     using BlockMask = std::uint64_t (*)(const UnitSearch&, const char16_t*) noexcept;
 
-    [[nodiscard]] std::size_t next_from_block(const Field& text, std::size_t from) const noexcept;
-    [[nodiscard]] std::uint64_t mask_of_last_block(const char16_t* units,
-                                                   std::size_t count) const noexcept;
-
     static std::uint64_t plain_mask(const UnitSearch& search, const char16_t* units) noexcept;
     template <std::size_t count>
     static std::uint64_t byte_mask(const UnitSearch& search, const char16_t* units) noexcept;
     static std::uint64_t unit_mask(const UnitSearch& search, const char16_t* units) noexcept;
+
+    [[nodiscard]] std::uint64_t mask_of_last_block(const char16_t* begin,
+                                                   const char16_t* end) const noexcept;
     void choose_mask() noexcept;
 
     UnitSet set_;
-    BlockMask mask_ = &plain_mask;
+    BlockMask mask_of_block_ = &plain_mask;
     std::uint64_t unwanted_ = 0; ///< flips the mask when the units outside are wanted
 
     /// Each unit of the set, as often as a vector holds it: as bytes, if all fit into bytes.
     alignas(16) std::array<std::array<unsigned char, 16>, most_compared_units> compared_{};
-
-    // The block looked at last, null while nothing is remembered.
-    mutable const char16_t* block_begin_ = nullptr;
-    mutable const char16_t* block_end_ = nullptr;
-    mutable std::uint64_t block_hits_ = 0;
-    mutable bool remembers_ = false;
 };
 
 /// What `UnitSearch::next` gives, found by looking at one unit after the other. The measure of the

@@ -21,7 +21,7 @@ namespace ascii = textio::ascii;
 /// without a year, 29 February will do.
 struct Reading {
     std::size_t position = 0;
-    int year = 2000;
+    int year = 2000; ///< two digits as they stand: their leap years are those of this century
     int month = 1;
     int day = 1;
     int hour = 0;
@@ -206,7 +206,7 @@ bool ShapeReader::take_number(const Number& number, std::size_t length, Reading&
     }
 
     const std::size_t size = length == 1 ? run : length;
-    int value = is_year && size == 2 ? 20 : 0;
+    int value = 0;
     for (const char16_t unit : text_.substr(reading.position, size)) {
         value = value * 10 + (unit - u'0');
     }

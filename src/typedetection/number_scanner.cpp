@@ -81,8 +81,7 @@ std::size_t scan_number(std::u16string_view text, std::size_t start,
         return end;
     }
     const std::size_t second_end = scan_real(text, end, exponent_characters);
-    const bool complex =
-        second_end != end && second_end < text.size() && is_imaginary_unit(text[second_end]);
+    const bool complex = second_end < text.size() && is_imaginary_unit(text[second_end]);
     return complex ? second_end + 1 : end;
 }
 
@@ -95,9 +94,8 @@ bool is_number(std::u16string_view text, std::u16string_view exponent_characters
     if (!is_imaginary_unit(text[unit_at])) {
         return false;
     }
-    if (real_end == unit_at) {
-        return true;
-    }
+
+    // A pure imaginary number has no second part: this scan stays at its unit.
     const std::size_t imaginary_end = scan_real(text, real_end, exponent_characters);
     const bool implied_one = imaginary_end + 1 == unit_at && ascii::is_sign(text[imaginary_end]);
     return imaginary_end == unit_at || implied_one;

@@ -4,6 +4,7 @@
 #include "typedetection/date_and_duration.hpp"
 #include "typedetection/number_scanner.hpp"
 
+#include <algorithm>
 #include <string_view>
 
 namespace zentor::io::text::typedetection {
@@ -20,7 +21,7 @@ std::u16string_view without_sign(std::u16string_view text) {
 }
 
 bool has_digit(std::u16string_view text) {
-    return text.find_first_of(ascii::digits) != std::u16string_view::npos;
+    return std::ranges::any_of(text, ascii::is_digit);
 }
 
 bool is_lone_delimiter(std::u16string_view text) {

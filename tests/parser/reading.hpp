@@ -28,14 +28,16 @@ struct Limits {
 
 /// The sample, then consumed units, lines and rows; or the sample so far and the error.
 template <class Reader>
-std::string reading(std::u16string_view text, const textio::parser::options& options,
-                    Limits limits = {}) {
+std::string reading_with(const Reader& reader, std::u16string_view text,
+                         const textio::parser::options& options, Limits limits,
+                         bool limit_fields = true) {
     using namespace textio::parser;
     textio::output::DetectionOutputBuilder builder;
     builder.field_array = std::make_unique<textio::FieldArray>();
     builder.whitespace = std::make_unique<std::u16string>(options.whitespace);
+    builder.limit_fields = limit_fields;
+    builder.field_limit = limit_fields ? reader.field_limit : SIZE_MAX;
     textio::Field view(text);
-    const Reader reader(options);
     const auto failed = [&](const char* name, const exception::parser_exception& error) {
         return shown(*builder.field_array) + " " + name + " record " +
                std::to_string(error.record) + " field " + std::to_string(error.field) +
@@ -57,6 +59,11 @@ std::string reading(std::u16string_view text, const textio::parser::options& opt
     } catch (const exception::partial_field_error& error) {
         return failed("partial", error);
     }
+}
+template <class Reader>
+std::string reading(std::u16string_view text, const textio::parser::options& options,
+                    Limits limits = {}) {
+    return reading_with(Reader(options), text, options, limits, false);
 }
 
 } // namespace test

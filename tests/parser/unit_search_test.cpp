@@ -1,4 +1,5 @@
 #include "parser/boundary_scanner.hpp"
+#include "parser/search_walk.hpp"
 #include "parser/unit_search.hpp"
 #include "support/text.hpp"
 
@@ -35,33 +36,23 @@ TEST(UnitSearch, GivesWhatThePlainLoopGives) {
         const UnitSet set(sets[random() % sets.size()]);
         const UnitSearch inside(set.units());
         const UnitSearch outside(set.units(), UnitSearch::Wanted::outside);
-        inside.remember_block(random() % 2 == 0);
-        outside.remember_block(random() % 2 == 0);
+        std::size_t walked = 0;
+        SearchWalk walk(inside, units.get(), units.get() + size);
         for (std::size_t from = random() % 70; from <= size; from += random() % 40) {
             const std::size_t found = inside.next(text, from);
             ASSERT_EQ(found, plain_next(set, text, from))
                 << test::shown(set.units()) << " from " << from << " in "
                 << test::shown(text.view());
+            if (from >= walked) {
+                walked = found;
+                ASSERT_EQ(walk.next(units.get() + from), units.get() + found) << "walking";
+            }
             const std::size_t other = outside.next(text, from);
             ASSERT_EQ(other, skip_units(set, text, from))
                 << test::shown(set.units()) << " from " << from << " in "
                 << test::shown(text.view());
         }
     }
-}
-
-TEST(UnitSearch, ForgetsTheTextWhenToldTo) {
-    std::u16string text(70, u'x');
-    text[60] = u',';
-    const UnitSearch search(u",");
-    search.remember_block(true);
-    EXPECT_EQ(search.next(Field(text), 0), 60U);
-    search.remember_block(false);
-    text[60] = u'x';
-    text[3] = u',';
-    EXPECT_EQ(search.next(Field(text), 0), 3U);
-    text[3] = u'x';
-    EXPECT_EQ(search.next(Field(text), 0), 70U);
 }
 
 TEST(BoundaryScanner, BarriersGoFirst) {

@@ -3,13 +3,14 @@
 namespace {
 
 using namespace textio::detection;
-using V = textio::StrategyValuation;
+using Valuation = textio::StrategyValuation;
 
 TEST(ClassicRules, EachRuleDecidesBeforeTheNext) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr auto rows =
-        valued<&V::num_variables, &V::temporal_variables, &V::data_variation, &V::num_lines,
-               &V::numeric_variables, &V::header_lines, &V::classified_variables, &V::prior_rank>;
+        valued<&Valuation::num_variables, &Valuation::temporal_variables,
+               &Valuation::data_variation, &Valuation::num_lines, &Valuation::numeric_variables,
+               &Valuation::header_lines, &Valuation::classified_variables, &Valuation::prior_rank>;
     // The picks: of any number of variables, with three expected, and without detecting a header.
     const std::vector<std::tuple<const char*, Valuations, int, int, int>> cases{
         {"nobody", {}, -1, -1, -1},
@@ -22,7 +23,7 @@ TEST(ClassicRules, EachRuleDecidesBeforeTheNext) {
         {"share", rows({{5, 0, 0, 9, 0, 0, 2, 0}, {4, 0, 0, 9, 0, 0, 2, 1}}), 1, 1, 1},
         {"first of equals", rows({{2, 0, 0, 9, 0, 0, 2, 1}, {2, 0, 0, 9, 0, 0, 2, 1}}), 0, 0, 0},
         {"uncommon", rows({{2, 0, 0, 9, 0, 0, 2, 4}, {2, 0, 0, 9, 0, 0, 2, 4}}), -2, -2, -2},
-        {"all",
+        {"one prior of several",
          rows({{4, 0, 0, 100, 3, 1, 4, 0},
                {4, 0, 0, 100, 3, 1, 4, 3},
                {2, 0, 1.5, 100, 0, 1, 2, 2}}),

@@ -3,15 +3,15 @@
 namespace {
 
 using namespace textio::detection::picker_rules;
-using V = textio::StrategyValuation;
+using Valuation = textio::StrategyValuation;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
-constexpr auto lines = valued<&V::data_variation, &V::num_lines>;
-constexpr auto classes =
-    valued<&V::classified_variables, &V::datetime_variables, &V::temporal_variables,
-           &V::numeric_variables, &V::punctuation_variables>;
-constexpr auto headers = valued<&V::data_variation, &V::header_lines>;
-constexpr auto ranks = valued<&V::prior_rank>;
+constexpr auto lines = valued<&Valuation::data_variation, &Valuation::num_lines>;
+constexpr auto classes = valued<&Valuation::classified_variables, &Valuation::datetime_variables,
+                                &Valuation::temporal_variables, &Valuation::numeric_variables,
+                                &Valuation::punctuation_variables>;
+constexpr auto headers = valued<&Valuation::data_variation, &Valuation::header_lines>;
+constexpr auto ranks = valued<&Valuation::prior_rank>;
 
 TEST(QualityRules, Variation) {
     const Valuations irregular = lines({{.5, 256}, {.549, 9}, {.551, 9}, {infinity, 9}});

@@ -19,18 +19,15 @@ TEST(TypicalCount, SmallestHeaderIsTheRunOfLoneFieldsAtTheTop) {
 
 TEST(TypicalCount, IsTheLowerMedianOfWideLines) {
     const std::vector<std::tuple<const char*, Counts, std::size_t, std::size_t>> cases{
-        {"nothing", {}, 0, 1},
         {"only empty and single", {0, 1, 1, 0}, 0, 1},
         {"lower of two middle ones", {3, 2}, 0, 2},
         {"unsorted, with thin lines between", {3, 3, 1, 0, 5, 4}, 0, 3},
         {"middle of five", {9, 2, 8, 3, 7}, 0, 7},
         {"a third of eleven", {1, 1, 1, 1, 1, 1, 1, 1, 3, 3, 3}, 0, 3},
-        {"too few of twelve", {1, 1, 1, 1, 1, 1, 1, 1, 1, 3, 3, 3}, 0, 1},
         {"too few of eleven", {1, 1, 1, 1, 1, 1, 1, 1, 1, 3, 3}, 0, 1},
         {"ten lines are never too few", {1, 1, 1, 1, 1, 1, 1, 1, 1, 7}, 0, 7},
         {"empty lines don't count", {1, 1, 1, 1, 1, 1, 1, 1, 3, 3, 0, 0, 0, 0}, 0, 3},
         {"lines above the smallest header don't count", {2, 2, 2, 9, 4, 9}, 3, 9},
-        {"nothing behind the smallest header", {4, 4}, 2, 1},
         {"smallest header beyond the end", {4, 4}, 3, 1},
     };
     for (const auto& [name, counts, h_min, expected] : cases) {

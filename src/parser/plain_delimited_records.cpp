@@ -1,0 +1,162 @@
+// The short way through delimited text: the loops in which detection spends most of its time. They
+// walk from stop to stop, that is from one delimiter, line ending, quote or end of text to the
+// next, and look at nothing in between. A field is added where its last stop is found.
+#include "parser/delimited_reader.hpp"
+#include "parser/search_walk.hpp"
+
+#include <algorithm>
+
+namespace textio::parser {
+
+bool can_have_plain_records(const DelimitedRecordReader& reader) {
+    const GuardedDelim delimiters(reader.delimiters);
+    const std::u16string_view quote(&reader.options->quote, 1);
+    const std::u16string_view text_end(&end_of_text, 1);
+    return reader.options->consecutive_delimiters_rule != consecutive_delimiters::error &&
+           delimiters.only_lone_units() &&
+           are_disjoint({reader.blanks().units(), delimiters.first_units().units(),
+                         reader.guarded_line_ends.first_units().units(), quote, text_end});
+}
+
+namespace {
+
+/// Finds the ends of plain fields, from left to right.
+class PlainFields {
+public:
+    PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records)
+        : blanks_(reader.blanks()), delimiters_(reader.delimiter_units),
+          quote_(reader.options->quote),
+          first_delimiter_(delimiters_.units().empty() ? end_of_text : delimiters_.units().front()),
+          stops_(reader.stops, records.start(), records.end()), text_end_(records.end()) {}
+
+    /// Where the field that begins at `begin` ends: at a delimiter, at what may be a line ending,
+    /// or at the end of the text. Null if the field is not plain.
+    const char16_t* end_of_field(const char16_t* begin) {
+        const char16_t* const stop = stops_.next(begin);
+        return stop == text_end_ || !is_quote_or_end(*stop) ? stop : end_of_odd_field(begin, stop);
+    }
+
+    [[nodiscard]] bool is_delimiter(char16_t unit) const {
+        return unit == first_delimiter_ || delimiters_.contains(unit);
+    }
+
+private:
+    [[nodiscard]] bool is_quote_or_end(char16_t unit) const {
+        return unit == quote_ || unit == end_of_text;
+    }
+
+    /// The same for a field whose first stop is a quote or an end of text. Either means something
+    /// only where the field begins, behind blanks; anywhere else it is text.
+    const char16_t* end_of_odd_field(const char16_t* begin, const char16_t* stop) {
+        if (std::all_of(begin, stop, [this](char16_t unit) { return blanks_.contains(unit); })) {
+            if (*stop == end_of_text) {
+                return nullptr;
+            }
+            stop = behind_quoted_part(stop);
+            if (stop != text_end_ && *stop == end_of_text) {
+                return nullptr;
+            }
+        }
+        stop = stops_.next(stop);
+        while (stop != text_end_ && is_quote_or_end(*stop)) {
+            stop = stops_.next(stop + 1);
+        }
+        return stop;
+    }
+
+    /// The place behind the quoted part that opens at `quote`, or the end of the text.
+    const char16_t* behind_quoted_part(const char16_t* quote) {
+        do {
+            do {
+                quote = stops_.next(quote + 1);
+            } while (quote != text_end_ && *quote != quote_);
+            quote += quote == text_end_ ? 0 : 1;
+        } while (quote != text_end_ && *quote == quote_);
+        return quote;
+    }
+
+    const UnitSet& blanks_;
+    const UnitSet& delimiters_;
+    const char16_t quote_;
+    const char16_t first_delimiter_; ///< mostly the only one
+    SearchWalk stops_;
+    const char16_t* const text_end_;
+};
+
+/// Ends the record at `end`, which is the end of the text or what may be a line ending.
+bool end_record(PlainRecords& records, const char16_t* end) {
+    if (end == records.end()) {
+        records.end_record(end);
+        return true;
+    }
+    return records.end_record_at_line_ending(end);
+}
+
+/// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
+/// was plain.
+bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                          PlainFields& fields) {
+    const char16_t* begin = records.start();
+    if (fields.is_delimiter(*begin) &&
+        reader.options->leading_delimiters_rule != leading_delimiters::keep) {
+        return false;
+    }
+    const char16_t* end = fields.end_of_field(begin);
+    while (end != nullptr && end != records.end() && fields.is_delimiter(*end)) {
+        records.add_field(begin, end);
+        begin = end + 1;
+        end = fields.end_of_field(begin);
+    }
+    if (end == nullptr ||
+        (begin == end && reader.options->trailing_delimiters_rule != trailing_delimiters::keep)) {
+        return false;
+    }
+    records.add_field(begin, end);
+    return end_record(records, end);
+}
+
+/// The same where a run of delimiters ends a field; `others` finds the ends of runs.
+bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                        PlainFields& fields, SearchWalk& others) {
+    const char16_t* begin = records.start();
+    if (fields.is_delimiter(*begin) &&
+        reader.options->leading_delimiters_rule == leading_delimiters::skip) {
+        begin = others.next(begin);
+    }
+    if (records.is_unplain_start(begin) || fields.is_delimiter(*begin)) {
+        return false;
+    }
+    for (;;) {
+        const char16_t* const end = fields.end_of_field(begin);
+        if (end == nullptr) {
+            return false;
+        }
+        records.add_field(begin, end);
+        if (end == records.end() || !fields.is_delimiter(*end)) {
+            return end_record(records, end);
+        }
+        begin = others.next(end);
+        if (begin == records.end() || reader.guarded_line_ends.first_units().contains(*begin)) {
+            return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
+                   end_record(records, begin);
+        }
+    }
+}
+
+} // namespace
+
+void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records) {
+    const bool merges =
+        reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge;
+    PlainFields fields(reader, records);
+    SearchWalk others(reader.other_units, records.start(), records.end());
+    while (records.at_record()) {
+        if (!(merges ? take_merged_record(reader, records, fields, others)
+                     : take_separate_record(reader, records, fields))) {
+            records.give_record_back();
+            return;
+        }
+    }
+}
+
+} // namespace textio::parser

@@ -1,0 +1,70 @@
+#include "parser/plain_records.hpp"
+
+#include <algorithm>
+#include <string>
+
+namespace textio::parser {
+
+PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& text,
+                           ReadCounts& counts, FieldArray& array)
+    : blanks_(shape.blanks), line_ends_(shape.line_ends),
+      unplain_behind_blanks_(std::u16string(shape.comment_opener.substr(0, 1)) + end_of_text),
+      keeps_empty_lines_(shape.keeps_empty_lines),
+      blank_lines_are_empty_(shape.blank_lines_are_empty), limits_(limits), text_(text),
+      counts_(counts), array_(array), begin_(text.data), end_(text.data + text.size),
+      start_(text.data) {
+    unplain_starts_ = UnitSet(unplain_behind_blanks_.units() + blanks_.units() +
+                              line_ends_.first_units().units());
+}
+
+void PlainRecords::pause() noexcept {
+    const auto taken = static_cast<std::size_t>(start_ - text_.data);
+    text_.advance(taken);
+    counts_.consumed += taken;
+}
+
+bool PlainRecords::at_record_behind_blanks() {
+    while (is_wanted()) {
+        const char16_t* content = start_;
+        while (content < end_ && blanks_.contains(*content)) {
+            ++content;
+        }
+        if (content == end_ || unplain_behind_blanks_.contains(*content)) {
+            return false;
+        }
+        if (!line_ends_.first_units().contains(*content)) {
+            return true;
+        }
+        const std::size_t length = line_ending_at(content);
+        const bool is_empty = content == start_ || blank_lines_are_empty_;
+        if (length == 0 || !is_empty || !keeps_empty_lines_) {
+            return false;
+        }
+        array_.add_empty_line();
+        ++counts_.lines;
+        start_ = content + length;
+    }
+    return false;
+}
+
+void PlainRecords::give_record_back() {
+    array_.fields.resize(array_.line_ends.empty() ? 0 : array_.line_ends.back());
+}
+
+/// Makes room for as many fields as the whole text gives if it goes on as it began, so that a long
+/// sample is moved once or twice and not at every doubling.
+void PlainRecords::make_room() {
+    constexpr double margin = 1.05;    // lines are not all alike
+    constexpr double most_growth = 16; // and the start of a text can mislead
+    const auto share = [](std::size_t whole, std::size_t part) {
+        return static_cast<double>(whole) / static_cast<double>(part);
+    };
+    const double left = std::min(
+        share(static_cast<std::size_t>(end_ - begin_), static_cast<std::size_t>(start_ - begin_)),
+        share(limits_.rows, counts_.rows));
+    const std::size_t held = array_.fields.size();
+    const double expected = static_cast<double>(held) * std::min(left * margin, most_growth);
+    array_.fields.reserve(static_cast<std::size_t>(expected) + spare_fields);
+}
+
+} // namespace textio::parser

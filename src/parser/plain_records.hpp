@@ -1,0 +1,124 @@
+/// \file
+/// The short way through a text: records that need no second thought go straight into the array.
+///
+/// Most records of most texts are plain: no comment starts there, and each of their ends is what it
+/// looks like. The readers take such records in tight loops of their own, with no `Record` in
+/// between. Whatever may not be plain is left where it stands for the record loop, which reads it
+/// by the full set of rules and then goes the short way again. Both ways give the same fields.
+#pragma once
+
+#include "parser/guarded_delim.hpp"
+#include "parser/unit_search.hpp"
+#include "textio/field.hpp"
+
+#include <cstddef>
+#include <string_view>
+
+namespace textio::parser {
+
+/// How far a read came.
+struct ReadCounts {
+    std::size_t consumed = 0; ///< code units passed
+    std::size_t lines = 0;    ///< lines of the text passed
+    std::size_t rows = 0;     ///< lines that counted as rows
+};
+
+/// How far a read may go.
+struct ReadLimits {
+    std::size_t rows;
+    std::size_t lines;
+};
+
+/// How the lines of a read begin and end.
+struct LineShape {
+    const UnitSet& blanks;
+    const GuardedDelim& line_ends;
+    std::u16string_view comment_opener; ///< empty if there are no comments
+    bool keeps_empty_lines;             ///< an empty line becomes a line without fields
+    bool blank_lines_are_empty;         ///< so does a line of blanks
+};
+
+/// The place of a read in its text, while it goes the short way, and the array that it fills. The
+/// fields of a record are added as they are found; a record that turns out not to be plain is given
+/// back.
+class PlainRecords {
+public:
+    /// A run through `text` that fills `array`, both of which outlive it.
+    PlainRecords(const LineShape& shape, ReadLimits limits, Field& text, ReadCounts& counts,
+                 FieldArray& array);
+
+    /// Starts where the text stands now.
+    void resume() noexcept { start_ = text_.data; }
+
+    /// Moves the text on to the first record that was not taken.
+    void pause() noexcept;
+
+    /// Whether a record that may be plain starts at `start()`. Takes empty lines on the way.
+    [[nodiscard]] bool at_record() {
+        return is_wanted() && (!unplain_starts_.contains(*start_) || at_record_behind_blanks());
+    }
+
+    [[nodiscard]] const char16_t* start() const noexcept { return start_; } ///< of the record
+    [[nodiscard]] const char16_t* end() const noexcept { return end_; }     ///< of the text
+
+    /// Whether blanks, a comment, or the end of the line or text may stand at `at`.
+    [[nodiscard]] bool is_unplain_start(const char16_t* at) const noexcept {
+        return at == end_ || unplain_starts_.contains(*at);
+    }
+
+    void add_field(const char16_t* begin, const char16_t* end) {
+        array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin));
+    }
+
+    /// Ends the record. The next one starts at `next`.
+    void end_record(const char16_t* next) {
+        array_.line_ends.push_back(array_.fields.size());
+        ++counts_.rows;
+        ++counts_.lines;
+        start_ = next;
+        if (array_.fields.capacity() - array_.fields.size() < spare_fields) {
+            make_room();
+        }
+    }
+
+    /// Ends the record if a line ending starts at `at`. Gives whether one does.
+    [[nodiscard]] bool end_record_at_line_ending(const char16_t* at) {
+        const std::size_t length = line_ending_at(at);
+        if (length != 0) {
+            end_record(at + length);
+        }
+        return length != 0;
+    }
+
+    /// Takes back the fields of the record at `start()`.
+    void give_record_back();
+
+private:
+    /// Room for so many fields is kept in the array, so that it seldom grows within a record.
+    static constexpr std::size_t spare_fields = 64;
+
+    [[nodiscard]] bool is_wanted() const noexcept {
+        return counts_.rows < limits_.rows && counts_.lines < limits_.lines && start_ < end_;
+    }
+    [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept {
+        return line_ends_.match_at(Field(at, static_cast<std::size_t>(end_ - at)), 0);
+    }
+    [[nodiscard]] bool at_record_behind_blanks();
+    void make_room();
+
+    const UnitSet& blanks_;
+    const GuardedDelim& line_ends_;
+    UnitSet unplain_starts_;        ///< what a record may start with and not be plain
+    UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
+    const bool keeps_empty_lines_;
+    const bool blank_lines_are_empty_;
+    const ReadLimits limits_;
+    Field& text_;
+    ReadCounts& counts_;
+    FieldArray& array_;
+    const char16_t* const begin_;
+    const char16_t* const end_;
+    const char16_t* start_;
+};
+
+} // namespace textio::parser

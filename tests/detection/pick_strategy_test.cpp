@@ -1,0 +1,205 @@
+#include "support/text.hpp"
+#include "textio/candidates.hpp"
+#include "textio/strategy_selector.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <functional>
+#include <sstream>
+#include <vector>
+
+namespace {
+
+using namespace textio;
+using enums::StrategyMode;
+using Types = zentor::io::text::typedetection::TypeAnalyzerOptions;
+using Change = std::function<void(parser::options&)>;
+
+/// The layout in a few words: kind, delimiters or widths, header lines, variables.
+std::string answer(std::u16string_view text, const Change& change, std::size_t rows = 99) {
+    parser::options options;
+    change(options);
+    const Types types;
+    detection::StrategySelector selector(options, types);
+    const auto strategy = selector.pick_strategy(Field(text), rows);
+    std::ostringstream out;
+    switch (strategy->mode()) {
+    case StrategyMode::line_reader:
+        out << "lines";
+        break;
+    case StrategyMode::space_aligned:
+        out << "aligned";
+        break;
+    case StrategyMode::delimited:
+        out << "by '" << test::shown(strategy->options().delimiters.front()) << "'";
+        break;
+    case StrategyMode::fixed_width:
+        out << "widths";
+        for (const std::size_t width : strategy->options().field_widths) {
+            out << " " << width;
+        }
+    }
+    out << ", header " << strategy->header_lines() << ", ";
+    if (strategy->num_variables() == SIZE_MAX) {
+        out << "not valued";
+    } else {
+        out << strategy->num_variables() << " variables";
+    }
+    return out.str();
+}
+
+struct Case {
+    const char* name;
+    std::u16string text;
+    Change change;
+    std::string expected;
+};
+
+void expect_answers(const std::vector<Case>& cases) {
+    for (const Case& c : cases) {
+        EXPECT_EQ(answer(c.text, c.change), c.expected) << c.name << ": " << test::shown(c.text);
+    }
+}
+
+const Change none = [](parser::options&) {};
+const std::u16string padded = u"name   age\nAnn     41\nBob B.   7\nCleo    12\n";
+
+TEST(PickStrategy, EachLayout) {
+    expect_answers({
+        {"comma", u"Sales\n\nitem,amount\nnut,1\nbolt,2\nnail,3\nrivet,4\n", none,
+         "by ',', header 2, 2 variables"},
+        {"tab", u"a\tb\n1\tx\n2\ty\n", none, "by '\\t', header 0, 2 variables"},
+        {"bar", u"a|b|c\n1|2|3\n4|5|6\n7|8|9\n", none, "by '|', header 0, 3 variables"},
+        {"aligned", u"1  2   3\n10 20 30\n 4   5 6\n", none, "aligned, header 0, 3 variables"},
+        {"columns", padded, none, "widths 6 4, header 0, 2 variables"},
+        {"colons lose against dates", u"a:1,2020-01-02\nb:2,2020-01-03\nc:3,2020-01-04\n", none,
+         "by ',', header 0, 2 variables"},
+        {"comments", u"# a,b,c,d\n1;2\n# x\n3;4\n5;6\n", none, "by ';', header 1, 2 variables"},
+    });
+}
+
+TEST(PickStrategy, EachWayOfEnding) {
+    expect_answers({
+        {"no text", u"", none, "lines, header 0, 1 variables"},
+        {"only empty lines", u"\n \n\n", none, "lines, header 0, 1 variables"},
+        {"no candidates", u"alpha\nbeta\ngamma\n", none, "lines, header 0, 1 variables"},
+        {"one candidate", u"1;2\n3;4\n", none, "by ';', header 0, 2 variables"},
+        {"a lone line, common", u"a;b\n", none, "by ';', header 0, 2 variables"},
+        {"a lone line, uncommon", u"a:b\n", none, "lines, header 0, 1 variables"},
+        {"dates of their own", u"2020-01-02\n2020-01-03\n2020-01-04\n", none,
+         "by ',', header 0, not valued"},
+        {"durations of their own", u"1:02:03\n1:02:04\n1:02:05\n", none,
+         "by ',', header 0, not valued"},
+        {"two that can't be told apart", u"a:b|c\nd:e|f\ng:h|i\n", none,
+         "by ',', header 0, not valued"},
+    });
+    EXPECT_EQ(answer(u"a,b\nc,d\n", none, 0), "lines, header 0, 1 variables");
+}
+
+TEST(PickStrategy, KnowsWhatTheHostKnows) {
+    const std::u16string both = u"1,2;3\n4,5;6\n7,8;9\n";
+    const std::u16string titled = u"T\n1,2\n3,4\n";
+    expect_answers({
+        {"excluded", both, [](auto& o) { o.excluded_delimiter = u",x"; },
+         "by ';', header 0, 2 variables"},
+        {"the quote", both, [](auto& o) { o.quote = u','; }, "by ';', header 0, 2 variables"},
+        {"expected variables", u"1,2;3,4\n5,6;7,8\n9,1;2,3\n",
+         [](auto& o) {
+             o.skip_variable_count_rule = false;
+             o.expected_variables = 2;
+         },
+         "by ';', header 0, 2 variables"},
+        {"given header", titled,
+         [](auto& o) {
+             o.detect_header_lines = false;
+             o.header_lines = 2;
+         },
+         "by ',', header 2, 2 variables"},
+        {"no fixed width", padded, [](auto& o) { o.layout_hint = parser::layout::no_fixed_width; },
+         "aligned, header 0, 3 variables"},
+        {"only fixed width", u"ab cd\nef gh\n",
+         [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
+         "widths 2 3, header 0, 2 variables"},
+        {"only fixed width, and only headers", u"ab cd\nef gh\n",
+         [](auto& o) {
+             o.layout_hint = parser::layout::fixed_width;
+             o.detect_header_lines = false;
+             o.header_lines = 2;
+         },
+         "widths 1, header 2, 1 variables"},
+        {"given widths", u"Title\nabcd\nefgh\nijkl\n",
+         [](auto& o) {
+             o.layout_hint = parser::layout::fixed_width;
+             o.field_widths = {1, 3};
+         },
+         "widths 1 3, header 0, 2 variables"},
+        {"a header of its own length", u"long title\nab\ncd\nab\nefgh ij\nefgh kl\nefgh mn\n",
+         [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
+         "widths 4 3, header 4, 2 variables"},
+        {"only one field a line", u"abc\nd\n",
+         [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
+         "widths 3, header 0, 1 variables"},
+    });
+}
+
+TEST(StrategySelector, AnswersWithItsOptionsAndStartsAnew) {
+    parser::options options;
+    options.delimiters = {u"x"};
+    options.header_lines = 4;
+    const Types types;
+    detection::StrategySelector selector(options, types);
+    const std::u16string text = u"1,2\n3,4\n5,6\n";
+    const auto first = selector.pick_strategy(Field(text), 2);
+    const auto second = selector.pick_strategy(Field(text), 3);
+    EXPECT_EQ(selector.delimiters(), options.delimiters);
+    EXPECT_EQ(selector.header_lines(), 4U);
+    EXPECT_EQ(test::shown(*first->field_array()), "[1][2]/[3][4]/");
+    EXPECT_EQ(test::shown(*second->field_array()), "[1][2]/[3][4]/[5][6]/");
+}
+
+TEST(Candidates, ComeFromTheMiddleOfTheSample) {
+    const auto delimiters = [](const std::vector<std::u16string>& lines) {
+        FieldArray sample;
+        for (const std::u16string& line : lines) {
+            const Field field(line);
+            sample.add_line(&field, &field + 1, 1);
+        }
+        return detection::get_candidate_delims(sample);
+    };
+    EXPECT_EQ(delimiters({}), u"");
+    EXPECT_EQ(delimiters({u"a;b"}), u";");
+    EXPECT_EQ(delimiters({u"a;b", u"", u"a,b"}), u",");
+    EXPECT_EQ(delimiters({u"0;", u"1,", u"2:", u"3|", u"4:", u"5~"}), u":|");
+    EXPECT_EQ(delimiters({u"0;", u"1,", u"2.", u"3|", u"4:", u"5~", u"6/"}), u"|:");
+    std::u16string all;
+    for (char16_t unit = 0; unit < 0x180; ++unit) {
+        all += unit;
+    }
+    const std::u16string found = delimiters({all + u",\uFFFF?", u"\uFFFF"});
+    EXPECT_EQ(delimiters({all + u","}).size(), 51U);
+    EXPECT_EQ(found, u"") << "of two lines the second counts, up to the end of text";
+}
+
+TEST(Candidates, FixedColumns) {
+    const auto widths = [](std::u16string_view text) {
+        return answer(text, [](auto& o) {
+            o.layout_hint = parser::layout::fixed_width;
+            o.detect_header_lines = false;
+            o.header_lines = 0;
+        });
+    };
+    EXPECT_EQ(widths(u"aa  bbb\nc   ddd\nee   ff\n"), "widths 2 5, header 0, 2 variables");
+    EXPECT_EQ(widths(u"ab\nab cd\n"), "widths 5, header 0, 1 variables")
+        << "what no earlier line reached is text";
+    EXPECT_EQ(widths(u"ab  \nab  \n"), "widths 2 2, header 0, 2 variables");
+    EXPECT_EQ(widths(u"a b\na\tb\n"), "widths 3, header 0, 1 variables");
+    EXPECT_EQ(widths(u"  a b\n\n  c d\n"), "widths 3 2, header 0, 2 variables");
+    int median = 0;
+    EXPECT_EQ(detection::mad({1, 4, 0, 2}, median), 1.25);
+    EXPECT_EQ(median, 2);
+    EXPECT_TRUE(std::isnan(detection::mad({}, median)));
+    EXPECT_EQ(median, 1);
+}
+
+} // namespace

@@ -1,0 +1,82 @@
+#include "parser/reading.hpp"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <vector>
+
+namespace {
+
+using namespace test;
+using namespace textio::parser;
+
+class RandomReads {
+public:
+    /// Reads many random texts under random options with and without the short way.
+    template <class Reader>
+    void compare() {
+        for (int round = 0; round < 3000; ++round) {
+            const options options = some_options();
+            const std::u16string text = some_text();
+            const Limits limits{.rows = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 3, 1}),
+                                .lines = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 4})};
+            Reader plain(options);
+            Reader full(options);
+            full.has_plain_records = false;
+            ASSERT_EQ(reading_with(plain, text, options, limits),
+                      reading_with(full, text, options, limits))
+                << shown(text) << " round " << round;
+            used_ += plain.has_plain_records ? 1 : 0;
+        }
+        EXPECT_GT(used_, 1000) << "the short way was hardly ever open";
+    }
+
+private:
+    template <class T>
+    T one_of(const std::vector<T>& values) {
+        return values[random_() % values.size()];
+    }
+
+    options some_options() {
+        options options = comma_options();
+        options.delimiters = one_of<std::vector<std::u16string>>(
+            {{u","}, {u","}, {u" ", u"\t"}, {u" ", u"\t"}, {u";", u","}, {u",,"}, {u"\""}, {}});
+        options.whitespace = one_of<std::u16string>({u" \t", u"", u"\u00A0", u" ,\n"});
+        if (options.delimiters.size() == 2 && random_() % 4 != 0) {
+            options.whitespace.assign(1, u'\u00A0');
+        }
+        options.line_endings = one_of<std::vector<std::u16string>>(
+            {{u"\r\n", u"\n", u"\r"}, {u"\n"}, {u"\r\n", u"\n"}, {u"\r\n"}, {}});
+        options.comment_style = one_of<std::vector<std::u16string>>({{}, {u"#"}, {u"#,", u",#"}});
+        const auto rule = [this] { return one_of<std::uint8_t>({0, 0, 1}); };
+        options.empty_line_rule = one_of<std::uint8_t>({empty_line::keep, empty_line::skip});
+        options.consecutive_delimiters_rule = rule();
+        options.leading_delimiters_rule = rule();
+        options.trailing_delimiters_rule = rule();
+        options.partial_field_rule = one_of<std::uint8_t>({0, 0, 0, 1, 4});
+        options.field_widths = one_of<std::vector<std::size_t>>({{3}, {2, 5, 1}, {4, SIZE_MAX}});
+        return options;
+    }
+
+    std::u16string some_text() {
+        const std::u16string odd = u",,,;\n\n\r \t\"\"#\u00A0\uFFFF";
+        const std::size_t odd_share = one_of<std::size_t>({2, 4, 12});
+        const std::size_t odd_units = odd.size() - one_of<std::size_t>({0, 1, 1, 1, 5});
+        std::u16string text(random_() % one_of<std::size_t>({12, 90, 400}), u'x');
+        for (char16_t& unit : text) {
+            unit = random_() % odd_share == 0 ? odd[random_() % odd_units] : u'x';
+        }
+        return text;
+    }
+
+    std::mt19937 random_{7};
+    int used_ = 0;
+};
+
+TEST(PlainRecords, AreReadAsByTheFullSetOfRules) {
+    RandomReads().compare<LineRecordReader>();
+    RandomReads().compare<DelimitedRecordReader>();
+    RandomReads().compare<FixedWidthRecordReader>();
+}
+
+} // namespace

@@ -1,0 +1,329 @@
+#include "parser/read_sample.hpp"
+#include "support/text.hpp"
+#include "textio/strategy.hpp"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <limits>
+#include <sstream>
+#include <vector>
+
+namespace {
+
+using namespace textio;
+using Types = zentor::io::text::typedetection::TypeAnalyzerOptions;
+
+/// Options in which every member that a layout may overwrite holds a value of its own.
+parser::options telling_options() {
+    parser::options options;
+    options.delimiters = {u";", u","};
+    options.whitespace = u" \t,;";
+    options.header_lines = 5;
+    options.field_widths = {7};
+    options.reader_kind = 9;
+    options.consecutive_delimiters_rule = options.leading_delimiters_rule = 2;
+    options.trailing_delimiters_rule = options.empty_line_rule = 2;
+    options.partial_field_rule = 5;
+    return options;
+}
+
+std::string layout(const GenericStrategy& strategy) {
+    const parser::options& options = strategy.options();
+    std::ostringstream out;
+    out << int(strategy.mode()) << " kind " << int(options.reader_kind) << " rules "
+        << int(options.consecutive_delimiters_rule) << int(options.empty_line_rule)
+        << int(options.leading_delimiters_rule) << int(options.trailing_delimiters_rule)
+        << int(options.partial_field_rule) << " blanks '" << test::shown(options.whitespace)
+        << "' by '";
+    for (const std::u16string& delimiter : options.delimiters) {
+        out << test::shown(delimiter);
+    }
+    out << "' widths " << options.field_widths.size() << (options.detect_delimiters ? " d" : "")
+        << (strategy.space_separated() ? " s" : "")
+        << (strategy.auto_header_lines() ? " auto " : " ") << strategy.header_lines() << " rank "
+        << strategy.valuation_record().prior_rank;
+    return out.str();
+}
+
+TEST(Strategies, SetUpTheirLayouts) {
+    const parser::options options = telling_options();
+    const Types types;
+    const std::vector<std::u16string> several{u"ab", u" "};
+    std::vector<std::size_t> widths{1, 2, 3};
+    EXPECT_EQ(layout(LineReaderStrategy(options, types)),
+              "3 kind 3 rules 01025 blanks ' \\t,;' by ';,' widths 1 d 0 rank inf");
+    EXPECT_EQ(layout(DelimitedStrategy(options, types)),
+              "0 kind 0 rules 01005 blanks ' \\t' by ';,' widths 1 auto 5 rank inf");
+    EXPECT_EQ(layout(DelimitedStrategy(options, types, several)),
+              "0 kind 0 rules 01005 blanks '\\t,;' by 'ab ' widths 1 auto 5 rank inf");
+    EXPECT_EQ(layout(DelimitedStrategy(options, types, u' ')),
+              "0 kind 0 rules 01005 blanks '\\t,;' by ' ' widths 1 s auto 5 rank 3");
+    EXPECT_EQ(layout(DelimitedStrategy(options, types, u':')),
+              "0 kind 0 rules 01005 blanks ' \\t,;' by ':' widths 1 auto 5 rank 1.84467e+19");
+    EXPECT_EQ(layout(SpaceAlignedStrategy(options, types)),
+              "1 kind 0 rules 11115 blanks ',;' by ' \\t' widths 1 s auto 5 rank 3.5");
+    EXPECT_EQ(layout(FixedWidthStrategy(options, types, std::move(widths))),
+              "2 kind 1 rules 21220 blanks ' \\t,;' by ';,' widths 3 d auto 5 rank inf");
+    EXPECT_TRUE(widths.empty());
+}
+
+TEST(Strategies, HeaderCountsAreFixedOrHandedBack) {
+    parser::options options;
+    options.detect_header_lines = false;
+    DelimitedStrategy delimited(options, Types(), u',');
+    EXPECT_FALSE(delimited.auto_header_lines());
+    delimited.header_lines(SIZE_MAX);
+    EXPECT_TRUE(delimited.auto_header_lines());
+    delimited.header_lines(3);
+    EXPECT_FALSE(delimited.auto_header_lines());
+    EXPECT_EQ(delimited.header_lines(), 3U);
+    EXPECT_EQ(delimited.num_variables(), SIZE_MAX);
+    LineReaderStrategy lines(options, Types());
+    lines.header_lines(SIZE_MAX);
+    EXPECT_EQ(lines.header_lines(), 0U);
+    EXPECT_FALSE(lines.auto_header_lines());
+}
+
+constexpr double infinity = std::numeric_limits<double>::infinity();
+
+struct ValuationCase {
+    const char* name;
+    std::u16string text;
+    std::size_t header_lines; ///< as given; SIZE_MAX is undecided
+    bool detect;
+    std::size_t header;
+    double overall;
+    double data;
+    std::size_t lines;
+    int median;
+    std::size_t variables;
+    std::vector<std::uint32_t> classes; ///< classified, temporal, numeric, datetime, punctuation
+};
+
+TEST(Valuation, TakesEachWay) {
+    const std::vector<ValuationCase> cases{
+        {"no lines, detected",
+         u"\n\n",
+         SIZE_MAX,
+         true,
+         0,
+         infinity,
+         infinity,
+         0,
+         1,
+         1,
+         {0, 0, 0, 0, 0}},
+        {"no lines, given", u"\n", 4, false, 4, infinity, infinity, 0, 1, 1, {0, 0, 0, 0, 0}},
+        {"one field each, detected",
+         u"a\nb\n1\n",
+         2,
+         true,
+         0,
+         infinity,
+         infinity,
+         3,
+         1,
+         1,
+         {0, 0, 0, 0, 0}},
+        {"one field each, given",
+         u"a\nb\n1\n\n",
+         1,
+         false,
+         1,
+         infinity,
+         infinity,
+         3,
+         1,
+         1,
+         {1, 0, 1, 0, 0}},
+        {"few wide lines",
+         u"t\na,b\n\n1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n",
+         SIZE_MAX,
+         true,
+         1,
+         infinity,
+         infinity,
+         13,
+         1,
+         1,
+         {1, 0, 1, 0, 0}},
+        {"regular",
+         u"1,a\n2,b\n\n3,12:30\n\n\n",
+         SIZE_MAX,
+         true,
+         0,
+         0,
+         0,
+         4,
+         2,
+         2,
+         {2, 1, 1, 0, 0}},
+        {"title and heading",
+         u"t\n\nx,y,z\n1,2,3\n4,5,6\n7,8,9\n",
+         SIZE_MAX,
+         true,
+         2,
+         0.4,
+         0,
+         6,
+         3,
+         3,
+         {3, 0, 3, 0, 0}},
+        {"given header at the end of the lines that count",
+         u"1,2\n3,4\n5,6\n7\n",
+         3,
+         false,
+         3,
+         0,
+         infinity,
+         4,
+         2,
+         1,
+         {0, 0, 0, 0, 0}},
+        {"given header past it", u"1,2\n3,4\n5\n7\n", 3, false, 3, 0, 0, 4, 2, 1, {0, 0, 0, 0, 0}},
+        {"given and detected",
+         u"a\n1,2\n3,4\n5,6\n",
+         2,
+         true,
+         2,
+         0.25,
+         0,
+         4,
+         2,
+         2,
+         {2, 0, 2, 0, 0}},
+        {"given up",
+         u"1,2,3,4,5\n1,2,3,4,5\n1,2,3,4,5\n1\n1\n1,2,3,4,5\n1,2,3,4,5,6,7,8,9,10,11,12\n"
+         u"1,2,3,4,5\n",
+         5,
+         true,
+         0,
+         1.875,
+         1.875,
+         8,
+         5,
+         12,
+         {12, 0, 12, 0, 0}},
+        {"the first data line says nothing",
+         u"1,2\n",
+         SIZE_MAX,
+         true,
+         0,
+         0,
+         0,
+         1,
+         2,
+         2,
+         {0, 0, 0, 0, 0}},
+        {"the last value that says something counts",
+         u"a,b,x\n1,2,\n3,x,\n,,\n",
+         SIZE_MAX,
+         true,
+         0,
+         0,
+         0,
+         4,
+         3,
+         3,
+         {2, 0, 1, 0, 0}},
+        {"short lines are passed over",
+         u"a,b\n1,2\n3,4\nx\n",
+         SIZE_MAX,
+         true,
+         0,
+         0,
+         0,
+         4,
+         2,
+         2,
+         {2, 0, 2, 0, 0}},
+        {"lone delimiters",
+         u"a,b\n;,0x1F\n|,NaT\n",
+         SIZE_MAX,
+         true,
+         0,
+         0,
+         0,
+         3,
+         2,
+         2,
+         {2, 0, 0, 1, 1}},
+    };
+    for (const ValuationCase& c : cases) {
+        parser::options options;
+        options.header_lines = c.header_lines;
+        options.detect_header_lines = c.detect;
+        const auto strategy = std::make_shared<DelimitedStrategy>(options, Types(), u',');
+        const Field text(c.text);
+        output::DetectionOutputBuilder builder;
+        builder.text = &text;
+        builder.sample_lines = 99;
+        parser::read_sample(builder, strategy, true);
+        const StrategyValuation& v = strategy->valuation();
+        EXPECT_EQ(v.header_lines, c.header) << c.name;
+        EXPECT_EQ(strategy->header_lines(), c.header) << c.name;
+        EXPECT_DOUBLE_EQ(v.overall_variation, c.overall) << c.name;
+        EXPECT_DOUBLE_EQ(v.data_variation, c.data) << c.name;
+        EXPECT_EQ(v.num_lines, c.lines) << c.name;
+        EXPECT_EQ(strategy->field_array()->line_count(), c.lines) << c.name;
+        EXPECT_EQ(v.median_fields, c.median) << c.name;
+        EXPECT_EQ(strategy->num_variables(), c.variables) << c.name;
+        EXPECT_EQ((std::vector{v.classified_variables, v.temporal_variables, v.numeric_variables,
+                               v.datetime_variables, v.punctuation_variables}),
+                  c.classes)
+            << c.name;
+    }
+}
+
+TEST(Valuation, HappensOnce) {
+    DelimitedStrategy strategy(parser::options(), Types(), u',');
+    const std::u16string text = u"ab";
+    auto sample = std::make_unique<FieldArray>();
+    for (int line = 0; line < 3; ++line) {
+        const Field fields[] = {Field(text), Field(text)};
+        sample->add_line(fields, fields + 2, 2);
+    }
+    strategy.field_array(std::move(sample));
+    EXPECT_EQ(strategy.valuation().num_lines, 3U);
+    strategy.field_array(std::make_unique<FieldArray>());
+    EXPECT_EQ(strategy.valuation().num_lines, 3U);
+    EXPECT_EQ(strategy.field_array()->line_count(), 0U);
+}
+
+TEST(Valuation, LooksBehindTheHeader) {
+    DelimitedStrategy strategy(parser::options(), Types(), u',');
+    strategy.header_lines(1);
+    EXPECT_EQ(strategy.get_data_variation({1, 2}), 2.0);
+    EXPECT_EQ(strategy.get_number_of_variables({9, 2, 3}), 3U);
+    EXPECT_EQ(strategy.get_number_of_variables({9}), 1U);
+}
+
+TEST(ReadSample, ReadsOnceFromTheStartAndFixedHeadersOnTop) {
+    const std::u16string units = u"t\n1,2,3,4\n5,6,7,8\n9,10,11,12\n";
+    const Field text(units);
+    output::DetectionOutputBuilder builder;
+    builder.text = &text;
+    builder.sample_lines = 1;
+    parser::options options;
+    options.detect_header_lines = false;
+    options.header_lines = 1;
+    const auto fixed =
+        std::make_shared<FixedWidthStrategy>(options, Types(), std::vector<std::size_t>{1, 1});
+    parser::read_sample(builder, fixed, false);
+    EXPECT_EQ(test::shown(*fixed->field_array()), "[t]/[1][,]/");
+    EXPECT_EQ(fixed->num_variables(), SIZE_MAX);
+    options.detect_header_lines = true;
+    const auto delimited = std::make_shared<DelimitedStrategy>(options, Types(), u',');
+    parser::read_sample(builder, delimited, true);
+    EXPECT_EQ(test::shown(*delimited->field_array()), "[t]/") << "nothing on top of a detected one";
+    builder.sample_lines = SIZE_MAX;
+    parser::read_sample(builder, delimited, true);
+    EXPECT_EQ(delimited->field_array()->line_count(), 1U) << "it has been read";
+    const auto all = std::make_shared<DelimitedStrategy>(options, Types(), u',');
+    all->header_lines(1);
+    parser::read_sample(builder, all, false);
+    EXPECT_EQ(test::shown(*all->field_array()), "[t]/[1][2][3][4]/[5][6][7][8]/[9][10][11][12]/");
+}
+
+} // namespace
