@@ -2,9 +2,11 @@
 /// The character positions at which every line of a text is blank.
 #pragma once
 
+#include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace textio::detection {
@@ -15,7 +17,7 @@ namespace textio::detection {
 class BlankColumns {
 public:
     /// Starts with `positions` positions that are blank.
-    explicit BlankColumns(std::size_t positions) : blank_(positions, 1) {}
+    explicit BlankColumns(std::size_t positions);
 
     /// Takes in a line of `length` units whose text is `text`. A position that no earlier line
     /// reached is not blank from here on, whatever stands there.
@@ -29,11 +31,14 @@ public:
     [[nodiscard]] std::vector<std::size_t> widths() const;
 
 private:
+    [[nodiscard]] bool is_blank(std::size_t position) const noexcept;
     void extend(std::size_t length);
     void lose_blank(std::size_t position);
 
-    std::vector<unsigned char> blank_; ///< per position, 1 while it is blank on all lines
-    std::size_t runs_ = 0;             ///< runs of positions that are not blank
+    parser::UnitSearch others_;        ///< finds what is not blank
+    std::vector<std::uint64_t> blank_; ///< one bit per position, set while it is blank on all lines
+    std::size_t positions_;
+    std::size_t runs_ = 0; ///< runs of positions that are not blank
 };
 
 } // namespace textio::detection
