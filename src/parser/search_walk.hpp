@@ -19,8 +19,8 @@ public:
     SearchWalk(const UnitSearch& search, const char16_t* begin, const char16_t* end) noexcept
         : search_(search), block_(begin), block_end_(begin), end_(end) {}
 
-    /// The first wanted unit from `from` on, or the end. `from` is no smaller than in earlier
-    /// calls.
+    /// The first wanted unit from `from` on, or the end. `from` is no smaller than what earlier
+    /// calls gave.
     [[nodiscard]] const char16_t* next(const char16_t* from) noexcept {
         while (from < end_) {
             if (from >= block_end_) {

@@ -1,0 +1,46 @@
+// The search that all reading stands on, beside the plain loop.
+#include "parser/unit_search.hpp"
+#include "input.hpp"
+#include "parser/search_walk.hpp"
+
+namespace {
+
+using namespace textio::parser;
+using fuzz::require;
+using textio::Field;
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    fuzz::Input input(data, size);
+    std::u16string units;
+    for (std::uint8_t count = input.byte() % 16; count > 0; --count) {
+        units.push_back(input.unit(u'a'));
+    }
+    const fuzz::Text held = input.text();
+    const std::size_t offset = std::min<std::size_t>(input.byte() % 32U, held.field().size);
+    const Field text(held.field().data + offset, held.field().size - offset);
+
+    const UnitSet set(units);
+    require(std::ranges::is_sorted(set.units()), "the units of a set ascend");
+    const UnitSearch inside(units);
+    const UnitSearch outside(units, UnitSearch::Wanted::outside);
+    SearchWalk walk(inside, text.data, text.data + text.size);
+    SearchWalk other_walk(outside, text.data, text.data + text.size);
+    const char16_t* walked = text.data;
+    const char16_t* other_walked = text.data;
+    for (std::size_t from = 0; from <= text.size; from += 1 + input.byte() % 80U) {
+        const std::size_t found = plain_next(set, text, from);
+        const std::size_t other = skip_units(set, text, from);
+        require(inside.next(text, from) == found, "the next unit of the set is found");
+        require(outside.next(text, from) == other, "the next unit outside the set is found");
+        // A walk never goes back: not behind what it found.
+        require(walk.next(std::max(walked, text.data + from)) == text.data + found,
+                "a walk finds it");
+        require(other_walk.next(std::max(other_walked, text.data + from)) == text.data + other,
+                "a walk finds it");
+        walked = text.data + found;
+        other_walked = text.data + other;
+    }
+    return 0;
+}

@@ -1,0 +1,94 @@
+// Memory that runs out at any moment. The program's own allocations are counted and made to fail,
+// so this is a program by itself.
+#include "reliability/layouts.hpp"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+
+namespace {
+
+constexpr std::size_t never = SIZE_MAX;
+std::size_t allocations_until_failure = never;
+std::size_t blocks_in_use = 0;
+
+} // namespace
+
+// Inlined, they would look like mismatched pairs of calls to the compiler.
+[[gnu::noinline]] void* operator new(std::size_t size) {
+    const bool fails = allocations_until_failure != never && allocations_until_failure-- == 0;
+    void* const block = fails ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    ++blocks_in_use;
+    return block;
+}
+
+[[gnu::noinline]] void operator delete(void* block) noexcept {
+    blocks_in_use -= block == nullptr ? 0 : 1;
+    std::free(block);
+}
+
+void operator delete(void* block, std::size_t /*size*/) noexcept {
+    operator delete(block);
+}
+
+namespace {
+
+enum class Outcome { done, done_without, out_of_memory };
+
+/// What becomes of `action` if its allocation `number`, counted from 0, fails: it may do without.
+template <class Action>
+Outcome with_failing_allocation(std::size_t number, Action action) {
+    Outcome outcome = Outcome::done;
+    allocations_until_failure = number;
+    try {
+        action();
+        outcome = allocations_until_failure == never ? Outcome::done_without : Outcome::done;
+    } catch (const std::bad_alloc&) {
+        outcome = Outcome::out_of_memory;
+    }
+    allocations_until_failure = never;
+    return outcome;
+}
+
+TEST(Memory, RunningOutLosesNothing) {
+    for (const test::LayoutCase& layout : test::layout_cases) {
+        const textio::parser::options options = test::options_of(layout);
+        // The long field has to be copied to take its separators out.
+        const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator = u'2'};
+        textio::detection::StrategySelector selector(options, types);
+        const std::string expected = test::answer(selector, layout.text);
+        std::size_t failures = 0;
+        Outcome outcome = Outcome::out_of_memory;
+        for (std::size_t number = 0; outcome != Outcome::done; ++number) {
+            const std::size_t before = blocks_in_use;
+            outcome = with_failing_allocation(
+                number, [&] { static_cast<void>(selector.pick_strategy(textio::Field(layout.text), 100)); });
+            ASSERT_EQ(blocks_in_use, before) << layout.name << " leaks at allocation " << number;
+            ASSERT_EQ(test::answer(selector, layout.text), expected) << layout.name << number;
+            failures += outcome == Outcome::out_of_memory ? 1 : 0;
+        }
+        EXPECT_GT(failures, 30U) << layout.name;
+    }
+}
+
+class Letters : public zentor::io::text::stream::TextSource {
+    std::size_t read(char16_t* begin, char16_t* /*end*/) override {
+        std::fill_n(begin, 5, u'x');
+        return 5;
+    }
+};
+
+TEST(Memory, RunningOutLeavesAStreamAsItWas) {
+    Letters letters;
+    const zentor::io::text::stream::TextStream stream(letters);
+    const auto view_size = [&stream] { return textio::get_fixed_stream(stream, {}).size; };
+    EXPECT_EQ(with_failing_allocation(0, view_size), Outcome::out_of_memory);
+    EXPECT_EQ(view_size(), 5U);
+}
+
+} // namespace
