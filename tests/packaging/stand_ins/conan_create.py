@@ -34,7 +34,7 @@ class CMake:
         self.recipe, self.build_folder = recipe, recipe.source / "build"
 
     def configure(self):
-        variables = {"CMAKE_BUILD_TYPE": "Release", "CMAKE_INSTALL_LIBDIR": "lib",
+        variables = {"CMAKE_BUILD_TYPE": "Debug", "CMAKE_INSTALL_LIBDIR": "lib",
                      **self.recipe.cache_variables}
         self.cmake("-G", "Ninja", "-S", self.recipe.source, "-B", self.build_folder,
                    *[f"-D{name}={value}" for name, value in variables.items()])

@@ -6,7 +6,7 @@ endfunction()
 
 function(vcpkg_cmake_configure)
   cmake_parse_arguments(PARSE_ARGV 0 arg "" SOURCE_PATH OPTIONS)
-  run("${CMAKE_COMMAND}" -G Ninja -S "${arg_SOURCE_PATH}" -B "${BUILD}" -D CMAKE_BUILD_TYPE=Release
+  run("${CMAKE_COMMAND}" -G Ninja -S "${arg_SOURCE_PATH}" -B "${BUILD}" -D CMAKE_BUILD_TYPE=Debug
       -D "CMAKE_INSTALL_PREFIX=${CURRENT_PACKAGES_DIR}" -D CMAKE_INSTALL_LIBDIR=lib ${arg_OPTIONS})
 endfunction()
 
