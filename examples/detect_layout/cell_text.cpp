@@ -5,6 +5,8 @@
 #include <unicode/uchar.h>
 #include <unicode/utf16.h>
 
+#include <array>
+
 namespace detect_layout {
 
 namespace {
@@ -55,10 +57,10 @@ std::u16string_view without_blanks(std::u16string_view text) {
 }
 
 void append(std::string& utf8, UChar32 character) {
-    char16_t units[2];
+    std::array<char16_t, 2> units{};
     std::size_t length = 0;
     U16_APPEND_UNSAFE(units, length, character);
-    utf8 += to_utf8({units, length});
+    utf8 += to_utf8({units.data(), length});
 }
 
 } // namespace
@@ -69,7 +71,7 @@ CellText printable(std::u16string_view text, std::size_t limit) {
     CellText kept; // as much of the cell as leaves room for the ellipsis
     for (std::size_t i = 0; i < text.size();) {
         UChar32 character = 0;
-        U16_NEXT(text.data(), i, text.size(), character);
+        U16_NEXT(text, i, text.size(), character);
         character = visible(character);
         cell.width += columns(character);
         if (cell.width > limit) {

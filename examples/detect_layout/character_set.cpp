@@ -57,22 +57,26 @@ const char* unmarked_utf16(std::string_view head) {
     return many(zeros[0]) && few(zeros[1]) ? "UTF-16BE" : nullptr;
 }
 
+/// The UTF-8 character at `place`, negative if there is none; moves `place` behind it.
+UChar32 next_character(const std::uint8_t* bytes, std::int32_t& place, std::int32_t length) {
+    UChar32 character = 0;
+    U8_NEXT(bytes, place, length, character);
+    return character;
+}
+
 /// A few faults do not make a text anything else than UTF-8: other character sets hardly ever give
 /// well-formed sequences of several bytes.
 bool holds_together_as_utf8(std::string_view head, bool is_whole_text) {
-    const auto* bytes = reinterpret_cast<const std::uint8_t*>(head.data());
-    auto length = static_cast<std::int32_t>(head.size());
-    if (!is_whole_text) {
-        U8_TRUNCATE_IF_INCOMPLETE(bytes, 0, length);
-    }
+    const auto* const bytes = reinterpret_cast<const std::uint8_t*>(head.data());
+    const auto length = static_cast<std::int32_t>(head.size());
     std::size_t sequences = 0;
     std::size_t faults = 0;
-    for (std::int32_t i = 0; i < length;) {
-        const std::int32_t start = i;
-        UChar32 character = 0;
-        U8_NEXT(bytes, i, length, character);
-        faults += character < 0 ? 1 : 0;
-        sequences += character >= 0 && i - start > 1 ? 1 : 0;
+    for (std::int32_t place = 0; place < length;) {
+        const std::int32_t start = place;
+        const bool is_fault = next_character(bytes, place, length) < 0;
+        const bool may_go_on = place == length && !is_whole_text;
+        faults += is_fault && !may_go_on ? 1 : 0;
+        sequences += !is_fault && place - start > 1 ? 1 : 0;
     }
     return faults == 0 || sequences > 4 * faults;
 }
@@ -80,9 +84,11 @@ bool holds_together_as_utf8(std::string_view head, bool is_whole_text) {
 /// The part of `head` that tells most: from the start of the line with the first byte that is not
 /// ASCII.
 std::string_view telling_part(std::string_view head) {
-    const auto telling = std::find_if(head.begin(), head.end(),
-                                      [](char byte) { return static_cast<signed char>(byte) < 0; });
-    const auto before = head.substr(0, static_cast<std::size_t>(telling - head.begin()));
+    std::size_t telling = 0;
+    while (telling < head.size() && U8_IS_SINGLE(head[telling])) {
+        ++telling;
+    }
+    const auto before = head.substr(0, telling);
     const auto line_end = before.rfind('\n');
     return head.substr(line_end == std::string_view::npos ? 0 : line_end + 1, recognition_bytes);
 }

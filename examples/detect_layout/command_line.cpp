@@ -70,7 +70,7 @@ void declare_output(CLI::App& app, Settings& settings) {
 }
 
 void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
-    const auto group = "What you may know about the text";
+    const char* const group = "What you may know about the text";
     app.add_option("--rows", settings.rows, "Rows to sample (default 250)")
         ->type_name("N")
         ->check(no_sign())

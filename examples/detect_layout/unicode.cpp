@@ -9,8 +9,7 @@ namespace detect_layout {
 
 std::string to_utf8(std::u16string_view text) {
     std::string result;
-    icu::UnicodeString(false, text.data(), static_cast<std::int32_t>(text.size()))
-        .toUTF8String(result);
+    icu::UnicodeString(0, text.data(), static_cast<std::int32_t>(text.size())).toUTF8String(result);
     return result;
 }
 

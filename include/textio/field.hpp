@@ -33,7 +33,10 @@ public:
     /// A view of `text`; the characters that `text` views must outlive the field.
     explicit Field(std::u16string_view text) noexcept : data(text.data()), size(text.size()) {}
 
+    /// A second view of the same text.
     Field(const Field&) noexcept = default;
+
+    /// Views the same text as the other field from here on.
     Field& operator=(const Field&) noexcept = default;
 
     /// Takes the view over and leaves `other` a view of nothing.

@@ -32,6 +32,7 @@ public:
 /// Keeps candidates with exactly the expected number of variables.
 class TEXTIO_EXPORT numvariables : public Rule {
 public:
+    /// The number of variables that the text is known to have.
     explicit numvariables(std::size_t expected_variables);
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,

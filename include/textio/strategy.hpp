@@ -105,29 +105,34 @@ public:
     void inspect_datatypes();
 
 protected:
+    /// Copies the options; the strategy of a layout then fixes in `options_` what its layout needs.
     GenericStrategy(const parser::options& options,
                     const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options,
                     enums::StrategyMode mode);
 
-    parser::options options_;
-    StrategyValuation valuation_record_;
-    bool auto_header_lines_;
-    std::size_t header_lines_value_;
+    parser::options options_;            ///< how this layout reads
+    StrategyValuation valuation_record_; ///< the figures of the sample
+    bool auto_header_lines_;             ///< the header is to be detected
+    std::size_t header_lines_value_;     ///< the header; `SIZE_MAX` while it is undecided
+
+    /// What classifies the columns.
     zentor::io::text::typedetection::TypeAnalyzer<false> type_analyzer_;
-    std::unique_ptr<FieldArray> fields_;
-    bool valuation_cached_ = false;
-    bool space_separated_ = false;
-    bool has_fields_ = false;
-    enums::StrategyMode mode_;
+
+    std::unique_ptr<FieldArray> fields_; ///< the sample
+    bool valuation_cached_ = false;      ///< the figures are those of the sample
+    bool space_separated_ = false;       ///< fields are separated by blank space
+    bool has_fields_ = false;            ///< a sample has been handed over
+    enums::StrategyMode mode_;           ///< the layout
 
 private:
-    void value_sample();
-    void measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min);
+    TEXTIO_NO_EXPORT void value_sample();
+    TEXTIO_NO_EXPORT void measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min);
 };
 
 /// One field per line, blanks included. It never has header lines.
 class TEXTIO_EXPORT LineReaderStrategy : public GenericStrategy {
 public:
+    /// Empty lines stay in the sample, so that its lines are those of the text.
     LineReaderStrategy(const parser::options& options,
                        const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options);
     ~LineReaderStrategy() override;
@@ -161,6 +166,7 @@ public:
 /// Fields that end at runs of blanks and tabs; blanks at both ends of a line separate nothing.
 class TEXTIO_EXPORT SpaceAlignedStrategy : public GenericStrategy {
 public:
+    /// Blank and tab are the delimiters, and no longer whitespace.
     SpaceAlignedStrategy(const parser::options& options,
                          const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options);
     ~SpaceAlignedStrategy() override;

@@ -18,38 +18,44 @@ namespace textio::operations {
 /// Cuts the units of `whitespace` off both ends.
 struct TEXTIO_EXPORT trim_whitespace {
     std::u16string whitespace; ///< the units to cut off; may be empty
+    /// Narrows the view; a text of nothing else becomes empty.
     void process(MutableField& field) const;
 };
 
 /// Takes the quotes off a text that begins with one, and undoes doubled quotes inside. What follows
 /// the closing quote stays; a quote that is never closed is dropped at the front alone.
 struct TEXTIO_EXPORT unquote {
-    char16_t quote = u'"';
+    char16_t quote = u'"'; ///< the quote character
+    /// Narrows the view where the closing quote ends the text, and else changes a copy.
     void process(MutableField& field) const;
 };
 
 /// Empties a text that equals one of `texts` exactly.
 struct TEXTIO_EXPORT treat_as_missing {
-    std::vector<std::u16string> texts;
+    std::vector<std::u16string> texts; ///< whole texts, compared unit by unit
+    /// Narrows the view to nothing, or leaves it as it is.
     void process(MutableField& field) const;
 };
 
 /// Puts `replacement` in the place of every unit that is one of `replaced`.
 struct TEXTIO_EXPORT replace_characters {
-    std::u16string replaced;
-    char16_t replacement = 0;
+    std::u16string replaced;  ///< the units to replace
+    char16_t replacement = 0; ///< what comes in their place
+    /// Copies the text only if there is something to replace.
     void process(MutableField& field) const;
 };
 
 /// Takes every unit that is one of `removed` out of the text.
 struct TEXTIO_EXPORT remove_characters {
-    std::u16string removed;
+    std::u16string removed; ///< the units to take out
+    /// Copies the text only if there is something to take out.
     void process(MutableField& field) const;
 };
 
 /// Narrows a text to the first part of it that reads as a number, real or complex. A text without
 /// one, or one that begins with a spelled `NaN` or `Inf`, stays as it is.
 struct TEXTIO_EXPORT trim_non_numeric {
+    /// Narrows the view.
     void process(MutableField& field) const;
 };
 
@@ -73,11 +79,13 @@ enum class FieldClass : std::uint8_t {
 
 /// Recognises `0x` or `0X` followed by hexadecimal digits only; the prefix alone will do.
 struct TEXTIO_EXPORT HexadecimalScanner {
+    /// Whether the whole of `text` is such a number.
     [[nodiscard]] bool matches(const textio::Field& text) const noexcept;
 };
 
 /// Recognises `0b` or `0B` followed by binary digits only; the prefix alone will do.
 struct TEXTIO_EXPORT BinaryScanner {
+    /// Whether the whole of `text` is such a number.
     [[nodiscard]] bool matches(const textio::Field& text) const noexcept;
 };
 
@@ -90,6 +98,7 @@ class TypeAnalyzer;
 template <>
 class TEXTIO_EXPORT TypeAnalyzer<false> {
 public:
+    /// An analyzer for texts with these marks and blanks; `options` need not outlive it.
     explicit TypeAnalyzer(const TypeAnalyzerOptions& options);
 
     /// The class of `field`'s text, which is not changed. Accepts any text. Uses heap memory only
@@ -111,13 +120,14 @@ public:
     void reset_whitespace(const std::u16string& whitespace);
 
 private:
-    void prepare(textio::MutableField& field) const;
-    [[nodiscard]] std::optional<FieldClass> class_with_digits(const textio::Field& text) const;
-    [[nodiscard]] FieldClass class_of_words(const textio::Field& text) const;
-    void swap_decimal(textio::MutableField& field) const;
+    TEXTIO_NO_EXPORT void prepare(textio::MutableField& field) const;
+    [[nodiscard]] TEXTIO_NO_EXPORT std::optional<FieldClass>
+    class_with_digits(const textio::Field& text) const;
+    [[nodiscard]] TEXTIO_NO_EXPORT FieldClass class_of_words(const textio::Field& text) const;
+    TEXTIO_NO_EXPORT void swap_decimal(textio::MutableField& field) const;
 
-    static const HexadecimalScanner hexadecimal_scanner_;
-    static const BinaryScanner binary_scanner_;
+    TEXTIO_NO_EXPORT static const HexadecimalScanner hexadecimal_scanner_;
+    TEXTIO_NO_EXPORT static const BinaryScanner binary_scanner_;
 
     textio::operations::trim_whitespace whitespace_trimmer_;
     textio::operations::unquote unquoter_;

@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string_view>
 
 namespace textio::parser {
 
@@ -23,6 +24,10 @@ struct DelimitedRecordReader {
     explicit DelimitedRecordReader(const options& options);
 
     [[nodiscard]] const UnitSet& blanks() const noexcept { return scanner.blank_units; }
+
+    /// Delimiters, where they separate each and leading ones are not simply kept: behind them may
+    /// stand a comment or nothing.
+    [[nodiscard]] std::u16string_view unplain_starts() const noexcept;
 
     const parser::options* options;
     std::shared_ptr<Delim> line_ends;

@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace textio::parser {
@@ -26,6 +27,7 @@ struct FixedWidthRecordReader {
     explicit FixedWidthRecordReader(const options& options);
 
     [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
+    [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
 
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units

@@ -12,6 +12,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace textio::parser {
 
@@ -24,6 +25,7 @@ struct LineRecordReader {
     explicit LineRecordReader(const options& options);
 
     [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
+    [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
 
     BoundaryScanner scanner;          ///< ends at line endings; has no barriers
     const std::u16string* whitespace; ///< that of the options

@@ -18,6 +18,12 @@ bool can_have_plain_records(const DelimitedRecordReader& reader) {
                          reader.guarded_line_ends.first_units().units(), quote, text_end});
 }
 
+std::u16string_view DelimitedRecordReader::unplain_starts() const noexcept {
+    const bool are_plain = options->leading_delimiters_rule == leading_delimiters::keep ||
+                           options->consecutive_delimiters_rule == consecutive_delimiters::merge;
+    return are_plain ? std::u16string_view() : delimiter_units.units();
+}
+
 namespace {
 
 /// Finds the ends of plain fields, from left to right.
@@ -97,10 +103,6 @@ bool end_record(PlainRecords& records, const char16_t* end) {
 bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
                           PlainFields& fields) {
     const char16_t* begin = records.start();
-    if (fields.is_delimiter(*begin) &&
-        reader.options->leading_delimiters_rule != leading_delimiters::keep) {
-        return false;
-    }
     const char16_t* end = fields.end_of_field(begin);
     while (end != nullptr && end != records.end() && fields.is_delimiter(*end)) {
         records.add_field(begin, end);

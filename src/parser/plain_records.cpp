@@ -8,7 +8,9 @@ namespace textio::parser {
 PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& text,
                            ReadCounts& counts, FieldArray& array)
     : blanks_(shape.blanks), line_ends_(shape.line_ends),
-      unplain_behind_blanks_(std::u16string(shape.comment_opener.substr(0, 1)) + end_of_text),
+      unplain_behind_blanks_(std::u16string(shape.unplain_starts)
+                                 .append(shape.comment_opener.substr(0, 1))
+                                 .append(1, end_of_text)),
       keeps_empty_lines_(shape.keeps_empty_lines),
       blank_lines_are_empty_(shape.blank_lines_are_empty), limits_(limits), text_(text),
       counts_(counts), array_(array), begin_(text.data), end_(text.data + text.size),
@@ -55,7 +57,7 @@ void PlainRecords::give_record_back() {
 /// sample is moved once or twice and not at every doubling.
 void PlainRecords::make_room() {
     constexpr double margin = 1.05;    // lines are not all alike
-    constexpr double most_growth = 16; // and the start of a text can mislead
+    constexpr double most_growth = 64; // and the start of a text can mislead
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };

@@ -34,6 +34,7 @@ struct LineShape {
     const UnitSet& blanks;
     const GuardedDelim& line_ends;
     std::u16string_view comment_opener; ///< empty if there are no comments
+    std::u16string_view unplain_starts; ///< units with which no plain record starts, behind blanks
     bool keeps_empty_lines;             ///< an empty line becomes a line without fields
     bool blank_lines_are_empty;         ///< so does a line of blanks
 };

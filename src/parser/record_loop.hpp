@@ -9,7 +9,8 @@
 /// - `comment_keeps_columns`: whether text behind a block comment is read with the blanks in front;
 /// - `take_plain_records(reader, records)`: reads plain records until one is not, with
 ///   `has_plain_records` if there can be any, `field_limit` as the limit on fields of a record
-///   under which that is so, and `blank_lines_are_empty` if a line of blanks is an empty line;
+///   under which that is so, `unplain_starts()` that none of them begins
+///   with, and `blank_lines_are_empty` if a line of blanks is an empty line;
 /// - `blanks()` and `guarded_line_ends`.
 #pragma once
 
@@ -89,9 +90,12 @@ private:
     }
 
     [[nodiscard]] LineShape line_shape() const {
-        return {reader_.blanks(), reader_.guarded_line_ends,
+        return {reader_.blanks(),
+                reader_.guarded_line_ends,
                 comments_ ? comments_->opener : std::u16string_view(),
-                options_.empty_line_rule == empty_line::keep, Reader::blank_lines_are_empty};
+                reader_.unplain_starts(),
+                options_.empty_line_rule == empty_line::keep,
+                Reader::blank_lines_are_empty};
     }
 
     /// Passes a comment, or a record, or both. Gives whether the loop goes on.

@@ -18,16 +18,14 @@ const std::vector<std::u16string> usual{u"\r\n", u"\n", u"\r"};
 
 class StringSource : public TextSource {
 public:
-    explicit StringSource(std::u16string text, bool fails_once = false)
-        : text_(std::move(text)), fails_(fails_once) {}
+    explicit StringSource(std::u16string text, bool fails_once = false) : text_(std::move(text)), fails_(fails_once) {}
 
     std::size_t read(char16_t* begin, char16_t* end) override {
         if (std::exchange(fails_, false)) {
             std::fill(begin, end, u'?');
             throw std::runtime_error("not now");
         }
-        const std::size_t count =
-            std::min(static_cast<std::size_t>(end - begin), text_.size() - read_);
+        const std::size_t count = std::min(static_cast<std::size_t>(end - begin), text_.size() - read_);
         std::copy_n(text_.data() + read_, count, begin);
         read_ += count;
         return count;
@@ -64,12 +62,9 @@ TEST(FixedStream, GivesAllOrWholeLines) {
         {"longer", long_text(limit + 1, {{limit - 16, u'\n'}}), usual, limit - 15},
         {"ending is the last unit", long_text(limit + 9, {{limit - 1, u'\n'}}), usual, limit},
         {"no ending", std::u16string(limit + 1, u'a'), usual, 0},
-        {"pair across the limit",
-         long_text(limit + 9, {{9, u'\r'}, {10, u'\n'}, {limit - 1, u'\r'}, {limit, u'\n'}}), pairs,
-         10},
+        {"pair across the limit", long_text(limit + 9, {{9, u'\r'}, {10, u'\n'}, {limit - 1, u'\r'}, {limit, u'\n'}}), pairs, 10},
         {"pair and its second unit", long_text(limit + 9, {{9, u'\r'}, {10, u'\n'}}), usual, 11},
-        {"end of text where it is looked for",
-         long_text(3000, {{2048, u'\uFFFF'}, {1500, u'\uFFFF'}}), usual, 2048},
+        {"end of text where it is looked for", long_text(3000, {{2048, u'\uFFFF'}, {1500, u'\uFFFF'}}), usual, 2048},
     };
     for (const Case& c : cases) {
         const TextStream stream(std::make_unique<StringSource>(c.text));

@@ -67,14 +67,12 @@ const std::u16string padded = u"name   age\nAnn     41\nBob B.   7\nCleo    12\n
 
 TEST(PickStrategy, EachLayout) {
     expect_answers({
-        {"comma", u"Sales\n\nitem,amount\nnut,1\nbolt,2\nnail,3\nrivet,4\n", none,
-         "by ',', header 2, 2 variables"},
+        {"comma", u"Sales\n\nitem,amount\nnut,1\nbolt,2\nnail,3\nrivet,4\n", none, "by ',', header 2, 2 variables"},
         {"tab", u"a\tb\n1\tx\n2\ty\n", none, "by '\\t', header 0, 2 variables"},
         {"bar", u"a|b|c\n1|2|3\n4|5|6\n7|8|9\n", none, "by '|', header 0, 3 variables"},
         {"aligned", u"1  2   3\n10 20 30\n 4   5 6\n", none, "aligned, header 0, 3 variables"},
         {"columns", padded, none, "widths 6 4, header 0, 2 variables"},
-        {"colons lose against dates", u"a:1,2020-01-02\nb:2,2020-01-03\nc:3,2020-01-04\n", none,
-         "by ',', header 0, 2 variables"},
+        {"colons lose against dates", u"a:1,2020-01-02\nb:2,2020-01-03\nc:3,2020-01-04\n", none, "by ',', header 0, 2 variables"},
         {"comments", u"# a,b,c,d\n1;2\n# x\n3;4\n5;6\n", none, "by ';', header 1, 2 variables"},
     });
 }
@@ -87,12 +85,9 @@ TEST(PickStrategy, EachWayOfEnding) {
         {"one candidate", u"1;2\n3;4\n", none, "by ';', header 0, 2 variables"},
         {"a lone line, common", u"a;b\n", none, "by ';', header 0, 2 variables"},
         {"a lone line, uncommon", u"a:b\n", none, "lines, header 0, 1 variables"},
-        {"dates of their own", u"2020-01-02\n2020-01-03\n2020-01-04\n", none,
-         "by ',', header 0, not valued"},
-        {"durations of their own", u"1:02:03\n1:02:04\n1:02:05\n", none,
-         "by ',', header 0, not valued"},
-        {"two that can't be told apart", u"a:b|c\nd:e|f\ng:h|i\n", none,
-         "by ',', header 0, not valued"},
+        {"dates of their own", u"2020-01-02\n2020-01-03\n2020-01-04\n", none, "by ',', header 0, not valued"},
+        {"durations of their own", u"1:02:03\n1:02:04\n1:02:05\n", none, "by ',', header 0, not valued"},
+        {"two that can't be told apart", u"a:b|c\nd:e|f\ng:h|i\n", none, "by ',', header 0, not valued"},
     });
     EXPECT_EQ(answer(u"a,b\nc,d\n", none, 0), "lines, header 0, 1 variables");
 }
@@ -101,8 +96,7 @@ TEST(PickStrategy, KnowsWhatTheHostKnows) {
     const std::u16string both = u"1,2;3\n4,5;6\n7,8;9\n";
     const std::u16string titled = u"T\n1,2\n3,4\n";
     expect_answers({
-        {"excluded", both, [](auto& o) { o.excluded_delimiter = u",x"; },
-         "by ';', header 0, 2 variables"},
+        {"excluded", both, [](auto& o) { o.excluded_delimiter = u",x"; }, "by ';', header 0, 2 variables"},
         {"the quote", both, [](auto& o) { o.quote = u','; }, "by ';', header 0, 2 variables"},
         {"expected variables", u"1,2;3,4\n5,6;7,8\n9,1;2,3\n",
          [](auto& o) {
@@ -118,8 +112,7 @@ TEST(PickStrategy, KnowsWhatTheHostKnows) {
          "by ',', header 2, 2 variables"},
         {"no fixed width", padded, [](auto& o) { o.layout_hint = parser::layout::no_fixed_width; },
          "aligned, header 0, 3 variables"},
-        {"only fixed width", u"ab cd\nef gh\n",
-         [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
+        {"only fixed width", u"ab cd\nef gh\n", [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
          "widths 2 3, header 0, 2 variables"},
         {"only fixed width, and only headers", u"ab cd\nef gh\n",
          [](auto& o) {
@@ -135,10 +128,8 @@ TEST(PickStrategy, KnowsWhatTheHostKnows) {
          },
          "widths 1 3, header 0, 2 variables"},
         {"a header of its own length", u"long title\nab\ncd\nab\nefgh ij\nefgh kl\nefgh mn\n",
-         [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
-         "widths 4 3, header 4, 2 variables"},
-        {"only one field a line", u"abc\nd\n",
-         [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
+         [](auto& o) { o.layout_hint = parser::layout::fixed_width; }, "widths 4 3, header 4, 2 variables"},
+        {"only one field a line", u"abc\nd\n", [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
          "widths 3, header 0, 1 variables"},
     });
 }
@@ -190,8 +181,7 @@ TEST(Candidates, FixedColumns) {
         });
     };
     EXPECT_EQ(widths(u"aa  bbb\nc   ddd\nee   ff\n"), "widths 2 5, header 0, 2 variables");
-    EXPECT_EQ(widths(u"ab\nab cd\n"), "widths 5, header 0, 1 variables")
-        << "what no earlier line reached is text";
+    EXPECT_EQ(widths(u"ab\nab cd\n"), "widths 5, header 0, 1 variables") << "what no earlier line reached is text";
     EXPECT_EQ(widths(u"ab  \nab  \n"), "widths 2 2, header 0, 2 variables");
     EXPECT_EQ(widths(u"a b\na\tb\n"), "widths 3, header 0, 1 variables");
     EXPECT_EQ(widths(u"  a b\n\n  c d\n"), "widths 3 2, header 0, 2 variables");

@@ -31,12 +31,10 @@ TEST(DelimitedReader, FindsFields) {
         {"end of text behind blanks", u"a, \uFFFFb,c\n", "[a][ ]/ 3 1 1"},
         {"only delimiters", u",,\n", "[][][]/ 3 1 1"},
         {"blank fields make a line, one alone is empty", u" , \n  \n", "[ ][ ]// 7 2 1"},
-        {"longer than a block", long_quoted,
-         "[" + shown(long_quoted.substr(0, 154)) + "][z]/ 157 1 1"},
+        {"longer than a block", long_quoted, "[" + shown(long_quoted.substr(0, 154)) + "][z]/ 157 1 1"},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, comma_options()), c.expected)
-            << c.name << ": " << shown(c.text);
+        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, comma_options()), c.expected) << c.name << ": " << shown(c.text);
     }
 }
 
@@ -53,23 +51,18 @@ void expect_readings(const std::vector<RuleCase>& cases) {
     for (const RuleCase& c : cases) {
         options options = comma_options();
         c.change(options);
-        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options), c.expected)
-            << c.name << ": " << shown(c.text);
+        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options), c.expected) << c.name << ": " << shown(c.text);
     }
 }
 
 TEST(DelimitedReader, DelimitersGoByTheirRules) {
     const Change none = [](options&) {};
-    const Change merge = [](options& o) {
-        o.consecutive_delimiters_rule = consecutive_delimiters::merge;
-    };
+    const Change merge = [](options& o) { o.consecutive_delimiters_rule = consecutive_delimiters::merge; };
     const Change merge_drop = [](options& o) {
         o.consecutive_delimiters_rule = consecutive_delimiters::merge;
         o.trailing_delimiters_rule = trailing_delimiters::drop;
     };
-    const Change error = [](options& o) {
-        o.consecutive_delimiters_rule = consecutive_delimiters::error;
-    };
+    const Change error = [](options& o) { o.consecutive_delimiters_rule = consecutive_delimiters::error; };
     const Change error_drop = [](options& o) {
         o.consecutive_delimiters_rule = consecutive_delimiters::error;
         o.trailing_delimiters_rule = trailing_delimiters::drop;
@@ -79,13 +72,9 @@ TEST(DelimitedReader, DelimitersGoByTheirRules) {
         o.trailing_delimiters_rule = trailing_delimiters::error;
     };
     const Change skip = [](options& o) { o.leading_delimiters_rule = leading_delimiters::skip; };
-    const Change lead_error = [](options& o) {
-        o.leading_delimiters_rule = leading_delimiters::error;
-    };
+    const Change lead_error = [](options& o) { o.leading_delimiters_rule = leading_delimiters::error; };
     const Change drop = [](options& o) { o.trailing_delimiters_rule = trailing_delimiters::drop; };
-    const Change trail_error = [](options& o) {
-        o.trailing_delimiters_rule = trailing_delimiters::error;
-    };
+    const Change trail_error = [](options& o) { o.trailing_delimiters_rule = trailing_delimiters::error; };
     expect_readings({
         {"separate", none, u"a,b,\n,c\n", "[a][b][]/[][c]/ 8 2 2"},
         {"merge keeps one at the end", merge, u"a,,b,,\n", "[a][b][]/ 7 1 1"},
@@ -119,8 +108,7 @@ TEST(DelimitedReader, OddSets) {
              o.delimiters = {u";", u","};
          },
          u"a;b,c\n", "[a][b][c]/ 6 1 1"},
-        {"two units, and its first alone", [](options& o) { o.delimiters = {u"::"}; }, u"a:b::c:\n",
-         "[a:b][c:]/ 8 1 1"},
+        {"two units, and its first alone", [](options& o) { o.delimiters = {u"::"}; }, u"a:b::c:\n", "[a:b][c:]/ 8 1 1"},
         {"the longest wins",
          [](options& o) {
              o.delimiters = {u"-", u"->"};
@@ -131,10 +119,8 @@ TEST(DelimitedReader, OddSets) {
              o.delimiters = {u"\n", u","};
          },
          u"a,b\nc", "[a][b]/[c]/ 5 2 2"},
-        {"the quote", [](options& o) { o.delimiters = {u"\""}; }, u"a\"b\"c\"\n\"d\n",
-         "[a][b][c][]/[\"d\\n]/ 10 2 2"},
-        {"blanks that are line endings", [](options& o) { o.whitespace = u" \n"; },
-         u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2"},
+        {"the quote", [](options& o) { o.delimiters = {u"\""}; }, u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2"},
+        {"blanks that are line endings", [](options& o) { o.whitespace = u" \n"; }, u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2"},
         {"the end of the text",
          [](options& o) {
              o.delimiters = {u"\uFFFF"};

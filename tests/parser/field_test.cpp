@@ -22,8 +22,7 @@ TEST(Field, MovingLeavesNothingBehind) {
     EXPECT_EQ(source.size, 3U);
     const Field target(std::move(source));
     EXPECT_EQ(target.view(), u"abc");
-    EXPECT_EQ(std::pair(source.data, source.size),
-              std::pair(static_cast<const char16_t*>(nullptr), std::size_t{0}));
+    EXPECT_EQ(std::pair(source.data, source.size), std::pair(static_cast<const char16_t*>(nullptr), std::size_t{0}));
 }
 
 TEST(MutableField, CopiesOnceAndOnlyWhenWritten) {
@@ -48,9 +47,7 @@ TEST(DetectionOutputBuilder, TellsLinesWithFieldsFromEmptyOnes) {
     output::DetectionOutputBuilder builder;
     builder.field_array = std::make_unique<FieldArray>();
     builder.whitespace = std::make_unique<std::u16string>(u" ");
-    const auto add = [&](std::vector<std::size_t> spans) {
-        builder.add_record(Field(text), Record{std::move(spans), 0});
-    };
+    const auto add = [&](std::vector<std::size_t> spans) { builder.add_record(Field(text), Record{std::move(spans), 0}); };
     add({});
     add({0, 3});       // one blank field
     add({4, 4});       // one empty field
@@ -65,8 +62,7 @@ TEST(DetectionOutputBuilder, TellsLinesWithFieldsFromEmptyOnes) {
     *builder.whitespace = u"";
     builder.limit_fields = false;
     add({0, 3});
-    EXPECT_EQ(test::shown(*builder.field_array),
-              "///[ ][ ]/[a][b][c][d][e]/[a][b][c]/[a][b]//[   ]/");
+    EXPECT_EQ(test::shown(*builder.field_array), "///[ ][ ]/[a][b][c][d][e]/[a][b][c]/[a][b]//[   ]/");
 }
 
 TEST(DelimiterSet, LongestFirstAndEachOnce) {

@@ -21,11 +21,7 @@ struct Case {
 TEST(FixedWidthReader, CutsLines) {
     const std::vector<Case> cases{
         {"exact", {3, 3}, partial_field::keep, u"abcdef\n", "[abc][def]/ 7 1 1"},
-        {"too long",
-         {3, 3},
-         partial_field::keep,
-         u"abcdefgh\nijk\n",
-         "[abc][def][gh]/[ijk]/ 13 2 2"},
+        {"too long", {3, 3}, partial_field::keep, u"abcdefgh\nijk\n", "[abc][def][gh]/[ijk]/ 13 2 2"},
         {"blank rest", {3, 3}, partial_field::keep, u"abcdef   \n", "[abc][def]/ 10 1 1"},
         {"ends in the first field", {3, 3}, partial_field::keep, u"ab\n", "[ab]/ 3 1 1"},
         {"ends in the second field", {3, 3}, partial_field::keep, u"abcd\n", "[abc][d]/ 5 1 1"},
@@ -33,40 +29,23 @@ TEST(FixedWidthReader, CutsLines) {
         {"ends behind the first field", {3, 3}, partial_field::keep, u"abc\n", "[abc]/ 4 1 1"},
         {"empty lines", {3, 3}, partial_field::keep, u"\n   \nabc\n", "//[abc]/ 9 3 1"},
         {"width 0 at a line's end", {0, 2}, partial_field::keep, u"\nab\n", "/[][ab]/ 4 2 1"},
-        {"enormous width",
-         {2, SIZE_MAX, 1},
-         partial_field::keep,
-         u"abcd\nef",
-         "[ab][cd]/[ef]/ 7 2 2"},
+        {"enormous width", {2, SIZE_MAX, 1}, partial_field::keep, u"abcd\nef", "[ab][cd]/[ef]/ 7 2 2"},
         {"no widths", {}, partial_field::keep, u"abc\n \n", "[abc]// 6 2 1"},
         {"cut at the end of text", {3, 3}, partial_field::keep, u"ab\uFFFF", "[ab]/ 2 1 1"},
-        {"end of text inside a field",
-         {3},
-         partial_field::keep,
-         u"a\uFFFFb\n",
-         "[a\\uFFFFb]/ 4 1 1"},
-        {"a pair inside, a pair behind",
-         {3},
-         partial_field::keep,
-         u"ab\r\nabc\r\n",
-         "[ab]/[abc]/ 9 2 2"},
+        {"end of text inside a field", {3}, partial_field::keep, u"a\uFFFFb\n", "[a\\uFFFFb]/ 4 1 1"},
+        {"a pair inside, a pair behind", {3}, partial_field::keep, u"ab\r\nabc\r\n", "[ab]/[abc]/ 9 2 2"},
         {"read on", {3, 3}, partial_field::read_on, u"ab\ncd\nef", "[ab\\n][cd\\n][ef]/ 8 1 1"},
         {"mark 2", {3, 3}, partial_field::drop_mark_2, u"abcd\nab\n", "[abc]// 8 2 2"},
         {"mark 3", {3, 3}, partial_field::drop_mark_3, u"\n", "/ 1 1 1"},
         {"mark 1", {3, 3}, partial_field::drop_mark_1, u"ab", "[ab]/ 2 1 1"},
-        {"error",
-         {3, 3},
-         partial_field::error,
-         u"abcdef\nabcd\n",
-         "[abc][def]/ partial record 1 field 1\\n"},
+        {"error", {3, 3}, partial_field::error, u"abcdef\nabcd\n", "[abc][def]/ partial record 1 field 1\\n"},
         {"value outside the table", {3}, 9, u"ab\n", "[ab]/ 3 1 1"},
     };
     for (const Case& c : cases) {
         options options = comma_options();
         options.field_widths = c.widths;
         options.partial_field_rule = c.partial_field_rule;
-        EXPECT_EQ(reading<FixedWidthRecordReader>(c.text, options), c.expected)
-            << c.name << ": " << shown(c.text);
+        EXPECT_EQ(reading<FixedWidthRecordReader>(c.text, options), c.expected) << c.name << ": " << shown(c.text);
     }
 }
 

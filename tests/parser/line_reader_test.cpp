@@ -31,8 +31,7 @@ TEST(LineReader, CutsLinesAndCountsRows) {
         {"end of text inside a line", u"a\uFFFFb\nc", {}, "[a\\uFFFFb]/[c]/ 5 2 2"},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(reading<LineRecordReader>(c.text, comma_options(), c.limits), c.expected)
-            << c.name << ": " << shown(c.text);
+        EXPECT_EQ(reading<LineRecordReader>(c.text, comma_options(), c.limits), c.expected) << c.name << ": " << shown(c.text);
     }
 }
 

@@ -28,8 +28,7 @@ struct Limits {
 
 /// The sample, then consumed units, lines and rows; or the sample so far and the error.
 template <class Reader>
-std::string reading_with(const Reader& reader, std::u16string_view text,
-                         const textio::parser::options& options, Limits limits,
+std::string reading_with(const Reader& reader, std::u16string_view text, const textio::parser::options& options, Limits limits,
                          bool limit_fields = true) {
     using namespace textio::parser;
     textio::output::DetectionOutputBuilder builder;
@@ -39,15 +38,13 @@ std::string reading_with(const Reader& reader, std::u16string_view text,
     builder.field_limit = limit_fields ? reader.field_limit : SIZE_MAX;
     textio::Field view(text);
     const auto failed = [&](const char* name, const exception::parser_exception& error) {
-        return shown(*builder.field_array) + " " + name + " record " +
-               std::to_string(error.record) + " field " + std::to_string(error.field) +
-               shown(error.text) + shown(error.detail);
+        return shown(*builder.field_array) + " " + name + " record " + std::to_string(error.record) + " field " +
+               std::to_string(error.field) + shown(error.text) + shown(error.detail);
     };
     try {
-        const ReadCounts counts =
-            read_records(options, reader, limits.rows, limits.lines, view, builder);
-        return shown(*builder.field_array) + " " + std::to_string(counts.consumed) + " " +
-               std::to_string(counts.lines) + " " + std::to_string(counts.rows);
+        const ReadCounts counts = read_records(options, reader, limits.rows, limits.lines, view, builder);
+        return shown(*builder.field_array) + " " + std::to_string(counts.consumed) + " " + std::to_string(counts.lines) + " " +
+               std::to_string(counts.rows);
     } catch (const exception::empty_line_rule& error) {
         return failed("empty line", error);
     } catch (const exception::leading_delimiters_error& error) {
@@ -61,8 +58,7 @@ std::string reading_with(const Reader& reader, std::u16string_view text,
     }
 }
 template <class Reader>
-std::string reading(std::u16string_view text, const textio::parser::options& options,
-                    Limits limits = {}) {
+std::string reading(std::u16string_view text, const textio::parser::options& options, Limits limits = {}) {
     return reading_with(Reader(options), text, options, limits, false);
 }
 

@@ -41,16 +41,14 @@ TEST(UnitSearch, GivesWhatThePlainLoopGives) {
         for (std::size_t from = random() % 70; from <= size; from += random() % 40) {
             const std::size_t found = inside.next(text, from);
             ASSERT_EQ(found, plain_next(set, text, from))
-                << test::shown(set.units()) << " from " << from << " in "
-                << test::shown(text.view());
+                << test::shown(set.units()) << " from " << from << " in " << test::shown(text.view());
             if (from >= walked) {
                 walked = found;
                 ASSERT_EQ(walk.next(units.get() + from), units.get() + found) << "walking";
             }
             const std::size_t other = outside.next(text, from);
             ASSERT_EQ(other, skip_units(set, text, from))
-                << test::shown(set.units()) << " from " << from << " in "
-                << test::shown(text.view());
+                << test::shown(set.units()) << " from " << from << " in " << test::shown(text.view());
         }
     }
 }

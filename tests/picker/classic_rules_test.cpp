@@ -8,9 +8,8 @@ using Valuation = textio::StrategyValuation;
 TEST(ClassicRules, EachRuleDecidesBeforeTheNext) {
     constexpr double infinity = std::numeric_limits<double>::infinity();
     constexpr auto rows =
-        valued<&Valuation::num_variables, &Valuation::temporal_variables,
-               &Valuation::data_variation, &Valuation::num_lines, &Valuation::numeric_variables,
-               &Valuation::header_lines, &Valuation::classified_variables, &Valuation::prior_rank>;
+        valued<&Valuation::num_variables, &Valuation::temporal_variables, &Valuation::data_variation, &Valuation::num_lines,
+               &Valuation::numeric_variables, &Valuation::header_lines, &Valuation::classified_variables, &Valuation::prior_rank>;
     // The picks: of any number of variables, with three expected, and without detecting a header.
     const std::vector<std::tuple<const char*, Valuations, int, int, int>> cases{
         {"nobody", {}, -1, -1, -1},
@@ -23,11 +22,8 @@ TEST(ClassicRules, EachRuleDecidesBeforeTheNext) {
         {"share", rows({{5, 0, 0, 9, 0, 0, 2, 0}, {4, 0, 0, 9, 0, 0, 2, 1}}), 1, 1, 1},
         {"first of equals", rows({{2, 0, 0, 9, 0, 0, 2, 1}, {2, 0, 0, 9, 0, 0, 2, 1}}), 0, 0, 0},
         {"uncommon", rows({{2, 0, 0, 9, 0, 0, 2, 4}, {2, 0, 0, 9, 0, 0, 2, 4}}), -2, -2, -2},
-        {"one prior of several",
-         rows({{4, 0, 0, 100, 3, 1, 4, 0},
-               {4, 0, 0, 100, 3, 1, 4, 3},
-               {2, 0, 1.5, 100, 0, 1, 2, 2}}),
-         0, 0, 0},
+        {"one prior of several", rows({{4, 0, 0, 100, 3, 1, 4, 0}, {4, 0, 0, 100, 3, 1, 4, 3}, {2, 0, 1.5, 100, 0, 1, 2, 2}}), 0,
+         0, 0},
     };
     for (const auto& [name, valuations, any, three, without_header] : cases) {
         Valuations values = valuations;

@@ -10,8 +10,7 @@
 using Valuations = std::vector<textio::StrategyValuation>;
 
 /// A name, valuations, candidates among them, and those of the candidates that a rule keeps.
-using RuleCases = std::vector<
-    std::tuple<const char*, Valuations, std::vector<std::size_t>, std::vector<std::size_t>>>;
+using RuleCases = std::vector<std::tuple<const char*, Valuations, std::vector<std::size_t>, std::vector<std::size_t>>>;
 
 /// One valuation per row; a row gives the `members` in their order.
 template <auto... members>
@@ -19,9 +18,7 @@ Valuations valued(std::initializer_list<std::array<double, sizeof...(members)>> 
     Valuations values(rows.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const double* figure = rows.begin()[i].data();
-        const auto set = [&figure](auto& member) {
-            member = static_cast<std::remove_reference_t<decltype(member)>>(*figure++);
-        };
+        const auto set = [&figure](auto& member) { member = static_cast<std::remove_reference_t<decltype(member)>>(*figure++); };
         (set(values[i].*members), ...);
     }
     return values;

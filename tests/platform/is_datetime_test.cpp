@@ -29,9 +29,7 @@ TEST(IsDatetime, TellsDatesFromWhatLooksLikeThem) {
         {"offsets", true, {u"2020-01-02 10:11:12,125+01:00", u"2020-01-02T10:11 -0800"}},
         {"zones", true, {u"2020-01-02T10:11Z", u"2/1/2020 1:11:12.25 EST", u"2-1-99 1:11 CEST"}},
         {"zones elsewhere", true, {u"2-1-99 1:11 NZDT", u"2-1-99 1:11 AEST", u"2-1-99 1:11 JST"}},
-        {"zones with offsets",
-         true,
-         {u"2-1-99 1:11 GMT+0100 (CET)", u"2-1-99 1:11 UTC", u"2-1-99 1:11 MSK"}},
+        {"zones with offsets", true, {u"2-1-99 1:11 GMT+0100 (CET)", u"2-1-99 1:11 UTC", u"2-1-99 1:11 MSK"}},
         {"digits alone", true, {u"20200102T101112Z", u"20200102 10:11:12"}},
         {"stamps of logs", true, {u"10/Oct/2000:13:55:36 -0700", u"Apr  4 08:12:03"}},
         {"stamps of programs", true, {u"Mon Apr 04 08:12:03 PDT 2016", u"Apr  4 08:12:03 2016"}},
@@ -51,16 +49,13 @@ TEST(IsDatetime, TellsDatesFromWhatLooksLikeThem) {
         {"no such half", false, {u"1/2/03 13:06 PM", u"1/2/03 0:06 AM"}},
         {"mixed separators", false, {u"1/2-2003", u"2020-01/02", u"2020.01-02"}},
         {"left over", false, {u"2020-01-02 ", u" 2020-01-02", u"2020-01-02T", u"2020-01-021"}},
-        {"left over behind",
-         false,
-         {u"2020-01-02 10:11 OK", u"2020-01-02\xFFFF", u"1/2/03 1:11:12."}},
+        {"left over behind", false, {u"2020-01-02 10:11 OK", u"2020-01-02\xFFFF", u"1/2/03 1:11:12."}},
         {"other scripts", false, {u"\u0662\u0660\u0662\u0660-01-02", u"2 \u017Fep 2020"}},
         {"nothing", false, {u"", u"x", u"-"}},
     };
     for (const Case& test : cases) {
         for (const std::u16string_view text : test.texts) {
-            EXPECT_EQ(is_datetime(textio::Field(text), u"any"), test.expected)
-                << test.name << ": " << readable(text);
+            EXPECT_EQ(is_datetime(textio::Field(text), u"any"), test.expected) << test.name << ": " << readable(text);
         }
     }
 }

@@ -62,8 +62,7 @@ TEST(Exhaustive, NoUnitOfAShortTextIsLost) {
     for (std::size_t next = 0; next < texts.size(); ++next) {
         const std::u16string text = texts[next];
         const auto found = selector.pick_strategy(Field(text), SIZE_MAX);
-        ASSERT_TRUE(shows_whole_text(*found, text))
-            << test::shown(text) << " as " << test::shown(*found->field_array());
+        ASSERT_TRUE(shows_whole_text(*found, text)) << test::shown(text) << " as " << test::shown(*found->field_array());
         for (const char16_t unit : text.size() < longest ? alphabet : std::u16string_view()) {
             texts.push_back(text + unit);
         }

@@ -24,17 +24,15 @@ inline const std::vector<LayoutCase> layout_cases{
 inline textio::parser::options options_of(const LayoutCase& layout) {
     textio::parser::options options;
     options.field_widths = layout.widths;
-    options.layout_hint =
-        layout.widths.empty() ? textio::parser::layout::open : textio::parser::layout::fixed_width;
+    options.layout_hint = layout.widths.empty() ? textio::parser::layout::open : textio::parser::layout::fixed_width;
     return options;
 }
 
 /// The layout and the sample that a run found.
-inline std::string answer(textio::detection::StrategySelector& selector,
-                          const std::u16string& text) {
+inline std::string answer(textio::detection::StrategySelector& selector, const std::u16string& text) {
     const auto found = selector.pick_strategy(textio::Field(text), 100);
-    return std::to_string(static_cast<int>(found->mode())) + " header " +
-           std::to_string(found->header_lines()) + " " + shown(*found->field_array());
+    return std::to_string(static_cast<int>(found->mode())) + " header " + std::to_string(found->header_lines()) + " " +
+           shown(*found->field_array());
 }
 
 } // namespace test

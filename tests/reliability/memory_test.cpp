@@ -59,17 +59,15 @@ TEST(Memory, RunningOutLosesNothing) {
     for (const test::LayoutCase& layout : test::layout_cases) {
         const textio::parser::options options = test::options_of(layout);
         // The long field has to be copied to take its separators out.
-        const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator =
-                                                                             u'2'};
+        const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator = u'2'};
         textio::detection::StrategySelector selector(options, types);
         const std::string expected = test::answer(selector, layout.text);
         std::size_t failures = 0;
         Outcome outcome = Outcome::out_of_memory;
         for (std::size_t number = 0; outcome != Outcome::done; ++number) {
             const std::size_t before = blocks_in_use;
-            outcome = with_failing_allocation(number, [&] {
-                static_cast<void>(selector.pick_strategy(textio::Field(layout.text), 100));
-            });
+            outcome = with_failing_allocation(
+                number, [&] { static_cast<void>(selector.pick_strategy(textio::Field(layout.text), 100)); });
             ASSERT_EQ(blocks_in_use, before) << layout.name << " leaks at allocation " << number;
             ASSERT_EQ(test::answer(selector, layout.text), expected) << layout.name << number;
             failures += outcome == Outcome::out_of_memory ? 1 : 0;

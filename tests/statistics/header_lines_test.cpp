@@ -85,8 +85,7 @@ TEST(HeaderLines, EstimateEqualsTheOneWrittenOutInFull) {
         }
         const std::size_t h_min = below(3) == 0 ? below(diffs.size() + 2) : 0;
         const bool space_separated = below(2) == 0;
-        ASSERT_EQ(get_header_lines(diffs, h_min, space_separated),
-                  estimate_in_full(diffs, h_min, space_separated))
+        ASSERT_EQ(get_header_lines(diffs, h_min, space_separated), estimate_in_full(diffs, h_min, space_separated))
             << testing::PrintToString(diffs) << " h_min " << h_min << ' ' << space_separated;
     }
 }

@@ -31,18 +31,15 @@ parser::options telling_options() {
 std::string layout(const GenericStrategy& strategy) {
     const parser::options& options = strategy.options();
     std::ostringstream out;
-    out << int(strategy.mode()) << " kind " << int(options.reader_kind) << " rules "
-        << int(options.consecutive_delimiters_rule) << int(options.empty_line_rule)
-        << int(options.leading_delimiters_rule) << int(options.trailing_delimiters_rule)
-        << int(options.partial_field_rule) << " blanks '" << test::shown(options.whitespace)
-        << "' by '";
+    out << int(strategy.mode()) << " kind " << int(options.reader_kind) << " rules " << int(options.consecutive_delimiters_rule)
+        << int(options.empty_line_rule) << int(options.leading_delimiters_rule) << int(options.trailing_delimiters_rule)
+        << int(options.partial_field_rule) << " blanks '" << test::shown(options.whitespace) << "' by '";
     for (const std::u16string& delimiter : options.delimiters) {
         out << test::shown(delimiter);
     }
     out << "' widths " << options.field_widths.size() << (options.detect_delimiters ? " d" : "")
-        << (strategy.space_separated() ? " s" : "")
-        << (strategy.auto_header_lines() ? " auto " : " ") << strategy.header_lines() << " rank "
-        << strategy.valuation_record().prior_rank;
+        << (strategy.space_separated() ? " s" : "") << (strategy.auto_header_lines() ? " auto " : " ") << strategy.header_lines()
+        << " rank " << strategy.valuation_record().prior_rank;
     return out.str();
 }
 
@@ -51,10 +48,8 @@ TEST(Strategies, SetUpTheirLayouts) {
     const Types types;
     const std::vector<std::u16string> several{u"ab", u" "};
     std::vector<std::size_t> widths{1, 2, 3};
-    EXPECT_EQ(layout(LineReaderStrategy(options, types)),
-              "3 kind 3 rules 01025 blanks ' \\t,;' by ';,' widths 1 d 0 rank inf");
-    EXPECT_EQ(layout(DelimitedStrategy(options, types)),
-              "0 kind 0 rules 01005 blanks ' \\t' by ';,' widths 1 auto 5 rank inf");
+    EXPECT_EQ(layout(LineReaderStrategy(options, types)), "3 kind 3 rules 01025 blanks ' \\t,;' by ';,' widths 1 d 0 rank inf");
+    EXPECT_EQ(layout(DelimitedStrategy(options, types)), "0 kind 0 rules 01005 blanks ' \\t' by ';,' widths 1 auto 5 rank inf");
     EXPECT_EQ(layout(DelimitedStrategy(options, types, several)),
               "0 kind 0 rules 01005 blanks '\\t,;' by 'ab ' widths 1 auto 5 rank inf");
     EXPECT_EQ(layout(DelimitedStrategy(options, types, u' ')),
@@ -85,7 +80,7 @@ TEST(Strategies, HeaderCountsAreFixedOrHandedBack) {
     EXPECT_FALSE(lines.auto_header_lines());
 }
 
-constexpr double infinity = std::numeric_limits<double>::infinity();
+constexpr double inf = std::numeric_limits<double>::infinity();
 
 struct ValuationCase {
     const char* name;
@@ -102,153 +97,24 @@ struct ValuationCase {
 };
 
 TEST(Valuation, TakesEachWay) {
+    const std::u16string five = u"1,2,3,4,5\n";
+    const std::u16string five_and_twelve = five + five + five + u"1\n1\n" + five + u"1,2,3,4,5,6,7,8,9,0,1,2\n" + five;
     const std::vector<ValuationCase> cases{
-        {"no lines, detected",
-         u"\n\n",
-         SIZE_MAX,
-         true,
-         0,
-         infinity,
-         infinity,
-         0,
-         1,
-         1,
-         {0, 0, 0, 0, 0}},
-        {"no lines, given", u"\n", 4, false, 4, infinity, infinity, 0, 1, 1, {0, 0, 0, 0, 0}},
-        {"one field each, detected",
-         u"a\nb\n1\n",
-         2,
-         true,
-         0,
-         infinity,
-         infinity,
-         3,
-         1,
-         1,
-         {0, 0, 0, 0, 0}},
-        {"one field each, given",
-         u"a\nb\n1\n\n",
-         1,
-         false,
-         1,
-         infinity,
-         infinity,
-         3,
-         1,
-         1,
-         {1, 0, 1, 0, 0}},
-        {"few wide lines",
-         u"t\na,b\n\n1\n2\n3\n4\n5\n6\n7\n8\n9\n10\n",
-         SIZE_MAX,
-         true,
-         1,
-         infinity,
-         infinity,
-         13,
-         1,
-         1,
-         {1, 0, 1, 0, 0}},
-        {"regular",
-         u"1,a\n2,b\n\n3,12:30\n\n\n",
-         SIZE_MAX,
-         true,
-         0,
-         0,
-         0,
-         4,
-         2,
-         2,
-         {2, 1, 1, 0, 0}},
-        {"title and heading",
-         u"t\n\nx,y,z\n1,2,3\n4,5,6\n7,8,9\n",
-         SIZE_MAX,
-         true,
-         2,
-         0.4,
-         0,
-         6,
-         3,
-         3,
-         {3, 0, 3, 0, 0}},
-        {"given header at the end of the lines that count",
-         u"1,2\n3,4\n5,6\n7\n",
-         3,
-         false,
-         3,
-         0,
-         infinity,
-         4,
-         2,
-         1,
-         {0, 0, 0, 0, 0}},
+        {"no lines, detected", u"\n\n", SIZE_MAX, true, 0, inf, inf, 0, 1, 1, {0, 0, 0, 0, 0}},
+        {"no lines, given", u"\n", 4, false, 4, inf, inf, 0, 1, 1, {0, 0, 0, 0, 0}},
+        {"one field each, detected", u"a\nb\n1\n", 2, true, 0, inf, inf, 3, 1, 1, {0, 0, 0, 0, 0}},
+        {"one field each, given", u"a\nb\n1\n\n", 1, false, 1, inf, inf, 3, 1, 1, {1, 0, 1, 0, 0}},
+        {"few wide lines", u"t\na,b\n\n1\n2\n3\n4\n5\n6\n7\n8\n9\n0\n", SIZE_MAX, true, 1, inf, inf, 13, 1, 1, {1, 0, 1, 0, 0}},
+        {"regular", u"1,a\n2,b\n\n3,12:30\n\n\n", SIZE_MAX, true, 0, 0, 0, 4, 2, 2, {2, 1, 1, 0, 0}},
+        {"title and heading", u"t\n\nx,y,z\n1,2,3\n4,5,6\n7,8,9\n", SIZE_MAX, true, 2, 0.4, 0, 6, 3, 3, {3, 0, 3, 0, 0}},
+        {"given header takes all", u"1,2\n3,4\n5,6\n7\n", 3, false, 3, 0, inf, 4, 2, 1, {0, 0, 0, 0, 0}},
         {"given header past it", u"1,2\n3,4\n5\n7\n", 3, false, 3, 0, 0, 4, 2, 1, {0, 0, 0, 0, 0}},
-        {"given and detected",
-         u"a\n1,2\n3,4\n5,6\n",
-         2,
-         true,
-         2,
-         0.25,
-         0,
-         4,
-         2,
-         2,
-         {2, 0, 2, 0, 0}},
-        {"given up",
-         u"1,2,3,4,5\n1,2,3,4,5\n1,2,3,4,5\n1\n1\n1,2,3,4,5\n1,2,3,4,5,6,7,8,9,10,11,12\n"
-         u"1,2,3,4,5\n",
-         5,
-         true,
-         0,
-         1.875,
-         1.875,
-         8,
-         5,
-         12,
-         {12, 0, 12, 0, 0}},
-        {"the first data line says nothing",
-         u"1,2\n",
-         SIZE_MAX,
-         true,
-         0,
-         0,
-         0,
-         1,
-         2,
-         2,
-         {0, 0, 0, 0, 0}},
-        {"the last value that says something counts",
-         u"a,b,x\n1,2,\n3,x,\n,,\n",
-         SIZE_MAX,
-         true,
-         0,
-         0,
-         0,
-         4,
-         3,
-         3,
-         {2, 0, 1, 0, 0}},
-        {"short lines are passed over",
-         u"a,b\n1,2\n3,4\nx\n",
-         SIZE_MAX,
-         true,
-         0,
-         0,
-         0,
-         4,
-         2,
-         2,
-         {2, 0, 2, 0, 0}},
-        {"lone delimiters",
-         u"a,b\n;,0x1F\n|,NaT\n",
-         SIZE_MAX,
-         true,
-         0,
-         0,
-         0,
-         3,
-         2,
-         2,
-         {2, 0, 0, 1, 1}},
+        {"given and detected", u"a\n1,2\n3,4\n5,6\n", 2, true, 2, 0.25, 0, 4, 2, 2, {2, 0, 2, 0, 0}},
+        {"given up", five_and_twelve, 5, true, 0, 1.875, 1.875, 8, 5, 12, {12, 0, 12, 0, 0}},
+        {"first data line says nothing", u"1,2\n", SIZE_MAX, true, 0, 0, 0, 1, 2, 2, {0, 0, 0, 0, 0}},
+        {"the last telling value counts", u"a,b,x\n1,2,\n3,x,\n,,\n", SIZE_MAX, true, 0, 0, 0, 4, 3, 3, {2, 0, 1, 0, 0}},
+        {"short lines are passed over", u"a,b\n1,2\n3,4\nx\n", SIZE_MAX, true, 0, 0, 0, 4, 2, 2, {2, 0, 2, 0, 0}},
+        {"lone delimiters", u"a,b\n;,0x1F\n|,NaT\n", SIZE_MAX, true, 0, 0, 0, 3, 2, 2, {2, 0, 0, 1, 1}},
     };
     for (const ValuationCase& c : cases) {
         parser::options options;
@@ -269,8 +135,8 @@ TEST(Valuation, TakesEachWay) {
         EXPECT_EQ(strategy->field_array()->line_count(), c.lines) << c.name;
         EXPECT_EQ(v.median_fields, c.median) << c.name;
         EXPECT_EQ(strategy->num_variables(), c.variables) << c.name;
-        EXPECT_EQ((std::vector{v.classified_variables, v.temporal_variables, v.numeric_variables,
-                               v.datetime_variables, v.punctuation_variables}),
+        EXPECT_EQ((std::vector{v.classified_variables, v.temporal_variables, v.numeric_variables, v.datetime_variables,
+                               v.punctuation_variables}),
                   c.classes)
             << c.name;
     }
@@ -308,8 +174,7 @@ TEST(ReadSample, ReadsOnceFromTheStartAndFixedHeadersOnTop) {
     parser::options options;
     options.detect_header_lines = false;
     options.header_lines = 1;
-    const auto fixed =
-        std::make_shared<FixedWidthStrategy>(options, Types(), std::vector<std::size_t>{1, 1});
+    const auto fixed = std::make_shared<FixedWidthStrategy>(options, Types(), std::vector<std::size_t>{1, 1});
     parser::read_sample(builder, fixed, false);
     EXPECT_EQ(test::shown(*fixed->field_array()), "[t]/[1][,]/");
     EXPECT_EQ(fixed->num_variables(), SIZE_MAX);

@@ -10,16 +10,13 @@
 static std::vector<std::u16string> asked;
 
 /// Stands in for a host's facility. The context, which the analyzer only hands on, says how.
-bool zentor::io::text::typeconversion::is_datetime(const textio::Field& text,
-                                                   const std::u16string& context) {
-    constexpr std::array<std::u16string_view, 3> known{u"2020-01-02", u"01-Feb-2020 10:11",
-                                                       u"10:11:12.5"};
+bool zentor::io::text::typeconversion::is_datetime(const textio::Field& text, const std::u16string& context) {
+    constexpr std::array<std::u16string_view, 3> known{u"2020-01-02", u"01-Feb-2020 10:11", u"10:11:12.5"};
     asked.emplace_back(text.view());
     if (context == u"throws" || (context == u"throws first" && asked.size() == 1)) {
         throw 0;
     }
-    return context == u"accepts all" ||
-           (context != u"accepts none" && std::ranges::find(known, text.view()) != known.end());
+    return context == u"accepts all" || (context != u"accepts none" && std::ranges::find(known, text.view()) != known.end());
 }
 
 namespace zentor::io::text::typedetection {
@@ -62,16 +59,15 @@ TEST(DateAndDuration, AsksTheDateFacilityOnlyWhatItMust) {
             expected_questions.insert(expected_questions.begin(), test.text);
         }
         asked.clear();
-        const TypeAnalyzer<false> analyzer(TypeAnalyzerOptions{
-            .decimal_separator = test.decimal_separator, .datetime_context = test.facility});
+        const TypeAnalyzer<false> analyzer(
+            TypeAnalyzerOptions{.decimal_separator = test.decimal_separator, .datetime_context = test.facility});
         EXPECT_EQ(analyzer.classify(textio::Field(test.text)), test.expected);
         EXPECT_EQ(asked, expected_questions);
     }
 }
 
 TEST(DateAndDuration, LooksForANumberWhenTheDateFacilityFails) {
-    const TypeAnalyzer<false> analyzer(
-        TypeAnalyzerOptions{.trim_non_numeric = true, .datetime_context = u"throws"});
+    const TypeAnalyzer<false> analyzer(TypeAnalyzerOptions{.trim_non_numeric = true, .datetime_context = u"throws"});
     EXPECT_EQ(analyzer.classify(textio::Field(u"2020-01-02")), number);
 }
 

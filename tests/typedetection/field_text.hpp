@@ -17,19 +17,9 @@ inline std::string readable(std::u16string_view text) {
 namespace zentor::io::text::typedetection {
 
 inline void PrintTo(FieldClass field_class, std::ostream* stream) {
-    constexpr std::array names{"0",
-                               "number",
-                               "text",
-                               "datetime",
-                               "4",
-                               "unknown",
-                               "6",
-                               "date",
-                               "duration",
-                               "hex_number",
-                               "binary_number",
-                               "short_duration",
-                               "delimiter_like"};
+    constexpr std::array names{
+        "0",          "number",        "text",           "datetime",      "4", "unknown", "6", "date", "duration",
+        "hex_number", "binary_number", "short_duration", "delimiter_like"};
     *stream << names.at(static_cast<std::size_t>(field_class));
 }
 

@@ -89,8 +89,7 @@ TEST(TypeAnalyzer, FollowsItsOptions) {
     };
     for (const Case& test : cases) {
         for (const std::u16string_view text : test.texts) {
-            EXPECT_EQ(class_of(text, test.options), test.expected)
-                << test.name << ": " << readable(text);
+            EXPECT_EQ(class_of(text, test.options), test.expected) << test.name << ": " << readable(text);
         }
     }
 }

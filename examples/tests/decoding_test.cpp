@@ -22,8 +22,7 @@ struct Decoded {
 };
 
 /// Decodes `bytes`, taken in pieces of `piece_bytes`, by reading `units` at a time.
-Decoded decode(const std::string& bytes, const char* character_set, std::size_t piece_bytes,
-               std::size_t units) {
+Decoded decode(const std::string& bytes, const char* character_set, std::size_t piece_bytes, std::size_t units) {
     std::istringstream stream(bytes.substr(bytes.size() / 3));
     DecodingSource source(stream, bytes.substr(0, bytes.size() / 3), character_set, piece_bytes);
     Decoded decoded;
@@ -66,8 +65,7 @@ TEST(DecodingSource, gives_the_same_text_whatever_the_pieces) {
         for (const std::size_t piece_bytes : sizes) {
             for (const std::size_t units : sizes) {
                 const auto decoded = decode(test.bytes, test.character_set, piece_bytes, units);
-                EXPECT_EQ(decoded, test.expected)
-                    << test.name << ", pieces of " << piece_bytes << ", reads of " << units;
+                EXPECT_EQ(decoded, test.expected) << test.name << ", pieces of " << piece_bytes << ", reads of " << units;
             }
         }
     }
@@ -87,8 +85,7 @@ TEST(CharacterSet, is_found_from_the_bytes) {
         {"empty", "", true, "UTF-8"},
         {"ASCII", "a,b\n1,2\n", true, "UTF-8"},
         {"UTF-8 cut inside a character", "na\xC3\xAFve,caf\xC3", false, "UTF-8"},
-        {"UTF-8 with one fault", "\xC3\xA4,\xC3\xB6,\xC3\xBC,\xC3\x9F,\xC3\xA9,\xFF\n", true,
-         "UTF-8"},
+        {"UTF-8 with one fault", "\xC3\xA4,\xC3\xB6,\xC3\xBC,\xC3\x9F,\xC3\xA9,\xFF\n", true, "UTF-8"},
         {"mark of UTF-16BE", "\xFE\xFF\x04\x1F"s, true, "UTF-16BE"},
         {"mark of UTF-32LE", "\xFF\xFE\0\0a\0\0\0"s, true, "UTF-32LE"},
         {"UTF-16LE without a mark", "a\0,\0b\0\n\0"s, true, "UTF-16LE"},

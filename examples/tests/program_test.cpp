@@ -35,22 +35,19 @@ struct Outcome {
 Outcome run(const std::string& arguments) {
     const auto* test = testing::UnitTest::GetInstance()->current_test_info();
     const std::string files = testing::TempDir() + "detect_layout_" + test->name();
-    const std::string command = "cd " EXAMPLE_DATA " && " DETECT_LAYOUT_PROGRAM " " + arguments +
-                                " >" + files + ".out 2>" + files + ".err";
+    const std::string command =
+        "cd " EXAMPLE_DATA " && " DETECT_LAYOUT_PROGRAM " " + arguments + " >" + files + ".out 2>" + files + ".err";
     const int status = std::system(command.c_str());
     return {WEXITSTATUS(status), content(files + ".out"), content(files + ".err")};
 }
 
 TEST(Program, tells_errors_on_one_line) {
-    for (const char* arguments :
-         {"no_such_file.csv", ".", "--rows many stock.txt", "--layout round x",
-          "--quote ab stock.txt", "--encoding none stock.txt", "",
-          "--widths 3,4 --layout open stock.txt"}) {
+    for (const char* arguments : {"no_such_file.csv", ".", "--rows many stock.txt", "--layout round x", "--quote ab stock.txt",
+                                  "--encoding none stock.txt", "", "--widths 3,4 --layout open stock.txt"}) {
         const Outcome result = run(arguments);
         EXPECT_EQ(result.status, 2) << arguments;
         EXPECT_EQ(result.output, "") << arguments;
-        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1)
-            << arguments << ": " << result.errors;
+        EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << arguments << ": " << result.errors;
     }
 }
 
@@ -72,8 +69,7 @@ TEST(Program, walks_a_directory) {
     const Outcome result = run("--recursive .");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
-    EXPECT_NE(result.output.find("./stock.txt: delimited by vertical bar, 0 header lines, 5"),
-              std::string::npos)
+    EXPECT_NE(result.output.find("./stock.txt: delimited by vertical bar, 0 header lines, 5"), std::string::npos)
         << result.output;
 }
 
@@ -95,10 +91,8 @@ TEST(CommandLine, tells_comment_closers_from_files) {
     for (const Case& test : cases) {
         auto arguments = test.arguments;
         arguments.insert(arguments.begin(), "detect_layout");
-        const auto settings =
-            read_command_line(static_cast<int>(arguments.size()), arguments.data());
-        EXPECT_EQ(settings->options.comment_style, test.comment_style)
-            << testing::PrintToString(test.arguments);
+        const auto settings = read_command_line(static_cast<int>(arguments.size()), arguments.data());
+        EXPECT_EQ(settings->options.comment_style, test.comment_style) << testing::PrintToString(test.arguments);
         EXPECT_EQ(settings->inputs, test.inputs) << testing::PrintToString(test.arguments);
     }
 }
@@ -106,8 +100,7 @@ TEST(CommandLine, tells_comment_closers_from_files) {
 TEST(CommandLine, keeps_the_decimal_mark_from_being_a_delimiter) {
     const std::vector<const char*> plain{"detect_layout", "--decimal", ",", "x"};
     EXPECT_EQ(read_command_line(4, plain.data())->options.excluded_delimiter, u",");
-    const std::vector<const char*> open{"detect_layout",       "--decimal", ",",
-                                        "--exclude-delimiter", "",          "x"};
+    const std::vector<const char*> open{"detect_layout", "--decimal", ",", "--exclude-delimiter", "", "x"};
     EXPECT_EQ(read_command_line(6, open.data())->options.excluded_delimiter, u"");
     const std::vector<const char*> tab{"detect_layout", "--exclude-delimiter", "\\t", "x"};
     EXPECT_EQ(read_command_line(4, tab.data())->options.excluded_delimiter, u"\t");
@@ -141,10 +134,8 @@ TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
     Settings settings;
     settings.options.header_lines = 3;
     settings.options.detect_header_lines = false;
-    const Detection small = detect("-",
-                                   std::make_unique<std::istringstream>(
-                                       "Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"),
-                                   settings);
+    const Detection small =
+        detect("-", std::make_unique<std::istringstream>("Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"), settings);
     EXPECT_EQ(draw_picture(small, {.width = 20, .data_rows = 2}),
               "Title\n# a comment\nname │ size\n─────┼─────\nAnn  │ 41\nBob  │ 37\n⋮ 1 more in the "
               "sample\n");
@@ -154,8 +145,7 @@ TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
     for (int i = 0; i < 40; ++i) {
         row += ";value " + std::to_string(i);
     }
-    const Detection wide =
-        detect("-", std::make_unique<std::istringstream>(row + "\n" + row + "\n"), Settings());
+    const Detection wide = detect("-", std::make_unique<std::istringstream>(row + "\n" + row + "\n"), Settings());
     std::istringstream lines(draw_picture(wide, {.width = 40, .data_rows = 5}));
     for (std::string line; std::getline(lines, line);) {
         EXPECT_LE(printable(to_utf16(line), 1000).width, 40U) << line;

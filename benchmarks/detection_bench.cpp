@@ -1,0 +1,165 @@
+// Whole detection runs over texts of each layout, all rows sampled, set against the reads that they
+// are made of: what is above 1 is valuation, classification, rules and the making of strategies.
+
+#include "measuring.hpp"
+#include "own_reads.hpp"
+#include "textio/textio.hpp"
+#include "texts.hpp"
+
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace bench;
+using textio::Field;
+using textio::GenericStrategy;
+using textio::enums::StrategyMode;
+
+struct Layout {
+    std::string name;
+    std::u16string (*make_rows)(std::size_t);
+    StrategyMode answer;           ///< a run that finds something else measures something else
+    std::u16string delimiter = {}; ///< of a delimited answer
+    DetectionOptions options = {};
+};
+
+DetectionOptions with_decimal_comma() {
+    DetectionOptions options;
+    options.read.excluded_delimiter.assign(1, u',');
+    options.type.decimal_separator = u',';
+    return options;
+}
+
+const std::vector<Layout>& layouts() {
+    static const std::vector<Layout> all{
+        {"comma", comma_rows, StrategyMode::delimited, u","},
+        {"semicolon, decimal comma", semicolon_rows, StrategyMode::delimited, u";",
+         with_decimal_comma()},
+        {"tab", tab_rows, StrategyMode::delimited, u"\t"},
+        {"bar", bar_rows, StrategyMode::delimited, u"|"},
+        {"space-aligned", space_aligned_rows, StrategyMode::space_aligned},
+        {"fixed width", fixed_width_rows, StrategyMode::fixed_width},
+        {"quoted", quoted_rows, StrategyMode::delimited, u","},
+        {"prose", prose_rows, StrategyMode::line_reader},
+        {"a date per line", date_rows, StrategyMode::delimited, u","},
+    };
+    return all;
+}
+
+std::shared_ptr<GenericStrategy> pick(const Field& text, const DetectionOptions& options) {
+    textio::detection::StrategySelector selector(options.read, options.type);
+    return selector.pick_strategy(text, SIZE_MAX);
+}
+
+bool is_answer(const GenericStrategy& strategy, const Layout& layout) {
+    return strategy.mode() == layout.answer &&
+           (layout.answer != StrategyMode::delimited ||
+            strategy.options().delimiters == std::vector{layout.delimiter});
+}
+
+/// The answer's sample is destroyed behind the clock, as with a single read.
+double seconds_of_pick(const Field& text, const DetectionOptions& options) {
+    std::shared_ptr<GenericStrategy> answer;
+    return seconds_of([&] { answer = pick(text, options); });
+}
+
+void measure_pick(benchmark::State& state, const Layout& layout, std::size_t rows) {
+    constexpr double most_reads = 1.25;
+    const std::u16string units = layout.make_rows(rows);
+    const Field text(units);
+    if (!is_answer(*pick(text, layout.options), layout)) {
+        state.SkipWithError("the layout is not recognised");
+        return;
+    }
+    const OwnReads own = own_reads(text, layout.options);
+    CopyTime copy(units);
+    BestTime whole;
+    BestTime reads;
+    for ([[maybe_unused]] auto _ : state) {
+        const double seconds = seconds_of_pick(text, layout.options);
+        whole.add(seconds);
+        reads.add(seconds_of_reads(text, own));
+        copy.measure();
+        state.SetIterationTime(seconds);
+    }
+    report_best_time(state, whole);
+    report(state,
+           std::string("x memcpy, ").append(std::to_string(own.reads.size())).append(" reads"),
+           whole.seconds() / copy.seconds());
+    const double share = whole.seconds() / reads.seconds();
+    if (rows == 10'000) {
+        report(state, "x its own reads", share, most_reads);
+    } else {
+        report(state, "x its own reads", share);
+    }
+}
+
+void measure_pick_growth(benchmark::State& state, const Layout& layout, std::size_t rows) {
+    constexpr double most_growth = 11;
+    const std::u16string small_units = layout.make_rows(rows);
+    const std::u16string large_units = layout.make_rows(10 * rows);
+    BestTime small;
+    BestTime large;
+    for ([[maybe_unused]] auto _ : state) {
+        for (int i = 0; i < 10; ++i) {
+            small.add(seconds_of_pick(Field(small_units), layout.options));
+        }
+        const double seconds = seconds_of_pick(Field(large_units), layout.options);
+        large.add(seconds);
+        state.SetIterationTime(seconds);
+    }
+    report_best_time(state, large);
+    report(state, "x the time", large.seconds() / small.seconds(), most_growth);
+}
+
+/// One line of a million units in front of 100,000 short ones, only fixed widths to be tried,
+/// against the short lines alone.
+void measure_long_line(benchmark::State& state) {
+    constexpr std::size_t long_units = 1'000'000;
+    constexpr double most_growth = 2;
+    DetectionOptions options;
+    options.read.layout_hint = textio::parser::layout::fixed_width;
+    const std::u16string short_lines = fixed_width_rows(100'000);
+    RandomSource random;
+    std::u16string units;
+    while (units.size() < long_units) {
+        units += random.letters(random.between(1, 9)) + u' ';
+    }
+    units += u'\n' + short_lines;
+    BestTime with;
+    BestTime without;
+    for ([[maybe_unused]] auto _ : state) {
+        const double seconds = seconds_of_pick(Field(units), options);
+        with.add(seconds);
+        without.add(seconds_of_pick(Field(short_lines), options));
+        state.SetIterationTime(seconds);
+    }
+    report_best_time(state, with);
+    const auto per_unit = [](const BestTime& time, const std::u16string& text) {
+        return time.seconds() / static_cast<double>(text.size());
+    };
+    report(state, "x the time per unit without it",
+           per_unit(with, units) / per_unit(without, short_lines), most_growth);
+}
+
+const bool added = [] {
+    for (const Layout& layout : layouts()) {
+        const std::string name = "detection, " + layout.name;
+        for (const std::size_t rows : {250U, 10'000U, 100'000U}) {
+            benchmark::RegisterBenchmark((name + ", " + std::to_string(rows) + " rows").c_str(),
+                                         measure_pick, layout, rows)
+                ->UseManualTime();
+        }
+        constexpr std::size_t small_rows = 10'000;
+        benchmark::RegisterBenchmark((name + ", 10 x 10000 rows").c_str(), measure_pick_growth,
+                                     layout, small_rows)
+            ->UseManualTime();
+    }
+    benchmark::RegisterBenchmark("detection, fixed width, a line of a million units",
+                                 measure_long_line)
+        ->UseManualTime();
+    return true;
+}();
+
+} // namespace

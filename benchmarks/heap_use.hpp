@@ -1,0 +1,21 @@
+/// \file
+/// What the program takes from the heap. Linking heap_use.cpp replaces the global `operator new`.
+#pragma once
+
+#include <cstddef>
+
+namespace bench {
+
+/// Figures since the start of the program.
+struct HeapUse {
+    std::size_t allocations; ///< calls of `operator new`
+    std::size_t held_bytes;  ///< asked for and not given back yet
+    std::size_t peak_bytes;  ///< the most that was ever held since `restart_peak`
+};
+
+HeapUse heap_use() noexcept;
+
+/// Lets the peak start anew from what is held now.
+void restart_peak() noexcept;
+
+} // namespace bench

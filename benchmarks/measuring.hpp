@@ -1,0 +1,103 @@
+/// \file
+/// How time is measured, and how figures are handed to the table.
+///
+/// The machine may be busy with other things, which only ever makes a run slower. So the best of
+/// many runs counts, and what is compared is run in turns in one process.
+#pragma once
+
+#include <benchmark/benchmark.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstring>
+#include <ctime>
+#include <limits>
+#include <string>
+#include <string_view>
+
+namespace bench {
+
+/// The seconds that this thread has been running.
+inline double thread_seconds() {
+    constexpr double nano = 1e-9;
+    timespec time{};
+    clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * nano;
+}
+
+/// The seconds that one call of `action` takes. Among many short calls there is one that nothing
+/// disturbs, so their time is what passes on the wall. A long call is always interrupted on a busy
+/// machine; its time is what this thread was running, on a clock too coarse for short ones.
+template <class Action>
+double seconds_of(Action&& action) {
+    constexpr double longest_undisturbed = 2e-3;
+    const double thread_start = thread_seconds();
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    benchmark::ClobberMemory();
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - start;
+    return passed.count() < longest_undisturbed ? passed.count() : thread_seconds() - thread_start;
+}
+
+/// The shortest of several times.
+class BestTime {
+public:
+    void add(double seconds) noexcept { seconds_ = std::min(seconds_, seconds); }
+    [[nodiscard]] double seconds() const noexcept { return seconds_; }
+
+private:
+    double seconds_ = std::numeric_limits<double>::infinity();
+};
+
+/// The time of a memcpy of one text, the measure of all reads.
+class CopyTime {
+public:
+    explicit CopyTime(std::u16string_view text) : text_(text), copy_(text) {}
+
+    /// Copies the text a few times. The first copy, which finds other things in the cache, is not
+    /// timed.
+    void measure() {
+        constexpr int copies = 8;
+        copy();
+        const double seconds = seconds_of([this] {
+            for (int i = 0; i < copies; ++i) {
+                copy();
+            }
+        });
+        best_.add(seconds / copies);
+    }
+
+    [[nodiscard]] double seconds() const noexcept { return best_.seconds(); }
+
+private:
+    void copy() {
+        std::memcpy(copy_.data(), text_.data(), text_.size() * sizeof(char16_t));
+        benchmark::ClobberMemory();
+    }
+
+    std::u16string_view text_;
+    std::u16string copy_;
+    BestTime best_;
+};
+
+/// Names that the table knows; a figure's target has the figure's name with this behind it.
+inline constexpr const char* best_time_name = "best time";
+inline constexpr std::string_view target_suffix = ", at most";
+
+inline void report_best_time(benchmark::State& state, const BestTime& time) {
+    state.counters[best_time_name] = time.seconds();
+}
+
+/// A figure without a target.
+inline void report(benchmark::State& state, const std::string& figure, double value) {
+    state.counters[figure] = value;
+}
+
+/// A figure that is to be at most `target`.
+inline void report(benchmark::State& state, const std::string& figure, double value,
+                   double target) {
+    report(state, figure, value);
+    report(state, figure + std::string(target_suffix), target);
+}
+
+} // namespace bench

@@ -1,0 +1,185 @@
+// One read of a text under one layout, by the way that every candidate of a detection run takes:
+// `read_sample` without the valuation. Making the strategy and destroying the sample is not timed;
+// building the reader from the options and growing the sample is.
+
+#include "heap_use.hpp"
+#include "measuring.hpp"
+#include "parser/read_sample.hpp"
+#include "texts.hpp"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace {
+
+using namespace bench;
+using textio::DelimitedStrategy;
+using textio::Field;
+using textio::FixedWidthStrategy;
+using textio::GenericStrategy;
+using textio::LineReaderStrategy;
+using textio::SpaceAlignedStrategy;
+using zentor::io::text::typedetection::TypeAnalyzerOptions;
+
+using MakeStrategy = std::function<std::shared_ptr<GenericStrategy>()>;
+
+constexpr std::size_t text_units = 100'000;
+
+textio::parser::options options_without_comments() {
+    textio::parser::options options;
+    options.comment_style.clear();
+    return options;
+}
+
+MakeStrategy delimited(char16_t delimiter) {
+    return [delimiter] {
+        return std::make_shared<DelimitedStrategy>(options_without_comments(),
+                                                   TypeAnalyzerOptions(), delimiter);
+    };
+}
+
+std::shared_ptr<GenericStrategy> delimited_with_comments() {
+    return std::make_shared<DelimitedStrategy>(textio::parser::options(), TypeAnalyzerOptions(),
+                                               u',');
+}
+
+std::shared_ptr<GenericStrategy> one_field_per_line() {
+    return std::make_shared<LineReaderStrategy>(options_without_comments(), TypeAnalyzerOptions());
+}
+
+std::shared_ptr<GenericStrategy> space_aligned() {
+    return std::make_shared<SpaceAlignedStrategy>(options_without_comments(),
+                                                  TypeAnalyzerOptions());
+}
+
+std::shared_ptr<GenericStrategy> fixed_width() {
+    constexpr std::size_t width = 8;
+    return std::make_shared<FixedWidthStrategy>(options_without_comments(), TypeAnalyzerOptions(),
+                                                std::vector<std::size_t>(table_columns, width));
+}
+
+/// A read's own figures; what it made is destroyed before the next.
+struct ReadFigures {
+    double seconds;
+    std::size_t allocations;
+};
+
+ReadFigures read_once(const Field& text, const MakeStrategy& make_strategy) {
+    const std::shared_ptr<GenericStrategy> strategy = make_strategy();
+    textio::output::DetectionOutputBuilder builder;
+    builder.text = &text;
+    builder.sample_lines = SIZE_MAX;
+    const std::size_t allocations_before = heap_use().allocations;
+    const double seconds =
+        seconds_of([&] { textio::parser::read_sample(builder, strategy, false); });
+    return {seconds, heap_use().allocations - allocations_before};
+}
+
+void add_read(const std::string& name, std::function<std::u16string()> make_text,
+              MakeStrategy make_strategy, std::optional<double> most_copies = std::nullopt) {
+    benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
+        const std::u16string text = make_text();
+        CopyTime copy(text);
+        BestTime read;
+        for ([[maybe_unused]] auto _ : state) {
+            const double seconds = read_once(Field(text), make_strategy).seconds;
+            read.add(seconds);
+            copy.measure();
+            state.SetIterationTime(seconds);
+        }
+        report_best_time(state, read);
+        const double copies = read.seconds() / copy.seconds();
+        if (most_copies) {
+            report(state, "x memcpy", copies, *most_copies);
+        } else {
+            report(state, "x memcpy", copies);
+        }
+    })->UseManualTime();
+}
+
+/// Compares a text with one of ten times as many rows, and counts what its read allocates.
+void add_growth(const std::string& reader, std::function<std::u16string(std::size_t)> make_text,
+                MakeStrategy make_strategy) {
+    constexpr double most_growth = 11;
+    constexpr double most_allocations = 64;
+    for (const std::size_t rows : {1'000U, 10'000U}) {
+        const std::string name = reader + ", 10 x " + std::to_string(rows) + " rows";
+        benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
+            const std::u16string small_text = make_text(rows);
+            const std::u16string large_text = make_text(10 * rows);
+            BestTime small;
+            BestTime large;
+            for ([[maybe_unused]] auto _ : state) {
+                for (int i = 0; i < 10; ++i) {
+                    small.add(read_once(Field(small_text), make_strategy).seconds);
+                }
+                const double seconds = read_once(Field(large_text), make_strategy).seconds;
+                large.add(seconds);
+                state.SetIterationTime(seconds);
+            }
+            report_best_time(state, large);
+            report(state, "x the time", large.seconds() / small.seconds(), most_growth);
+        })->UseManualTime();
+    }
+    for (const std::size_t rows : {1'000U, 10'000U, 100'000U}) {
+        const std::string name = reader + ", " + std::to_string(rows) + " rows";
+        benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
+            const std::u16string text = make_text(rows);
+            std::size_t allocations = 0;
+            for ([[maybe_unused]] auto _ : state) {
+                allocations = read_once(Field(text), make_strategy).allocations;
+            }
+            report(state, "allocations in one read", static_cast<double>(allocations),
+                   most_allocations);
+        })->Iterations(1);
+    }
+}
+
+std::function<std::u16string()> table(const TableShape& shape) {
+    return [shape] { return table_of_units(shape, text_units); };
+}
+
+TableShape with_fields_of(std::size_t units) {
+    return {.least_field_units = units, .most_field_units = units};
+}
+
+const bool added = [] {
+    for (const std::size_t units : {4U, 8U, 16U, 60U}) {
+        const std::string fields = "fields of " + std::to_string(units);
+        const TableShape shape = with_fields_of(units);
+        const auto target = units == 8    ? std::optional(14.0)
+                            : units == 60 ? std::optional(7.0)
+                                          : std::nullopt;
+        add_read("delimited read, " + fields, table(shape), delimited(u','), target);
+        add_read("delimited read, delimiter absent, " + fields, table(shape), delimited(u';'), 6.0);
+    }
+    const TableShape uneven{.least_field_units = 2, .most_field_units = 14};
+    const TableShape quoted{.quoted = true};
+    const TableShape pairs{.line_ending = u"\r\n"};
+    const TableShape aligned{.most_blanks = 8};
+    add_read("delimited read, fields of 2 to 14", table(uneven), delimited(u','));
+    add_read("delimited read, fields of 8, quoted", table(quoted), delimited(u','));
+    add_read("delimited read, fields of 8, CR LF", table(pairs), delimited(u','));
+    add_read("delimited read, fields of 8, comments", table({}), delimited_with_comments);
+    add_read("line read", table({}), one_field_per_line, 6.0);
+    add_read("line read, CR LF", table(pairs), one_field_per_line);
+    add_read(
+        "fixed-width read, ten columns of 8", [] { return fixed_width_table_of_units(text_units); },
+        fixed_width, 16.0);
+    add_read("space-aligned read, columns of 8, 1 to 8 blanks", table(aligned), space_aligned,
+             20.0);
+
+    const auto rows_of = [](const TableShape& shape) {
+        return [shape](std::size_t rows) { return table_of_rows(shape, rows); };
+    };
+    add_growth("delimited read", rows_of({}), delimited(u','));
+    add_growth("line read", rows_of({}), one_field_per_line);
+    add_growth("fixed-width read", fixed_width_table_of_rows, fixed_width);
+    add_growth("space-aligned read", rows_of(aligned), space_aligned);
+    return true;
+}();
+
+} // namespace

@@ -1,0 +1,47 @@
+"""The Conan recipe (Conan 2): `conan create .`"""
+
+import re
+
+from conan import ConanFile
+from conan.tools.cmake import CMake, CMakeToolchain, cmake_layout
+from conan.tools.files import load
+
+
+class TextFormatDetection(ConanFile):
+    name = "text_format_detection"
+    description = "Works out how a tabular text is laid out before it is imported"
+    package_type = "library"
+    settings = "os", "arch", "compiler", "build_type"
+    options = {"shared": [True, False], "bundled_is_datetime": [True, False]}
+    default_options = {"shared": False, "bundled_is_datetime": True}
+    exports_sources = "CMakeLists.txt", "cmake/*", "include/*", "packaging/*", "src/*"
+
+    def set_version(self):
+        project = load(self, f"{self.recipe_folder}/CMakeLists.txt")
+        self.version = re.search(r"VERSION ([0-9.]+)", project.split("project(")[1]).group(1)
+
+    def layout(self):
+        cmake_layout(self)
+
+    def generate(self):
+        toolchain = CMakeToolchain(self)
+        toolchain.cache_variables["TEXTIO_DEVELOPER"] = False
+        toolchain.cache_variables["TEXTIO_BUNDLED_IS_DATETIME"] = bool(
+            self.options.bundled_is_datetime)
+        toolchain.generate()
+
+    def build(self):
+        cmake = CMake(self)
+        cmake.configure()
+        cmake.build()
+
+    def package(self):
+        CMake(self).install()
+
+    def package_info(self):
+        self.cpp_info.libs = ["text_format_detection"]
+        self.cpp_info.set_property("cmake_target_name",
+                                   "text_format_detection::text_format_detection")
+        self.cpp_info.set_property("pkg_config_name", "text_format_detection")
+        if not self.options.shared:
+            self.cpp_info.defines = ["TEXTIO_STATIC_DEFINE"]

@@ -1,0 +1,88 @@
+#!/usr/bin/env python3
+"""Runs the Conan recipe as `conan create` would, as far as the recipe's own lines can be right or
+wrong: copies what it exports, sets its version, configures, builds and installs with CMake.
+
+    conan_create.py RECIPE FOLDER VERSION
+"""
+
+import pathlib
+import runpy
+import shutil
+import subprocess
+import sys
+import types
+
+
+class ConanFile:
+    def __init__(self, recipe_folder, source, prefix):
+        self.recipe_folder, self.source, self.prefix = recipe_folder, source, prefix
+        self.options = types.SimpleNamespace(**self.default_options)
+        self.cpp_info = types.SimpleNamespace(properties={})
+        self.cpp_info.set_property = self.cpp_info.properties.__setitem__
+
+
+class CMakeToolchain:
+    def __init__(self, recipe):
+        self.recipe, self.cache_variables = recipe, {}
+
+    def generate(self):
+        self.recipe.cache_variables = self.cache_variables
+
+
+class CMake:
+    def __init__(self, recipe):
+        self.recipe, self.build_folder = recipe, recipe.source / "build"
+
+    def configure(self):
+        variables = {"CMAKE_BUILD_TYPE": "Release", "CMAKE_INSTALL_LIBDIR": "lib",
+                     **self.recipe.cache_variables}
+        self.cmake("-G", "Ninja", "-S", self.recipe.source, "-B", self.build_folder,
+                   *[f"-D{name}={value}" for name, value in variables.items()])
+
+    def build(self):
+        self.cmake("--build", self.build_folder)
+
+    def install(self):
+        self.cmake("--install", self.build_folder, "--prefix", self.recipe.prefix)
+
+    @staticmethod
+    def cmake(*arguments):
+        subprocess.run(["cmake", *arguments], check=True, stdout=subprocess.DEVNULL)
+
+
+def stand_in(name, **members):
+    sys.modules[name] = types.ModuleType(name)
+    vars(sys.modules[name]).update(members)
+
+
+def main():
+    recipe_file, folder, version = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
+    stand_in("conan", ConanFile=ConanFile)
+    stand_in("conan.tools")
+    stand_in("conan.tools.cmake", CMake=CMake, CMakeToolchain=CMakeToolchain,
+             cmake_layout=lambda recipe: None)
+    stand_in("conan.tools.files", load=lambda recipe, file: pathlib.Path(file).read_text())
+    recipe_class = runpy.run_path(str(recipe_file))["TextFormatDetection"]
+    source = folder / "source"
+    for pattern in recipe_class.exports_sources:
+        for file in recipe_file.parent.glob(pattern):
+            copy = source / file.relative_to(recipe_file.parent)
+            copy.parent.mkdir(parents=True, exist_ok=True)
+            (shutil.copytree if file.is_dir() else shutil.copy)(file, copy)
+
+    recipe = recipe_class(recipe_file.parent, source, folder / "prefix")
+    recipe.set_version()
+    if recipe.version != version:
+        sys.exit(f"the recipe's version is {recipe.version}")
+    recipe.layout()
+    recipe.generate()
+    recipe.build()
+    recipe.package()
+    recipe.package_info()
+    for library in recipe.cpp_info.libs:
+        if not (recipe.prefix / f"lib/lib{library}.a").exists():
+            sys.exit(f"the recipe names a library that it does not install: {library}")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,28 @@
+# Runs a port as vcpkg would, as far as the port's own lines can be right or wrong:
+#   cmake -D PORT=folder -D CURRENT_PACKAGES_DIR=prefix -D BUILD=folder -P vcpkg.cmake
+function(run)
+  execute_process(COMMAND ${ARGV} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+function(vcpkg_cmake_configure)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" SOURCE_PATH OPTIONS)
+  run("${CMAKE_COMMAND}" -G Ninja -S "${arg_SOURCE_PATH}" -B "${BUILD}" -D CMAKE_BUILD_TYPE=Release
+      -D "CMAKE_INSTALL_PREFIX=${CURRENT_PACKAGES_DIR}" -D CMAKE_INSTALL_LIBDIR=lib ${arg_OPTIONS})
+endfunction()
+
+function(vcpkg_cmake_install)
+  run("${CMAKE_COMMAND}" --build "${BUILD}" --target install)
+endfunction()
+
+function(vcpkg_cmake_config_fixup)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" "CONFIG_PATH;PACKAGE_NAME" "")
+  set(config "${CURRENT_PACKAGES_DIR}/${arg_CONFIG_PATH}/${arg_PACKAGE_NAME}-config.cmake")
+  if(NOT EXISTS "${config}")
+    message(FATAL_ERROR "the port installs no ${config}")
+  endif()
+endfunction()
+
+function(vcpkg_fixup_pkgconfig)
+endfunction()
+
+include("${PORT}/portfile.cmake")
