@@ -63,7 +63,7 @@ std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin,
 std::uint64_t UnitSearch::plain_mask(const UnitSearch& search, const char16_t* units) noexcept {
     std::uint64_t hits = 0;
     for (std::size_t i = 0; i < block_units; ++i) {
-        hits |= std::uint64_t{search.set_.contains(units[i])} << i;
+        hits |= std::uint64_t{search.set_.contains(units[i]) ? 1U : 0U} << i;
     }
     return hits;
 }
@@ -74,6 +74,10 @@ namespace {
 
 __m128i load(const void* bytes) noexcept {
     return _mm_loadu_si128(static_cast<const __m128i*>(bytes));
+}
+
+void store(void* bytes, __m128i units) noexcept {
+    _mm_store_si128(static_cast<__m128i*>(bytes), units);
 }
 
 std::uint64_t bits(__m128i bytes) noexcept {
@@ -126,7 +130,7 @@ void UnitSearch::choose_mask() noexcept {
     for (std::size_t i = 0; i < units.size(); ++i) {
         const __m128i copies = fit_in_bytes ? _mm_set1_epi8(static_cast<char>(units[i]))
                                             : _mm_set1_epi16(static_cast<short>(units[i]));
-        _mm_store_si128(reinterpret_cast<__m128i*>(compared_[i].data()), copies);
+        store(compared_[i].data(), copies);
     }
 }
 

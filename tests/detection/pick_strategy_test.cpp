@@ -121,6 +121,18 @@ TEST(PickStrategy, KnowsWhatTheHostKnows) {
              o.header_lines = 2;
          },
          "widths 1, header 2, 1 variables"},
+        {"a header to be found, given as past the end", u"ab\ncd ef\n",
+         [](auto& o) {
+             o.layout_hint = parser::layout::fixed_width;
+             o.header_lines = 9;
+         },
+         "widths 1, header 9, 1 variables"},
+        {"a header as long as the data", u"ab cd\n12 34\n56 78\n",
+         [](auto& o) {
+             o.layout_hint = parser::layout::fixed_width;
+             o.header_lines = 1;
+         },
+         "widths 2 3, header 0, 2 variables"},
         {"given widths", u"Title\nabcd\nefgh\nijkl\n",
          [](auto& o) {
              o.layout_hint = parser::layout::fixed_width;

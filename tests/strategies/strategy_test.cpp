@@ -144,7 +144,8 @@ TEST(Valuation, TakesEachWay) {
 
 TEST(Valuation, HappensOnce) {
     DelimitedStrategy strategy(parser::options(), Types(), u',');
-    const std::u16string text = u"ab";
+    strategy.reset_whitespace(u"_");
+    const std::u16string text = u"_1";
     auto sample = std::make_unique<FieldArray>();
     for (int line = 0; line < 3; ++line) {
         const Field fields[] = {Field(text), Field(text)};
@@ -152,6 +153,7 @@ TEST(Valuation, HappensOnce) {
     }
     strategy.field_array(std::move(sample));
     EXPECT_EQ(strategy.valuation().num_lines, 3U);
+    EXPECT_EQ(strategy.valuation().numeric_variables, 2U);
     strategy.field_array(std::make_unique<FieldArray>());
     EXPECT_EQ(strategy.valuation().num_lines, 3U);
     EXPECT_EQ(strategy.field_array()->line_count(), 0U);
