@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <vector>
 
 namespace {
@@ -38,97 +37,82 @@ TEST(DelimitedReader, FindsFields) {
     }
 }
 
-using Change = std::function<void(options&)>;
-
-struct RuleCase {
-    const char* name;
-    Change change;
-    std::u16string text;
-    std::string expected;
+/// The rules for consecutive, leading and trailing delimiters.
+struct Rules {
+    std::uint8_t consecutive, leading, trailing;
 };
 
-void expect_readings(const std::vector<RuleCase>& cases) {
-    for (const RuleCase& c : cases) {
+TEST(DelimitedReader, DelimitersGoByTheirRules) {
+    namespace run = consecutive_delimiters;
+    namespace lead = leading_delimiters;
+    namespace trail = trailing_delimiters;
+    struct Case {
+        const char* name;
+        Rules rules;
+        std::u16string text;
+        std::string expected;
+    };
+    const std::vector<Case> cases{
+        {"separate", {run::separate, lead::keep, trail::keep}, u"a,b,\n,c\n", "[a][b][]/[][c]/ 8 2 2"},
+        {"merge keeps one at the end", {run::merge, lead::keep, trail::keep}, u"a,,b,,\n", "[a][b][]/ 7 1 1"},
+        {"merge and drop", {run::merge, lead::keep, trail::drop}, u"a,,b,,\n", "[a][b]/ 7 1 1"},
+        {"skip", {run::separate, lead::skip, trail::keep}, u",,a\n,,\n", "[a]// 7 2 1"},
+        {"leading error", {run::separate, lead::error, trail::keep}, u"a\n,a\n", "[a]/ leading record 0 field 0"},
+        {"a blank in front hides it", {run::separate, lead::error, trail::keep}, u" ,a\n", "[ ][a]/ 4 1 1"},
+        {"drop all", {run::separate, lead::keep, trail::drop}, u"a\n,,,\nb,\n", "[a]//[b]/ 9 3 2"},
+        {"trailing error", {run::separate, lead::keep, trail::error}, u"a\na,\n", "[a]/ trailing record 0 field 0"},
+        {"no trailing error", {run::separate, lead::keep, trail::error}, u"a\n", "[a]/ 2 1 1"},
+        {"consecutive error", {run::error, lead::keep, trail::keep}, u"a\na,,b\n", "[a]/ consecutive record 0 field 0"},
+        {"error put off", {run::error, lead::keep, trail::drop}, u"a,,b\n", " consecutive record 0 field 0"},
+        {"forgiven at the end", {run::error, lead::keep, trail::drop}, u"a,b,,\n", "[a][b]/ 6 1 1"},
+        {"put off behind the first field", {run::error, lead::keep, trail::drop}, u",,,\n", "/ 4 1 0"},
+        {"not only at the end", {run::error, lead::keep, trail::drop}, u"a,,b,,\n", " consecutive record 0 field 0"},
+        {"consecutive first", {run::error, lead::keep, trail::error}, u"a,,\n", " consecutive record 0 field 0"},
+        {"values outside the tables", {7, 7, 7}, u",a,,\n", "[][a][][]/ 5 1 1"},
+    };
+    for (const Case& c : cases) {
         options options = comma_options();
-        c.change(options);
+        options.consecutive_delimiters_rule = c.rules.consecutive;
+        options.leading_delimiters_rule = c.rules.leading;
+        options.trailing_delimiters_rule = c.rules.trailing;
         EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options), c.expected) << c.name << ": " << shown(c.text);
     }
 }
 
-TEST(DelimitedReader, DelimitersGoByTheirRules) {
-    const Change none = [](options&) {};
-    const Change merge = [](options& o) { o.consecutive_delimiters_rule = consecutive_delimiters::merge; };
-    const Change merge_drop = [](options& o) {
-        o.consecutive_delimiters_rule = consecutive_delimiters::merge;
-        o.trailing_delimiters_rule = trailing_delimiters::drop;
+TEST(DelimitedReader, OddSets) {
+    struct Case {
+        const char* name;
+        std::vector<std::u16string> delimiters;
+        std::u16string whitespace;
+        std::u16string text;
+        std::string expected;
     };
-    const Change error = [](options& o) { o.consecutive_delimiters_rule = consecutive_delimiters::error; };
-    const Change error_drop = [](options& o) {
-        o.consecutive_delimiters_rule = consecutive_delimiters::error;
-        o.trailing_delimiters_rule = trailing_delimiters::drop;
+    const std::vector<Case> cases{
+        {"none", {}, u" ", u"a,b\n", "[a,b]/ 4 1 1"},
+        {"several", {u";", u","}, u" ", u"a;b,c\n", "[a][b][c]/ 6 1 1"},
+        {"two units, and its first alone", {u"::"}, u" ", u"a:b::c:\n", "[a:b][c:]/ 8 1 1"},
+        {"the longest wins", {u"-", u"->"}, u" ", u"a->b-c\n", "[a][b][c]/ 7 1 1"},
+        {"a line ending goes first", {u"\n", u","}, u" ", u"a,b\nc", "[a][b]/[c]/ 5 2 2"},
+        {"the quote", {u"\""}, u" ", u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2"},
+        {"blanks that are line endings", {u","}, u" \n", u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2"},
+        {"the end of the text", {u"\uFFFF"}, u" ", u"a", "[a]/ 1 1 1"},
     };
-    const Change error_error = [](options& o) {
-        o.consecutive_delimiters_rule = consecutive_delimiters::error;
-        o.trailing_delimiters_rule = trailing_delimiters::error;
-    };
-    const Change skip = [](options& o) { o.leading_delimiters_rule = leading_delimiters::skip; };
-    const Change lead_error = [](options& o) { o.leading_delimiters_rule = leading_delimiters::error; };
-    const Change drop = [](options& o) { o.trailing_delimiters_rule = trailing_delimiters::drop; };
-    const Change trail_error = [](options& o) { o.trailing_delimiters_rule = trailing_delimiters::error; };
-    expect_readings({
-        {"separate", none, u"a,b,\n,c\n", "[a][b][]/[][c]/ 8 2 2"},
-        {"merge keeps one at the end", merge, u"a,,b,,\n", "[a][b][]/ 7 1 1"},
-        {"merge and drop", merge_drop, u"a,,b,,\n", "[a][b]/ 7 1 1"},
-        {"skip", skip, u",,a\n,,\n", "[a]// 7 2 1"},
-        {"leading error", lead_error, u"a\n,a\n", "[a]/ leading record 0 field 0"},
-        {"a blank in front hides it", lead_error, u" ,a\n", "[ ][a]/ 4 1 1"},
-        {"drop all", drop, u"a\n,,,\nb,\n", "[a]//[b]/ 9 3 2"},
-        {"trailing error", trail_error, u"a\na,\n", "[a]/ trailing record 0 field 0"},
-        {"no trailing error", trail_error, u"a\n", "[a]/ 2 1 1"},
-        {"consecutive error", error, u"a\na,,b\n", "[a]/ consecutive record 0 field 0"},
-        {"error put off", error_drop, u"a,,b\n", " consecutive record 0 field 0"},
-        {"forgiven at the end", error_drop, u"a,b,,\n", "[a][b]/ 6 1 1"},
-        {"put off behind the first field", error_drop, u",,,\n", "/ 4 1 0"},
-        {"put off and not at the end", error_drop, u"a,,b,,\n", " consecutive record 0 field 0"},
-        {"consecutive before trailing", error_error, u"a,,\n", " consecutive record 0 field 0"},
-        {"values outside the table",
-         [](options& o) {
-             o.consecutive_delimiters_rule = o.leading_delimiters_rule = 7;
-             o.trailing_delimiters_rule = 7;
-         },
-         u",a,,\n", "[][a][][]/ 5 1 1"},
-    });
+    for (const Case& c : cases) {
+        options options = comma_options();
+        options.delimiters = c.delimiters;
+        options.whitespace = c.whitespace;
+        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options), c.expected) << c.name << ": " << shown(c.text);
+    }
 }
 
-TEST(DelimitedReader, OddSets) {
-    expect_readings({
-        {"none", [](options& o) { o.delimiters = {}; }, u"a,b\n", "[a,b]/ 4 1 1"},
-        {"several",
-         [](options& o) {
-             o.delimiters = {u";", u","};
-         },
-         u"a;b,c\n", "[a][b][c]/ 6 1 1"},
-        {"two units, and its first alone", [](options& o) { o.delimiters = {u"::"}; }, u"a:b::c:\n", "[a:b][c:]/ 8 1 1"},
-        {"the longest wins",
-         [](options& o) {
-             o.delimiters = {u"-", u"->"};
-         },
-         u"a->b-c\n", "[a][b][c]/ 7 1 1"},
-        {"a line ending goes first",
-         [](options& o) {
-             o.delimiters = {u"\n", u","};
-         },
-         u"a,b\nc", "[a][b]/[c]/ 5 2 2"},
-        {"the quote", [](options& o) { o.delimiters = {u"\""}; }, u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2"},
-        {"blanks that are line endings", [](options& o) { o.whitespace = u" \n"; }, u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2"},
-        {"the end of the text",
-         [](options& o) {
-             o.delimiters = {u"\uFFFF"};
-             o.leading_delimiters_rule = leading_delimiters::skip;
-             o.consecutive_delimiters_rule = consecutive_delimiters::merge;
-         },
-         u"a", "[a]/ 1 1 1"},
-    });
+TEST(DelimitedReader, WhatSkippedDelimitersLeadTo) {
+    options options = comma_options();
+    options.comment_style = {u"#"};
+    options.leading_delimiters_rule = leading_delimiters::skip;
+    EXPECT_EQ(reading<DelimitedRecordReader>(u"a,b\n ,# c,d\ne,f\n", options), "[a][b]//[e][f]/ 16 3 2")
+        << "a comment, behind blanks too";
+    options.delimiters = {u"\uFFFF"};
+    EXPECT_EQ(reading<DelimitedRecordReader>(u"a", options), "[a]/ 1 1 1") << "past the end there is none";
 }
 
 } // namespace
