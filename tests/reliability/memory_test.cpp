@@ -18,7 +18,12 @@ std::size_t blocks_in_use = 0;
 
 // Inlined, they would look like mismatched pairs of calls to the compiler.
 [[gnu::noinline]] void* operator new(std::size_t size) {
-    const bool fails = allocations_until_failure != never && allocations_until_failure-- == 0;
+    const bool fails = allocations_until_failure == 0;
+    if (fails) {
+        allocations_until_failure = never;
+    } else if (allocations_until_failure != never) {
+        --allocations_until_failure;
+    }
     void* const block = fails ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
     if (block == nullptr) {
         throw std::bad_alloc();
@@ -32,7 +37,28 @@ std::size_t blocks_in_use = 0;
     std::free(block);
 }
 
+// All forms, as a sanitizer has forms of its own that would not call these.
+void* operator new[](std::size_t size) {
+    return operator new(size);
+}
+
+void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
+    try {
+        return operator new(size);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
 void operator delete(void* block, std::size_t /*size*/) noexcept {
+    operator delete(block);
+}
+
+void operator delete[](void* block) noexcept {
+    operator delete(block);
+}
+
+void operator delete[](void* block, std::size_t /*size*/) noexcept {
     operator delete(block);
 }
 
