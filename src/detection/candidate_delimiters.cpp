@@ -61,12 +61,12 @@ std::u16string get_candidate_delims(const FieldArray& lines) {
     std::u16string delims;
     PunctuationSearch search(delims);
     std::size_t entry = 0;
-    for (const Field& field : lines.fields) {
-        if (!is_filled(field)) {
+    for (auto field = lines.fields.begin(); entry < last; ++field) {
+        if (!is_filled(*field)) {
             continue;
         }
-        if (entry >= first && entry < last) {
-            add_delimiters(field, search, delims);
+        if (entry >= first) {
+            add_delimiters(*field, search, delims);
         }
         ++entry;
     }

@@ -18,11 +18,12 @@ constexpr std::u16string_view blank_characters = u" \t";
 /// A reading whose lines stray further than this from their typical field count is no table.
 constexpr double least_refused_variation = 1.0;
 
-std::size_t text_length(std::span<const Field> line) {
-    if (line.empty()) {
-        return 0;
+/// The length of `line` without the blanks at its end, but no less than `least`.
+std::size_t text_length(std::span<const Field> line, std::size_t least) {
+    if (line.empty() || line.front().size <= least) {
+        return least;
     }
-    return line.front().view().find_last_not_of(blank_characters) + 1;
+    return least + line.front().view().substr(least).find_last_not_of(blank_characters) + 1;
 }
 
 /// Whether the lines from `first_line` on could be padded out to columns: none of them ends before
@@ -33,7 +34,7 @@ bool lines_look_padded(const FieldArray& line_sample, std::size_t first_line) {
     for (std::size_t line = first_line; line < line_sample.line_count(); ++line) {
         const std::size_t length = line_length(line_sample, line);
         shortest = std::min(shortest, length);
-        longest_text = std::max(longest_text, text_length(line_sample.line(line)));
+        longest_text = text_length(line_sample.line(line), longest_text);
         if (length != 0 && longest_text > shortest) {
             return false;
         }
@@ -110,22 +111,22 @@ private:
     /// A blank separates columns, or fields. A reading at each blank is tried beside the aligned
     /// one only if it gives at least as large a share of its columns a class.
     void add_blank_layouts() {
-        const auto space_aligned = read_space_aligned();
-        const bool added = add_aligned_layout(space_aligned);
+        auto space_aligned = read_space_aligned();
+        const double aligned_share = classified_share(space_aligned->valuation());
+        const bool added = add_aligned_layout(std::move(space_aligned));
         auto space_delimited = make_delimited(blank);
         parser::read_sample(builder_, space_delimited, true);
-        if (!added || classified_share(space_delimited->valuation()) >=
-                          classified_share(space_aligned->valuation())) {
+        if (!added || classified_share(space_delimited->valuation()) >= aligned_share) {
             add_if_possible(std::move(space_delimited));
         }
     }
 
-    bool add_aligned_layout(const std::shared_ptr<GenericStrategy>& space_aligned) {
+    bool add_aligned_layout(std::shared_ptr<GenericStrategy> space_aligned) {
         if (!can_be_fixed_width(*space_aligned)) {
-            return add_if_possible(space_aligned);
+            return add_if_possible(std::move(space_aligned));
         }
-        add_possible_fixed_strategy(space_aligned, text_, line_sample_, candidates_, options_,
-                                    type_options_, builder_);
+        add_possible_fixed_strategy(std::move(space_aligned), text_, line_sample_, candidates_,
+                                    options_, type_options_, builder_);
         return true;
     }
 

@@ -102,6 +102,7 @@ void add_possible_fixed_strategy(std::shared_ptr<GenericStrategy> space_candidat
         candidates.push_back(std::move(space_candidate));
         return;
     }
+    space_candidate.reset(); // the next read can use its memory
     if (found.widths.empty()) {
         found.widths = {1};
     }

@@ -54,19 +54,26 @@ void PlainRecords::give_record_back() {
 }
 
 /// Makes room for as many fields as the whole text gives if it goes on as it began, so that a long
-/// sample is moved once or twice and not at every doubling.
+/// sample is moved once and not at every doubling. The first lines of a text can mislead, so they
+/// count for little. Later ones are believed as long as little memory is at stake, for pages that
+/// are never written to cost nothing.
 void PlainRecords::make_room() {
-    constexpr double margin = 1.05;    // lines are not all alike
-    constexpr double most_growth = 64; // and the start of a text can mislead
+    constexpr double margin = 1.05; // lines are not all alike
+    constexpr double most_growth = 64;
+    constexpr std::size_t telling_rows = 32;
+    constexpr double little_room = (64U << 20U) / sizeof(Field);
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };
-    const double left = std::min(
-        share(static_cast<std::size_t>(end_ - begin_), static_cast<std::size_t>(start_ - begin_)),
-        share(limits_.rows, counts_.rows));
-    const std::size_t held = array_.fields.size();
-    const double expected = static_cast<double>(held) * std::min(left * margin, most_growth);
-    array_.fields.reserve(static_cast<std::size_t>(expected) + spare_fields);
+    const double growth = margin * std::min(share(static_cast<std::size_t>(end_ - begin_),
+                                                  static_cast<std::size_t>(start_ - begin_)),
+                                            share(limits_.rows, counts_.rows));
+    const auto held = static_cast<double>(array_.fields.size());
+    const double believed = counts_.rows < telling_rows ? 0 : little_room / held;
+    const double wanted = std::min(growth, std::max(believed, most_growth));
+    array_.fields.reserve(static_cast<std::size_t>(held * wanted) + spare_fields);
+    array_.line_ends.reserve(
+        static_cast<std::size_t>(static_cast<double>(array_.line_ends.size()) * wanted) + 1);
 }
 
 } // namespace textio::parser

@@ -54,9 +54,15 @@ std::size_t UnitSearch::next(const Field& text, std::size_t from) const noexcept
 /// The last block of a text is shorter than a mask, and what lies behind it is not ours to read.
 std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin,
                                              const char16_t* end) const noexcept {
+    constexpr std::size_t half = block_units / 2;
     std::array<char16_t, block_units> block{};
-    std::copy(begin, end, block.begin());
     const auto count = static_cast<std::size_t>(end - begin);
+    if (count < half) {
+        std::copy(begin, end, block.begin());
+    } else { // two copies that overlap, as the compiler knows how long each is
+        std::copy_n(begin, half, block.begin());
+        std::copy_n(end - half, half, block.begin() + (count - half));
+    }
     return (mask_of_block_(*this, block.data()) ^ unwanted_) & ((std::uint64_t{1} << count) - 1);
 }
 

@@ -1,8 +1,54 @@
 #include "textio/statistics.hpp"
 
 #include <algorithm>
+#include <array>
 
 namespace textio::detection {
+
+namespace {
+
+using Counts = std::vector<std::size_t>::const_iterator;
+
+/// How often each count stands in a list.
+class Tally {
+public:
+    Tally(Counts first, Counts last) {
+        for (; first != last; ++first) {
+            if (*first < small_.size()) {
+                ++small_[*first];
+            } else {
+                large_.push_back(*first);
+            }
+        }
+    }
+
+    [[nodiscard]] std::size_t zeros() const noexcept { return small_[0]; }
+    [[nodiscard]] std::size_t ones() const noexcept { return small_[1]; }
+
+    /// Of the counts of 2 or more, the one with `rank` others before it in ascending order.
+    [[nodiscard]] std::size_t wide_count(std::size_t rank) {
+        for (std::size_t count = 2; count < small_.size(); ++count) {
+            if (rank < small_[count]) {
+                return count;
+            }
+            rank -= small_[count];
+        }
+        const auto wanted = large_.begin() + static_cast<std::ptrdiff_t>(rank);
+        std::nth_element(large_.begin(), wanted, large_.end());
+        return *wanted;
+    }
+
+private:
+    std::array<std::size_t, 64> small_{}; // few tables are wider
+    std::vector<std::size_t> large_;
+};
+
+/// Whether more than half of the list is `count`.
+bool is_majority(Counts first, Counts last, std::size_t count) {
+    return std::count(first, last, count) > (last - first) / 2;
+}
+
+} // namespace
 
 std::size_t get_h_min(const std::vector<std::size_t>& counts) {
     const auto first_other =
@@ -15,28 +61,24 @@ std::size_t get_modified_median(const std::vector<std::size_t>& counts, std::siz
     return modified_median(counts.begin() + header, counts.end());
 }
 
-std::size_t modified_median(std::vector<std::size_t>::const_iterator first,
-                            std::vector<std::size_t>::const_iterator last) {
+std::size_t modified_median(Counts first, Counts last) {
     // In fewer lines, a few wide ones may be all there is of a table.
     constexpr std::size_t enough_lines = 11;
 
-    std::vector<std::size_t> wide;
-    wide.reserve(static_cast<std::size_t>(last - first));
-    std::size_t non_empty = 0;
-    for (; first != last; ++first) {
-        if (*first != 0) {
-            ++non_empty;
-        }
-        if (*first > 1) {
-            wide.push_back(*first);
-        }
-    }
-    if (wide.empty() || (non_empty >= enough_lines && wide.size() < non_empty / 3)) {
+    if (first == last) {
         return 1;
     }
-    const auto lower_middle = wide.begin() + static_cast<std::ptrdiff_t>((wide.size() - 1) / 2);
-    std::nth_element(wide.begin(), lower_middle, wide.end());
-    return *lower_middle;
+    const std::size_t usual = *(first + (last - first) / 2);
+    if (usual > 1 && is_majority(first, last, usual)) {
+        return usual;
+    }
+    Tally tally(first, last);
+    const std::size_t non_empty = static_cast<std::size_t>(last - first) - tally.zeros();
+    const std::size_t wide = non_empty - tally.ones();
+    if (wide == 0 || (non_empty >= enough_lines && wide < non_empty / 3)) {
+        return 1;
+    }
+    return tally.wide_count((wide - 1) / 2);
 }
 
 std::vector<std::size_t> absolute_differences(const std::vector<std::size_t>& counts,
@@ -44,13 +86,13 @@ std::vector<std::size_t> absolute_differences(const std::vector<std::size_t>& co
     // A ragged tail, such as a footnote, is no sign of an irregular table.
     const auto tail = std::find(counts.rbegin(), counts.rend(), median).base();
 
-    std::vector<std::size_t> diffs;
-    diffs.reserve(static_cast<std::size_t>(tail - counts.begin()));
+    std::vector<std::size_t> diffs(static_cast<std::size_t>(tail - counts.begin()));
+    auto end = diffs.begin();
     for (auto count = counts.begin(); count != tail; ++count) {
-        if (*count != 0) {
-            diffs.push_back(std::max(*count, median) - std::min(*count, median));
-        }
+        *end = std::max(*count, median) - std::min(*count, median);
+        end += *count != 0 ? 1 : 0;
     }
+    diffs.erase(end, diffs.end());
     return diffs;
 }
 

@@ -1,6 +1,6 @@
 #include "textio/strategy.hpp"
 
-#include <algorithm>
+#include <numeric>
 #include <span>
 
 namespace textio {
@@ -10,19 +10,17 @@ using zentor::io::text::typedetection::TypeAnalyzer;
 
 namespace {
 
-/// Gives each column without a class the class of its field on this line, if the field says
-/// anything. Gives the number of columns that got one.
-std::size_t classify_columns(const TypeAnalyzer<false>& analyzer, std::span<const Field> line,
-                             std::vector<FieldClass>& classes) {
-    std::size_t settled = 0;
-    const std::size_t columns = std::min(line.size(), classes.size());
-    for (std::size_t column = 0; column < columns; ++column) {
-        if (classes[column] == FieldClass::unknown) {
-            classes[column] = analyzer.classify(line[column]);
-            settled += classes[column] == FieldClass::unknown ? 0U : 1U;
+/// Gives each of the `open_columns` the class of its field on this line, if the field says
+/// anything, and closes the column.
+void classify_columns(const TypeAnalyzer<false>& analyzer, std::span<const Field> line,
+                      std::vector<std::size_t>& open_columns, std::vector<FieldClass>& classes) {
+    std::erase_if(open_columns, [&](std::size_t column) {
+        if (column >= line.size() || line[column].size == 0) {
+            return false;
         }
-    }
-    return settled;
+        classes[column] = analyzer.classify(line[column]);
+        return classes[column] != FieldClass::unknown;
+    });
 }
 
 void count_column(FieldClass column, StrategyValuation& record) {
@@ -59,12 +57,14 @@ void GenericStrategy::inspect_datatypes() {
     const FieldArray& sample = *fields_;
     std::vector<FieldClass> classes(valuation_record_.num_variables, FieldClass::unknown);
     const std::size_t first_line = header_lines_value_ + 1;
-    std::size_t open_columns = classes.size();
-    for (std::size_t line = sample.line_count(); line > first_line && open_columns > 0; --line) {
+    std::vector<std::size_t> open_columns(classes.size());
+    std::iota(open_columns.begin(), open_columns.end(), std::size_t{0});
+    for (std::size_t line = sample.line_count(); line > first_line && !open_columns.empty();
+         --line) {
         const std::span<const Field> fields = sample.line(line - 1);
         if (!fields.empty() &&
             static_cast<std::int32_t>(fields.size()) >= valuation_record_.median_fields) {
-            open_columns -= classify_columns(type_analyzer_, fields, classes);
+            classify_columns(type_analyzer_, fields, open_columns, classes);
         }
     }
     for (const FieldClass column : classes) {
