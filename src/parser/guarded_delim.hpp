@@ -29,6 +29,11 @@ public:
     /// The units with which the strings of the set begin.
     [[nodiscard]] const UnitSet& first_units() const noexcept { return first_units_; }
 
+    /// A unit that is a string of the set and begins no other, `end_of_text` if there is none.
+    [[nodiscard]] char16_t usual_unit() const noexcept {
+        return lone_units_.units().empty() ? end_of_text : lone_units_.units().front();
+    }
+
     /// Whether every string of the set is a single unit other than `end_of_text`.
     [[nodiscard]] bool only_lone_units() const noexcept {
         return lone_units_.units() == first_units_.units();

@@ -33,6 +33,7 @@ public:
         : blanks_(reader.blanks()), delimiters_(reader.delimiter_units),
           quote_(reader.options->quote),
           first_delimiter_(delimiters_.units().empty() ? end_of_text : delimiters_.units().front()),
+          has_more_delimiters_(delimiters_.units().size() > 1),
           stops_(reader.stops, records.start(), records.end()), text_end_(records.end()) {}
 
     /// Where the field that begins at `begin` ends: at a delimiter, at what may be a line ending,
@@ -43,7 +44,7 @@ public:
     }
 
     [[nodiscard]] bool is_delimiter(char16_t unit) const {
-        return unit == first_delimiter_ || delimiters_.contains(unit);
+        return unit == first_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
     }
 
 private:
@@ -84,7 +85,8 @@ private:
     const UnitSet& blanks_;
     const UnitSet& delimiters_;
     const char16_t quote_;
-    const char16_t first_delimiter_; ///< mostly the only one
+    const char16_t first_delimiter_;
+    const bool has_more_delimiters_;
     SearchWalk stops_;
     const char16_t* const text_end_;
 };

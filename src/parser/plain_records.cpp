@@ -7,7 +7,7 @@ namespace textio::parser {
 
 PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& text,
                            ReadCounts& counts, FieldArray& array)
-    : blanks_(shape.blanks), line_ends_(shape.line_ends),
+    : blanks_(shape.blanks), line_ends_(shape.line_ends), usual_line_end_(line_ends_.usual_unit()),
       unplain_behind_blanks_(std::u16string(shape.unplain_starts)
                                  .append(shape.comment_opener.substr(0, 1))
                                  .append(1, end_of_text)),
@@ -19,10 +19,28 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
                               line_ends_.first_units().units());
 }
 
+void PlainRecords::resume() noexcept {
+    start_ = text_.data;
+    taken_ = 0;
+    empty_lines_ = 0;
+    limit_taken();
+}
+
 void PlainRecords::pause() noexcept {
-    const auto taken = static_cast<std::size_t>(start_ - text_.data);
-    text_.advance(taken);
-    counts_.consumed += taken;
+    const auto consumed = static_cast<std::size_t>(start_ - text_.data);
+    text_.advance(consumed);
+    counts_.consumed += consumed;
+    counts_.rows += taken_;
+    counts_.lines += taken_ + empty_lines_;
+}
+
+void PlainRecords::limit_taken() noexcept {
+    most_taken_ =
+        std::min(limits_.rows - counts_.rows, limits_.lines - counts_.lines - empty_lines_);
+}
+
+std::size_t PlainRecords::line_ending_at(const char16_t* at) const noexcept {
+    return line_ends_.match_at(Field(at, static_cast<std::size_t>(end_ - at)), 0);
 }
 
 bool PlainRecords::at_record_behind_blanks() {
@@ -43,7 +61,8 @@ bool PlainRecords::at_record_behind_blanks() {
             return false;
         }
         array_.add_empty_line();
-        ++counts_.lines;
+        ++empty_lines_;
+        limit_taken();
         start_ = content + length;
     }
     return false;
@@ -67,11 +86,12 @@ void PlainRecords::make_room() {
     };
     const double growth = margin * std::min(share(static_cast<std::size_t>(end_ - begin_),
                                                   static_cast<std::size_t>(start_ - begin_)),
-                                            share(limits_.rows, counts_.rows));
+                                            share(limits_.rows, counts_.rows + taken_));
     const auto held = static_cast<double>(array_.fields.size());
-    const double believed = counts_.rows < telling_rows ? 0 : little_room / held;
+    const double believed = counts_.rows + taken_ < telling_rows ? 0 : little_room / held;
     const double wanted = std::min(growth, std::max(believed, most_growth));
     array_.fields.reserve(static_cast<std::size_t>(held * wanted) + spare_fields);
+    roomy_fields_ = array_.fields.capacity() - spare_fields;
     array_.line_ends.reserve(
         static_cast<std::size_t>(static_cast<double>(array_.line_ends.size()) * wanted) + 1);
 }

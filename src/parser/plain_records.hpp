@@ -49,7 +49,7 @@ public:
                  FieldArray& array);
 
     /// Starts where the text stands now.
-    void resume() noexcept { start_ = text_.data; }
+    void resume() noexcept;
 
     /// Moves the text on to the first record that was not taken.
     void pause() noexcept;
@@ -73,18 +73,18 @@ public:
 
     /// Ends the record. The next one starts at `next`.
     void end_record(const char16_t* next) {
-        array_.line_ends.push_back(array_.fields.size());
-        ++counts_.rows;
-        ++counts_.lines;
+        const std::size_t fields = array_.fields.size();
+        array_.line_ends.push_back(fields);
+        ++taken_;
         start_ = next;
-        if (array_.fields.capacity() - array_.fields.size() < spare_fields) {
+        if (fields >= roomy_fields_) {
             make_room();
         }
     }
 
-    /// Ends the record if a line ending starts at `at`. Gives whether one does.
+    /// Ends the record if a line ending starts at `at`, where no text ends. Gives whether one does.
     [[nodiscard]] bool end_record_at_line_ending(const char16_t* at) {
-        const std::size_t length = line_ending_at(at);
+        const std::size_t length = *at == usual_line_end_ ? 1 : line_ending_at(at);
         if (length != 0) {
             end_record(at + length);
         }
@@ -98,17 +98,15 @@ private:
     /// Room for so many fields is kept in the array, so that it seldom grows within a record.
     static constexpr std::size_t spare_fields = 64;
 
-    [[nodiscard]] bool is_wanted() const noexcept {
-        return counts_.rows < limits_.rows && counts_.lines < limits_.lines && start_ < end_;
-    }
-    [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept {
-        return line_ends_.match_at(Field(at, static_cast<std::size_t>(end_ - at)), 0);
-    }
+    [[nodiscard]] bool is_wanted() const noexcept { return taken_ < most_taken_ && start_ < end_; }
+    [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept;
     [[nodiscard]] bool at_record_behind_blanks();
+    void limit_taken() noexcept;
     void make_room();
 
     const UnitSet& blanks_;
     const GuardedDelim& line_ends_;
+    const char16_t usual_line_end_; ///< one unit that is a line ending by itself, or none
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
     const bool keeps_empty_lines_;
@@ -120,6 +118,12 @@ private:
     const char16_t* const begin_;
     const char16_t* const end_;
     const char16_t* start_;
+    std::size_t roomy_fields_ = 0; ///< with fewer, the array has room for more
+
+    // Since the last `resume()`:
+    std::size_t taken_ = 0;       ///< records taken
+    std::size_t most_taken_ = 0;  ///< how many of them the limits allow
+    std::size_t empty_lines_ = 0; ///< lines without fields taken
 };
 
 } // namespace textio::parser
