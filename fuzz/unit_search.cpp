@@ -31,9 +31,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const char16_t* other_walked = text.data;
     for (std::size_t from = 0; from <= text.size; from += 1 + input.byte() % 80U) {
         const std::size_t found = plain_next(set, text, from);
-        const std::size_t other = skip_units(set, text, from);
+        const std::size_t other = plain_skip(set, text, from);
         require(inside.next(text, from) == found, "the next unit of the set is found");
         require(outside.next(text, from) == other, "the next unit outside the set is found");
+        require(inside.skip(text, from) == other, "a run of units of the set is passed");
+        require(outside.skip(text, from) == found, "a run of units outside the set is passed");
         // A walk never goes back: not behind what it found.
         require(walk.next(std::max(walked, text.data + from)) == text.data + found,
                 "a walk finds it");

@@ -30,7 +30,7 @@ std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& te
 
 std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t from) {
-    const std::size_t content = skip_units(reader.blanks(), text, from);
+    const std::size_t content = reader.blanks().skip(text, from);
     return reader.options->leading_delimiters_rule == leading_delimiters::skip
                ? skip_delimiters(reader, text, content)
                : content;

@@ -23,7 +23,7 @@ struct DelimitedRecordReader {
 
     explicit DelimitedRecordReader(const options& options);
 
-    [[nodiscard]] const UnitSet& blanks() const noexcept { return scanner.blank_units; }
+    [[nodiscard]] const UnitSearch& blanks() const noexcept { return scanner.blanks; }
 
     /// Delimiters, where they separate each and leading ones are not simply kept: behind them may
     /// stand a comment or nothing.

@@ -9,7 +9,7 @@ namespace textio::parser {
 FieldScanner::FieldScanner(const options& options, std::shared_ptr<Delim> delimiters,
                            std::shared_ptr<Delim> line_ends)
     : quote(options.quote), bounds(std::move(delimiters), std::move(line_ends)),
-      whitespace(options.whitespace), blank_units(options.whitespace),
+      whitespace(options.whitespace), blanks(options.whitespace),
       quotes(std::u16string_view(&options.quote, 1)) {}
 
 namespace {
@@ -27,7 +27,7 @@ std::size_t skip_quoted_part(const FieldScanner& scanner, const Field& text, std
 
 std::size_t scan_field(const FieldScanner& scanner, const Field& text, std::size_t start,
                        std::size_t& field_size) {
-    std::size_t at = skip_units(scanner.blank_units, text, start);
+    std::size_t at = scanner.blanks.skip(text, start);
     if (at < text.size && text.data[at] == scanner.quote) {
         at = skip_quoted_part(scanner, text, at);
     }

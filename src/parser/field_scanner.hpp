@@ -21,7 +21,7 @@ struct FieldScanner {
     char16_t quote;
     BoundaryScanner bounds;    ///< ends at delimiters; a line ending stays in front
     std::u16string whitespace; ///< may stand in front of an opening quote
-    UnitSet blank_units;       ///< the same
+    UnitSearch blanks;         ///< finds the same
     UnitSearch quotes;         ///< finds the quote
 };
 

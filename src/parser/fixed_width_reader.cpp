@@ -12,7 +12,7 @@ namespace {
 bool can_have_plain_records(const FixedWidthRecordReader& reader) {
     return reader.options->partial_field_rule == partial_field::keep && !reader.widths.empty() &&
            std::ranges::find(reader.widths, 0U) == reader.widths.end() &&
-           are_disjoint({reader.blank_units.units(), reader.stop_units,
+           are_disjoint({reader.blank_units.set().units(), reader.stop_units,
                          std::u16string_view(&end_of_text, 1)});
 }
 
@@ -117,7 +117,7 @@ void take_rest_of_line(const FixedWidthRecordReader& reader, const Field& text, 
     const LineEnding line_ending = line_endings.first_within(end, text.size);
     record.consumed = line_ending.at + line_ending.length;
     const Field line(text.data, line_ending.at);
-    if (skip_units(reader.blank_units, line, end) < line.size) {
+    if (reader.blank_units.skip(line, end) < line.size) {
         add_span(record, end, line.size);
     }
 }
@@ -181,7 +181,7 @@ bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record
 
 std::size_t skip_to_content(const FixedWidthRecordReader& reader, const Field& text,
                             std::size_t from) {
-    return skip_units(reader.blank_units, text, from);
+    return reader.blank_units.skip(text, from);
 }
 
 ReadCounts read_records(const options& options, const FixedWidthRecordReader& reader,

@@ -26,7 +26,7 @@ struct FixedWidthRecordReader {
 
     explicit FixedWidthRecordReader(const options& options);
 
-    [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
+    [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
     [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
 
     const parser::options* options;
@@ -34,7 +34,7 @@ struct FixedWidthRecordReader {
     std::shared_ptr<Delim> line_ends;
     std::u16string stop_units;      ///< first units of the line endings, ascending, each once
     UnitSearch stops;               ///< finds the stop units
-    UnitSet blank_units;            ///< whitespace of the options
+    UnitSearch blank_units;         ///< finds the whitespace of the options
     GuardedDelim guarded_line_ends; ///< `line_ends`, asked at every field
     UnitSearch plain_stops;         ///< finds what ends a plain line, and the end of the text
     std::size_t field_limit;        ///< as many fields as there are widths

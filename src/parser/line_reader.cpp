@@ -7,8 +7,9 @@ namespace textio::parser {
 LineRecordReader::LineRecordReader(const options& options)
     : scanner(options.line_endings, {}), whitespace(&options.whitespace),
       blank_units(options.whitespace), guarded_line_ends(scanner.ends),
-      has_plain_records(are_disjoint({blank_units.units(), guarded_line_ends.first_units().units(),
-                                      std::u16string_view(&end_of_text, 1)})) {}
+      has_plain_records(
+          are_disjoint({blank_units.set().units(), guarded_line_ends.first_units().units(),
+                        std::u16string_view(&end_of_text, 1)})) {}
 
 void read_line(const LineRecordReader& reader, const Field& text, Record& record) {
     const Boundary line_end = reader.scanner.find(text, 0);
@@ -40,7 +41,7 @@ bool read_record(const LineRecordReader& reader, const Field& text, Record& reco
 }
 
 std::size_t skip_to_content(const LineRecordReader& reader, const Field& text, std::size_t from) {
-    return skip_units(reader.blank_units, text, from);
+    return reader.blank_units.skip(text, from);
 }
 
 ReadCounts read_records(const options& options, const LineRecordReader& reader,

@@ -24,12 +24,12 @@ struct LineRecordReader {
 
     explicit LineRecordReader(const options& options);
 
-    [[nodiscard]] const UnitSet& blanks() const noexcept { return blank_units; }
+    [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
     [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
 
     BoundaryScanner scanner;          ///< ends at line endings; has no barriers
     const std::u16string* whitespace; ///< that of the options
-    UnitSet blank_units;              ///< the same
+    UnitSearch blank_units;           ///< finds the same
     GuardedDelim guarded_line_ends;   ///< the line endings
     bool has_plain_records;           ///< line endings are neither blanks nor the end of the text
 };

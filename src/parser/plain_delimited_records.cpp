@@ -14,7 +14,7 @@ bool can_have_plain_records(const DelimitedRecordReader& reader) {
     const std::u16string_view text_end(&end_of_text, 1);
     return reader.options->consecutive_delimiters_rule != consecutive_delimiters::error &&
            delimiters.only_lone_units() &&
-           are_disjoint({reader.blanks().units(), delimiters.first_units().units(),
+           are_disjoint({reader.blanks().set().units(), delimiters.first_units().units(),
                          reader.guarded_line_ends.first_units().units(), quote, text_end});
 }
 
@@ -30,7 +30,7 @@ namespace {
 class PlainFields {
 public:
     PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records)
-        : blanks_(reader.blanks()), delimiters_(reader.delimiter_units),
+        : blanks_(reader.blanks().set()), delimiters_(reader.delimiter_units),
           quote_(reader.options->quote),
           first_delimiter_(delimiters_.units().empty() ? end_of_text : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1),

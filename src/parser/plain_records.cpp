@@ -12,10 +12,12 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
                                  .append(shape.comment_opener.substr(0, 1))
                                  .append(1, end_of_text)),
       keeps_empty_lines_(shape.keeps_empty_lines),
-      blank_lines_are_empty_(shape.blank_lines_are_empty), limits_(limits), text_(text),
-      counts_(counts), array_(array), begin_(text.data), end_(text.data + text.size),
-      start_(text.data) {
-    unplain_starts_ = UnitSet(unplain_behind_blanks_.units() + blanks_.units() +
+      blank_lines_are_empty_(shape.blank_lines_are_empty),
+      usual_empty_lines_(keeps_empty_lines_ && usual_line_end_ != end_of_text &&
+                         !unplain_behind_blanks_.contains(usual_line_end_)),
+      limits_(limits), text_(text), counts_(counts), array_(array), begin_(text.data),
+      end_(text.data + text.size), start_(text.data) {
+    unplain_starts_ = UnitSet(unplain_behind_blanks_.units() + blanks_.set().units() +
                               line_ends_.first_units().units());
 }
 
@@ -45,10 +47,12 @@ std::size_t PlainRecords::line_ending_at(const char16_t* at) const noexcept {
 
 bool PlainRecords::at_record_behind_blanks() {
     while (is_wanted()) {
-        const char16_t* content = start_;
-        while (content < end_ && blanks_.contains(*content)) {
-            ++content;
+        if (*start_ == usual_line_end_ && usual_empty_lines_) {
+            take_usual_empty_lines();
+            continue;
         }
+        const Field rest(start_, static_cast<std::size_t>(end_ - start_));
+        const char16_t* const content = start_ + blanks_.skip(rest, 0);
         if (content == end_ || unplain_behind_blanks_.contains(*content)) {
             return false;
         }
@@ -60,12 +64,26 @@ bool PlainRecords::at_record_behind_blanks() {
         if (length == 0 || !is_empty || !keeps_empty_lines_) {
             return false;
         }
-        array_.add_empty_line();
-        ++empty_lines_;
-        limit_taken();
-        start_ = content + length;
+        take_empty_lines(content + length, 1);
     }
     return false;
+}
+
+void PlainRecords::take_usual_empty_lines() {
+    const std::size_t allowed = limits_.lines - counts_.lines - taken_ - empty_lines_;
+    const auto left = static_cast<std::size_t>(end_ - start_);
+    const char16_t* const limit = start_ + std::min(allowed, left);
+    const char16_t* const run_end =
+        std::find_if(start_, limit, [this](char16_t unit) { return unit != usual_line_end_; });
+    take_empty_lines(run_end, static_cast<std::size_t>(run_end - start_));
+}
+
+void PlainRecords::take_empty_lines(const char16_t* next, std::size_t count) {
+    std::vector<std::size_t>& line_ends = array_.line_ends;
+    line_ends.insert(line_ends.end(), count, line_ends.empty() ? 0 : line_ends.back());
+    empty_lines_ += count;
+    limit_taken();
+    start_ = next;
 }
 
 void PlainRecords::give_record_back() {
@@ -78,18 +96,20 @@ void PlainRecords::give_record_back() {
 /// are never written to cost nothing.
 void PlainRecords::make_room() {
     constexpr double margin = 1.05; // lines are not all alike
+    constexpr double least_growth = 1.5;
     constexpr double most_growth = 64;
     constexpr std::size_t telling_rows = 32;
     constexpr double little_room = (64U << 20U) / sizeof(Field);
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };
+    const std::size_t rows = counts_.rows + taken_;
     const double growth = margin * std::min(share(static_cast<std::size_t>(end_ - begin_),
                                                   static_cast<std::size_t>(start_ - begin_)),
-                                            share(limits_.rows, counts_.rows + taken_));
+                                            share(limits_.rows, rows));
     const auto held = static_cast<double>(array_.fields.size());
-    const double believed = counts_.rows + taken_ < telling_rows ? 0 : little_room / held;
-    const double wanted = std::min(growth, std::max(believed, most_growth));
+    const double believed = rows < telling_rows ? 0 : little_room / held;
+    const double wanted = std::clamp(growth, least_growth, std::max(believed, most_growth));
     array_.fields.reserve(static_cast<std::size_t>(held * wanted) + spare_fields);
     roomy_fields_ = array_.fields.capacity() - spare_fields;
     array_.line_ends.reserve(

@@ -31,7 +31,7 @@ struct ReadLimits {
 
 /// How the lines of a read begin and end.
 struct LineShape {
-    const UnitSet& blanks;
+    const UnitSearch& blanks;
     const GuardedDelim& line_ends;
     std::u16string_view comment_opener; ///< empty if there are no comments
     std::u16string_view unplain_starts; ///< units with which no plain record starts, behind blanks
@@ -101,16 +101,19 @@ private:
     [[nodiscard]] bool is_wanted() const noexcept { return taken_ < most_taken_ && start_ < end_; }
     [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept;
     [[nodiscard]] bool at_record_behind_blanks();
+    void take_usual_empty_lines();
+    void take_empty_lines(const char16_t* next, std::size_t count);
     void limit_taken() noexcept;
     void make_room();
 
-    const UnitSet& blanks_;
+    const UnitSearch& blanks_;
     const GuardedDelim& line_ends_;
     const char16_t usual_line_end_; ///< one unit that is a line ending by itself, or none
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
     const bool keeps_empty_lines_;
     const bool blank_lines_are_empty_;
+    const bool usual_empty_lines_; ///< nothing but an empty line starts with the usual line ending
     const ReadLimits limits_;
     Field& text_;
     ReadCounts& counts_;

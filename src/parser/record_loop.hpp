@@ -164,7 +164,7 @@ private:
             return true;
         }
         const std::size_t end = record_.spans.back();
-        return skip_units(reader_.blanks(), Field(text_.data, end), 0) == end;
+        return reader_.blanks().skip(Field(text_.data, end), 0) == end;
     }
 
     void take_empty_line() {

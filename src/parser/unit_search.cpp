@@ -39,11 +39,23 @@ UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)
     }
 }
 
-std::size_t UnitSearch::next(const Field& text, std::size_t from) const noexcept {
+/// The first few units are looked at one by one: where hits stand close together, that is faster.
+std::size_t UnitSearch::find(const Field& text, std::size_t from,
+                             std::uint64_t unwanted) const noexcept {
+    constexpr std::size_t few_units = 4;
+    const std::size_t few_end = std::min(text.size, from + few_units);
+    for (; from < few_end; ++from) {
+        if (set_.contains(text.data[from]) == (unwanted == 0)) {
+            return from;
+        }
+    }
     while (from < text.size) {
         const std::size_t count = std::min(block_units, text.size - from);
         const char16_t* const begin = text.data + from;
-        if (const std::uint64_t hits = mask(begin, begin + count); hits != 0) {
+        const std::uint64_t hits = count == block_units
+                                       ? mask_of_block_(*this, begin) ^ unwanted
+                                       : mask_of_last_block(begin, begin + count, unwanted);
+        if (hits != 0) {
             return from + static_cast<std::size_t>(std::countr_zero(hits));
         }
         from += count;
@@ -52,8 +64,8 @@ std::size_t UnitSearch::next(const Field& text, std::size_t from) const noexcept
 }
 
 /// The last block of a text is shorter than a mask, and what lies behind it is not ours to read.
-std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin,
-                                             const char16_t* end) const noexcept {
+std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin, const char16_t* end,
+                                             std::uint64_t unwanted) const noexcept {
     constexpr std::size_t half = block_units / 2;
     std::array<char16_t, block_units> block{};
     const auto count = static_cast<std::size_t>(end - begin);
@@ -63,7 +75,7 @@ std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin,
         std::copy_n(begin, half, block.begin());
         std::copy_n(end - half, half, block.begin() + (count - half));
     }
-    return (mask_of_block_(*this, block.data()) ^ unwanted_) & ((std::uint64_t{1} << count) - 1);
+    return (mask_of_block_(*this, block.data()) ^ unwanted) & ((std::uint64_t{1} << count) - 1);
 }
 
 std::uint64_t UnitSearch::plain_mask(const UnitSearch& search, const char16_t* units) noexcept {
@@ -148,6 +160,13 @@ void UnitSearch::choose_mask() noexcept {}
 
 std::size_t plain_next(const UnitSet& set, const Field& text, std::size_t from) noexcept {
     while (from < text.size && !set.contains(text.data[from])) {
+        ++from;
+    }
+    return from;
+}
+
+std::size_t plain_skip(const UnitSet& set, const Field& text, std::size_t from) noexcept {
+    while (from < text.size && set.contains(text.data[from])) {
         ++from;
     }
     return from;

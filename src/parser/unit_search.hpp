@@ -47,14 +47,6 @@ private:
 /// Whether no unit stands in two of the sets.
 [[nodiscard]] bool are_disjoint(std::initializer_list<std::u16string_view> sets);
 
-/// The position behind the run of units of `set` that stands at `from` of `text`.
-inline std::size_t skip_units(const UnitSet& set, const Field& text, std::size_t from) noexcept {
-    while (from < text.size && set.contains(text.data[from])) {
-        ++from;
-    }
-    return from;
-}
-
 /// Finds the units of a set, or those outside it.
 class UnitSearch {
 public:
@@ -68,14 +60,24 @@ public:
 
     /// The first position of `text` from `from` on whose unit is wanted, or `text.size`. `from` is
     /// at most `text.size`. Nothing outside the text is read.
-    [[nodiscard]] std::size_t next(const Field& text, std::size_t from) const noexcept;
+    [[nodiscard]] std::size_t next(const Field& text, std::size_t from) const noexcept {
+        return find(text, from, unwanted_);
+    }
+
+    /// The position behind the run of wanted units that stands at `from` of `text`.
+    [[nodiscard]] std::size_t skip(const Field& text, std::size_t from) const noexcept {
+        return find(text, from, ~unwanted_);
+    }
+
+    /// The set that was given.
+    [[nodiscard]] const UnitSet& set() const noexcept { return set_; }
 
     /// One bit for each unit from `begin` up to `end`, at most 64 of them, set where the unit is
     /// wanted; the first unit has the lowest bit. Nothing outside the range is read.
     [[nodiscard]] std::uint64_t mask(const char16_t* begin, const char16_t* end) const noexcept {
         return static_cast<std::size_t>(end - begin) == block_units
                    ? mask_of_block_(*this, begin) ^ unwanted_
-                   : mask_of_last_block(begin, end);
+                   : mask_of_last_block(begin, end, unwanted_);
     }
 
 private:
@@ -90,8 +92,10 @@ private:
     static std::uint64_t byte_mask(const UnitSearch& search, const char16_t* units) noexcept;
     static std::uint64_t unit_mask(const UnitSearch& search, const char16_t* units) noexcept;
 
-    [[nodiscard]] std::uint64_t mask_of_last_block(const char16_t* begin,
-                                                   const char16_t* end) const noexcept;
+    [[nodiscard]] std::size_t find(const Field& text, std::size_t from,
+                                   std::uint64_t unwanted) const noexcept;
+    [[nodiscard]] std::uint64_t mask_of_last_block(const char16_t* begin, const char16_t* end,
+                                                   std::uint64_t unwanted) const noexcept;
     void choose_mask() noexcept;
 
     UnitSet set_;
@@ -102,9 +106,11 @@ private:
     alignas(16) std::array<std::array<unsigned char, 16>, most_compared_units> compared_{};
 };
 
-/// What `UnitSearch::next` gives, found by looking at one unit after the other. The measure of the
-/// fast search in the tests.
+/// What `UnitSearch::next` and `UnitSearch::skip` give, found by looking at one unit after the
+/// other. The measure of the fast search in the tests.
 [[nodiscard]] std::size_t plain_next(const UnitSet& set, const Field& text,
+                                     std::size_t from) noexcept;
+[[nodiscard]] std::size_t plain_skip(const UnitSet& set, const Field& text,
                                      std::size_t from) noexcept;
 
 } // namespace textio::parser

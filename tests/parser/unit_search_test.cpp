@@ -47,7 +47,9 @@ TEST(UnitSearch, GivesWhatThePlainLoopGives) {
                 ASSERT_EQ(walk.next(units.get() + from), units.get() + found) << "walking";
             }
             const std::size_t other = outside.next(text, from);
-            ASSERT_EQ(other, skip_units(set, text, from))
+            ASSERT_EQ(inside.skip(text, from), other);
+            ASSERT_EQ(outside.skip(text, from), found);
+            ASSERT_EQ(other, plain_skip(set, text, from))
                 << test::shown(set.units()) << " from " << from << " in " << test::shown(text.view());
         }
     }
