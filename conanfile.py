@@ -1,10 +1,13 @@
-"""The Conan recipe (Conan 2): `conan create .`"""
+"""The Conan recipe: `conan create . --settings compiler.cppstd=20`"""
 
 import re
 
 from conan import ConanFile
+from conan.tools.build import check_min_cppstd
 from conan.tools.cmake import CMake, CMakeToolchain, cmake_layout
 from conan.tools.files import load
+
+required_conan_version = ">=2.0"
 
 
 class TextFormatDetection(ConanFile):
@@ -19,6 +22,9 @@ class TextFormatDetection(ConanFile):
     def set_version(self):
         project = load(self, f"{self.recipe_folder}/CMakeLists.txt")
         self.version = re.search(r"VERSION ([0-9.]+)", project.split("project(")[1]).group(1)
+
+    def validate(self):
+        check_min_cppstd(self, 20)
 
     def layout(self):
         cmake_layout(self)

@@ -13,6 +13,14 @@ function(textio_developer_target target)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()
 
+# Each build's tests have a folder of their own for temporary files, as those of several can run at once.
+function(textio_test_program target)
+  add_executable(${target} ${ARGN})
+  textio_developer_target(${target})
+  target_link_libraries(${target} PRIVATE GTest::gtest_main)
+  gtest_discover_tests(${target} PROPERTIES ENVIRONMENT "TEST_TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/")
+endfunction()
+
 option(TEXTIO_FUZZ "Build the fuzz targets; wants clang and the flags of the preset fuzz" OFF)
 if(TEXTIO_FUZZ)
   add_subdirectory(fuzz)

@@ -59,6 +59,7 @@ def main():
     recipe_file, folder, version = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
     stand_in("conan", ConanFile=ConanFile)
     stand_in("conan.tools")
+    stand_in("conan.tools.build", check_min_cppstd=lambda recipe, standard: None)
     stand_in("conan.tools.cmake", CMake=CMake, CMakeToolchain=CMakeToolchain,
              cmake_layout=lambda recipe: None)
     stand_in("conan.tools.files", load=lambda recipe, file: pathlib.Path(file).read_text())
@@ -74,6 +75,7 @@ def main():
     recipe.set_version()
     if recipe.version != version:
         sys.exit(f"the recipe's version is {recipe.version}")
+    recipe.validate()
     recipe.layout()
     recipe.generate()
     recipe.build()
