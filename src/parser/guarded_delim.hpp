@@ -29,9 +29,11 @@ public:
     /// The units with which the strings of the set begin.
     [[nodiscard]] const UnitSet& first_units() const noexcept { return first_units_; }
 
-    /// A unit that is a string of the set and begins no other, `end_of_text` if there is none.
-    [[nodiscard]] char16_t usual_unit() const noexcept {
-        return lone_units_.units().empty() ? end_of_text : lone_units_.units().front();
+    /// A unit that is a string of the set and begins no other, or, if there is none, a value that
+    /// no unit equals.
+    [[nodiscard]] char32_t usual_unit() const noexcept {
+        constexpr char32_t no_unit = 0x10000;
+        return lone_units_.units().empty() ? no_unit : lone_units_.units().front();
     }
 
     /// Whether every string of the set is a single unit other than `end_of_text`.

@@ -13,8 +13,8 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
                                  .append(1, end_of_text)),
       keeps_empty_lines_(shape.keeps_empty_lines),
       blank_lines_are_empty_(shape.blank_lines_are_empty),
-      usual_empty_lines_(keeps_empty_lines_ && usual_line_end_ != end_of_text &&
-                         !unplain_behind_blanks_.contains(usual_line_end_)),
+      usual_empty_lines_(keeps_empty_lines_ &&
+                         !unplain_behind_blanks_.contains(static_cast<char16_t>(usual_line_end_))),
       limits_(limits), text_(text), counts_(counts), array_(array), begin_(text.data),
       end_(text.data + text.size), start_(text.data) {
     unplain_starts_ = UnitSet(unplain_behind_blanks_.units() + blanks_.set().units() +

@@ -108,7 +108,7 @@ private:
 
     const UnitSearch& blanks_;
     const GuardedDelim& line_ends_;
-    const char16_t usual_line_end_; ///< one unit that is a line ending by itself, or none
+    const char32_t usual_line_end_; ///< one unit that is a line ending by itself, or none
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
     const bool keeps_empty_lines_;
