@@ -105,6 +105,13 @@ void measure_shape(benchmark::State& state, const Shape& shape) {
                .append(std::to_string(own.delimiters.size()))
                .append(" cand."),
            hostile_time.seconds() / ordinary_time.seconds(), most_times);
+    if (const std::size_t ordinary_fields = own_reads(Field(ordinary), options).fields;
+        own.fields > ordinary_fields && ordinary_fields > 0) {
+        const double times_the_fields =
+            static_cast<double>(own.fields) / static_cast<double>(ordinary_fields);
+        report(state, "x an ordinary table, per field read",
+               hostile_time.seconds() / ordinary_time.seconds() / times_the_fields);
+    }
     report_memory(state, peak_bytes, own.fields);
 }
 

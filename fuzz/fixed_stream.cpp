@@ -61,8 +61,8 @@ private:
 /// Compares memory: unit by unit, millions of units take seconds under the sanitizers.
 bool holds(const TextStream& stream, const std::u16string& text) {
     const auto held = static_cast<std::size_t>(stream.data_end - stream.buffer_begin);
-    return held == text.size() &&
-           std::memcmp(stream.buffer_begin, text.data(), held * sizeof(char16_t)) == 0;
+    return held == text.size() && (held == 0 || std::memcmp(stream.buffer_begin, text.data(),
+                                                            held * sizeof(char16_t)) == 0);
 }
 
 /// The view, after one more try if the source failed.
