@@ -8,8 +8,11 @@
 #include "parser/parser_exception.hpp"
 #include "support/text.hpp"
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace test {
 
@@ -57,9 +60,22 @@ std::string reading_with(const Reader& reader, std::u16string_view text, const t
         return failed("partial", error);
     }
 }
+
+struct ReadCase {
+    const char* name;
+    std::u16string text;
+    std::string expected; ///< as `reading_with` tells it
+    textio::parser::options options = comma_options();
+    Limits limits{};
+};
+
+/// Fields are not limited, so what stands behind the last width shows as well.
 template <class Reader>
-std::string reading(std::u16string_view text, const textio::parser::options& options, Limits limits = {}) {
-    return reading_with(Reader(options), text, options, limits, false);
+void expect_readings(const std::vector<ReadCase>& cases) {
+    for (const ReadCase& c : cases) {
+        EXPECT_EQ(reading_with(Reader(c.options), c.text, c.options, c.limits, false), c.expected)
+            << c.name << ": " << shown(c.text);
+    }
 }
 
 } // namespace test
