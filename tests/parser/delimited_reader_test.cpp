@@ -66,7 +66,7 @@ TEST(DelimitedReader, OddSets) {
         {"end of text behind a first unit", u"a:\uFFFF::\n", "[a:]/ 2 1 1", {.delimiters = {u"::"}}},
         {"the longest wins", u"a->b-c\n", "[a][b][c]/ 7 1 1", {.delimiters = {u"-", u"->"}}},
         {"a line ending goes first", u"a,b\nc", "[a][b]/[c]/ 5 2 2", {.delimiters = {u"\n", u","}}},
-        {"that of a line ending", u"a\rb\r\nc", "[a][b]/[c]/ 6 2 2", {.delimiters = {u"\r"}, .line_endings = {u"\r\n"}}},
+        {"it begins a line ending", u"a\rb\r\nc", "[a][b]/[c]/ 6 2 2", {.delimiters = {u"\r"}, .line_endings = {u"\r\n"}}},
         {"the quote", u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2", {.delimiters = {u"\""}}},
         {"blanks that end lines", u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2", {.delimiters = {u","}, .whitespace = u" \n"}},
         {"the end of the text", u"a", "[a]/ 1 1 1", {.delimiters = {u"\uFFFF"}}},

@@ -74,7 +74,7 @@ template <class Reader>
 void expect_readings(const std::vector<ReadCase>& cases) {
     for (const ReadCase& c : cases) {
         EXPECT_EQ(reading_with(Reader(c.options), c.text, c.options, c.limits, false), c.expected)
-            << c.name << ": " << shown(c.text);
+            << typeid(Reader).name() << " " << c.name << ": " << shown(c.text);
     }
 }
 
