@@ -52,23 +52,18 @@ TEST(DateAndDuration, AsksTheDateFacilityOnlyWhatItMust) {
         {u"2020-01-02 1:2:3.5", datetime, u"accepts three", {u"2020-01-02"}, true, u','},
         {u"1:2:3.5", text, u"accepts none", {u""}, true, u','},
     };
-    for (const Case& test : cases) {
-        SCOPED_TRACE(readable(test.text) + " where the facility " + readable(test.facility));
-        std::vector<std::u16string> expected_questions = test.parts;
-        if (test.whole) {
-            expected_questions.insert(expected_questions.begin(), test.text);
+    for (const Case& c : cases) {
+        SCOPED_TRACE(test::shown(c.text) + " where the facility " + test::shown(c.facility));
+        std::vector<std::u16string> expected_questions = c.parts;
+        if (c.whole) {
+            expected_questions.insert(expected_questions.begin(), c.text);
         }
         asked.clear();
         const TypeAnalyzer<false> analyzer(
-            TypeAnalyzerOptions{.decimal_separator = test.decimal_separator, .datetime_context = test.facility});
-        EXPECT_EQ(analyzer.classify(textio::Field(test.text)), test.expected);
+            TypeAnalyzerOptions{.decimal_separator = c.decimal_separator, .datetime_context = c.facility});
+        EXPECT_EQ(analyzer.classify(textio::Field(c.text)), c.expected);
         EXPECT_EQ(asked, expected_questions);
     }
-}
-
-TEST(DateAndDuration, LooksForANumberWhenTheDateFacilityFails) {
-    const TypeAnalyzer<false> analyzer(TypeAnalyzerOptions{.trim_non_numeric = true, .datetime_context = u"throws"});
-    EXPECT_EQ(analyzer.classify(textio::Field(u"2020-01-02")), number);
 }
 
 } // namespace
