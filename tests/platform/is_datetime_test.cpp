@@ -2,18 +2,14 @@
 #include "typedetection/field_text.hpp"
 
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace zentor::io::text::typeconversion {
 namespace {
 
 TEST(IsDatetime, TellsDatesFromWhatLooksLikeThem) {
-    struct Case {
-        const char* name;
-        bool expected;
-        std::vector<std::u16string_view> texts;
-    };
-    const Case cases[] = {
+    const std::vector<std::tuple<const char*, bool, std::vector<std::u16string_view>>> cases{
         {"year first", true, {u"2020-01-02", u"2020/1/2", u"2020.01.02", u"99-12-31", u"2020-01", u"2020-W05", u"2020-W05-3"}},
         {"year first, with points", true, {u"2020.01.02 1:11", u"99.12.31"}},
         {"day first", true, {u"31/12/1999", u"31-12-99", u"1.2.2003", u"31.12.99", u"1/2/03"}},
@@ -29,18 +25,15 @@ TEST(IsDatetime, TellsDatesFromWhatLooksLikeThem) {
         {"zones", true, {u"2020-01-02T10:11Z", u"2/1/2020 1:11:12.25 EST", u"2-1-99 1:11 CEST", u"2-1-99 1:11 NZDT"}},
         {"more zones", true, {u"2-1-99 1:11 AEST", u"2-1-99 1:11 JST", u"2-1-99 1:11 UTC", u"2-1-99 1:11 MSK"}},
         {"digits alone", true, {u"20200102T101112Z", u"20200102 10:11:12"}},
-        {"stamps of logs and mails",
-         true,
-         {u"10/Oct/2000:13:55:36 -0700", u"Apr  4 08:12:03", u"Tue, 15 Nov 1994 12:45:26 -0800 (PST)"}},
-        {"stamps of programs", true, {u"Mon Apr 04 08:12:03 PDT 2016", u"Apr  4 08:12:03 2016"}},
+        {"stamps of logs", true, {u"10/Oct/2000:13:55:36 -0700", u"Apr  4 08:12:03", u"Apr  4 08:12:03 2016"}},
+        {"stamps of programs and mails", true, {u"Mon Apr 04 08:12:03 PDT 2016", u"Tue, 15 Nov 1994 12:45:26 -0800 (PST)"}},
         {"leap days", true, {u"2020-02-29", u"2000-02-29", u"29.02.96", u"Feb 29 08:12:03"}},
         {"versions", false, {u"1.2.3", u"1.2.03", u"2020.1.2", u"10.1.2.300", u"10.11.12.13"}},
         {"fractions, scores, parts", false, {u"1/2", u"3-1", u"24/70", u"1:2/3", u"12-345-67", u"914-2", u"A9-16-49-20"}},
         {"addresses", false, {u"192.168.1.1", u"/players/165/153/23", u"781-853-9016", u"1705-4402"}},
         {"numbers and times", false, {u"2020", u"20200102", u"1.5", u"10:11", u"10:11:12"}},
-        {"names",
-         false,
-         {u"Jan", u"May 5", u"dec_fk5", u"Mon 12", u"Oct-4", u"Mon", u"Month 3 2020", u"Ma 3 2020", u"Decline 3 2020"}},
+        {"lone names", false, {u"Jan", u"May 5", u"dec_fk5", u"Mon 12", u"Oct-4", u"Mon"}},
+        {"other words", false, {u"Month 3 2020", u"Ma 3 2020", u"Decline 3 2020"}},
         {"no such month or week", false, {u"2020/13/45", u"2020-00-01", u"0000-00-00", u"2020-W54"}},
         {"no such day", false, {u"2020-02-30", u"2019-02-29", u"1900-02-29", u"31 Apr 2020"}},
         {"no such time", false, {u"2020-01-02 24:01", u"2020-01-02 25:00", u"2020-01-02 10:60", u"2-1-99 1:11:61"}},
@@ -50,9 +43,9 @@ TEST(IsDatetime, TellsDatesFromWhatLooksLikeThem) {
         {"left over behind", false, {u"2020-01-02 10:11 OK", u"2020-01-02\xFFFF", u"1/2/03 1:11:12."}},
         {"other scripts, and nothing", false, {u"\u0662\u0660\u0662\u0660-01-02", u"2 \u017Fep 2020", u"", u"x", u"-"}},
     };
-    for (const Case& c : cases) {
-        for (const std::u16string_view text : c.texts) {
-            EXPECT_EQ(is_datetime(textio::Field(text), u"any"), c.expected) << c.name << ": " << test::shown(text);
+    for (const auto& [name, expected, texts] : cases) {
+        for (const std::u16string_view text : texts) {
+            EXPECT_EQ(is_datetime(textio::Field(text), u"any"), expected) << name << ": " << test::shown(text);
         }
     }
 }

@@ -77,14 +77,13 @@ TEST(HeaderLines, Estimate) {
 // The estimate for three lines or more, with every array written out over all lines.
 std::size_t estimate_in_full(const Counts& diffs, std::size_t h_min, bool space_separated) {
     const std::size_t n = diffs.size();
-    Values sum(n);
     Values curve(n);
     Counts zeros(n);
+    double sum = 0;
     for (std::size_t i = 0; i < n; ++i) {
-        const std::size_t limit = space_separated && i != 0 ? 2 : SIZE_MAX;
-        sum[i] = (i == 0 ? 0 : sum[i - 1]) + static_cast<double>(std::min(diffs[i], limit));
+        sum += static_cast<double>(space_separated && i != 0 ? std::min<std::size_t>(diffs[i], 2) : diffs[i]);
+        curve[i] = sum * (sum / static_cast<double>(i + 1));
         zeros[i] = (i == 0 ? 0 : zeros[i - 1]) + (diffs[i] == 0 ? 1 : 0);
-        curve[i] = sum[i] * (sum[i] / static_cast<double>(i + 1));
     }
     std::size_t m = n - 1;
     for (; m > h_min && diffs[m - 1] == 0; --m) {

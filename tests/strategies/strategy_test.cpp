@@ -152,7 +152,7 @@ TEST(Valuation, HappensOnce) {
 }
 
 TEST(ReadSample, ReadsOnceFromTheStartAndFixedHeadersOnTop) {
-    const std::u16string units = u"t\n1,2,3,4\n5,6,7,8\n9,10,11,12\n";
+    const std::u16string units = u"t\n1,2,3,4\n5,6,7,8\n";
     const Field text(units);
     output::DetectionOutputBuilder builder;
     builder.text = &text;
@@ -165,14 +165,13 @@ TEST(ReadSample, ReadsOnceFromTheStartAndFixedHeadersOnTop) {
     options.detect_header_lines = true;
     const auto delimited = std::make_shared<DelimitedStrategy>(options, Types(), u',');
     parser::read_sample(builder, delimited, true);
-    EXPECT_EQ(test::shown(*delimited->field_array()), "[t]/") << "nothing on top of a detected one";
-    builder.sample_lines = SIZE_MAX;
-    parser::read_sample(builder, delimited, true);
-    EXPECT_EQ(delimited->field_array()->line_count(), 1U) << "it has been read";
     const auto all = std::make_shared<DelimitedStrategy>(options, Types(), u',');
     all->header_lines(1);
+    builder.sample_lines = SIZE_MAX;
+    parser::read_sample(builder, delimited, true);
     parser::read_sample(builder, all, false);
-    EXPECT_EQ(test::shown(*all->field_array()), "[t]/[1][2][3][4]/[5][6][7][8]/[9][10][11][12]/");
+    EXPECT_EQ(test::shown(*delimited->field_array()), "[t]/") << "nothing on top of a detected one, and read once";
+    EXPECT_EQ(test::shown(*all->field_array()), "[t]/[1][2][3][4]/[5][6][7][8]/");
 }
 
 } // namespace
