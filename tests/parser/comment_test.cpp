@@ -9,7 +9,7 @@ struct Case {
     const char* name;
     std::vector<std::u16string> style;
     std::u16string text;
-    Limits limits;
+    Request request;
     std::string line;      ///< read as one field per line
     std::string delimited; ///< read at commas, leading ones skipped
     std::string fixed;     ///< read at widths 2 and 9
@@ -41,9 +41,9 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
                               .comment_style = c.style,
                               .field_widths = {2, 9},
                               .leading_delimiters_rule = leading_delimiters::skip};
-        expect_readings<LineRecordReader>({{c.name, c.text, c.line, options, c.limits}});
-        expect_readings<FixedWidthRecordReader>({{c.name, c.text, c.fixed, options, c.limits}});
-        expect_readings<DelimitedRecordReader>({{c.name, c.text, c.delimited, options, c.limits}});
+        expect_readings<LineRecordReader>({{c.name, c.text, c.line, options, c.request}});
+        expect_readings<FixedWidthRecordReader>({{c.name, c.text, c.fixed, options, c.request}});
+        expect_readings<DelimitedRecordReader>({{c.name, c.text, c.delimited, options, c.request}});
     }
 }
 

@@ -24,19 +24,20 @@ inline textio::parser::options comma_options() {
     return options;
 }
 
-struct Limits {
+struct Request {
     std::size_t rows = SIZE_MAX;
     std::size_t lines = SIZE_MAX;
+    bool x_is_blank = false; ///< to the builder, beside the blanks of the options
 };
 
 /// The sample, then consumed units, lines and rows; or the sample so far and the error.
 template <class Reader>
-std::string reading_with(const Reader& reader, std::u16string_view text, const textio::parser::options& options, Limits limits,
+std::string reading_with(const Reader& reader, std::u16string_view text, const textio::parser::options& options, Request request,
                          bool limit_fields = true) {
     using namespace textio::parser;
     textio::output::DetectionOutputBuilder builder;
     builder.field_array = std::make_unique<textio::FieldArray>();
-    builder.whitespace = std::make_unique<std::u16string>(options.whitespace);
+    builder.whitespace = std::make_unique<std::u16string>(options.whitespace + (request.x_is_blank ? u"x" : u""));
     builder.limit_fields = limit_fields;
     builder.field_limit = limit_fields ? reader.field_limit : SIZE_MAX;
     textio::Field view(text);
@@ -45,7 +46,7 @@ std::string reading_with(const Reader& reader, std::u16string_view text, const t
                std::to_string(error.field) + shown(error.text) + shown(error.detail);
     };
     try {
-        const ReadCounts counts = read_records(options, reader, limits.rows, limits.lines, view, builder);
+        const ReadCounts counts = read_records(options, reader, request.rows, request.lines, view, builder);
         return shown(*builder.field_array) + " " + std::to_string(counts.consumed) + " " + std::to_string(counts.lines) + " " +
                std::to_string(counts.rows);
     } catch (const exception::empty_line_rule& error) {
@@ -66,14 +67,14 @@ struct ReadCase {
     std::u16string text;
     std::string expected; ///< as `reading_with` tells it
     textio::parser::options options = comma_options();
-    Limits limits{};
+    Request request{};
 };
 
 /// Fields are not limited, so what stands behind the last width shows as well.
 template <class Reader>
 void expect_readings(const std::vector<ReadCase>& cases) {
     for (const ReadCase& c : cases) {
-        EXPECT_EQ(reading_with(Reader(c.options), c.text, c.options, c.limits, false), c.expected)
+        EXPECT_EQ(reading_with(Reader(c.options), c.text, c.options, c.request, false), c.expected)
             << typeid(Reader).name() << " " << c.name << ": " << shown(c.text);
     }
 }

@@ -107,6 +107,7 @@ TEST(Valuation, TakesEachWay) {
         {"given header past it", u"1,2\n3,4\n5\n7\n", 3, false, {3, 0, 0, 4, 2, 1, {}}},
         {"the header is not measured", u"1,2,3,4\n1,2\n1,2\n1,2,3\n1,2\n", 1, false, {1, 0.6, 0.25, 5, 2, 3, {3, 0, 3, 0, 0}}},
         {"given and detected", u"a\n1,2\n3,4\n5,6\n", 2, true, {2, 0.25, 0, 4, 2, 2, {2, 0, 2, 0, 0}}},
+        {"barely kept", u"1,2\n1,2,3,4\n1,2\n", 1, true, {1, 2.0 / 3, 1, 3, 2, 4, {2, 0, 2, 0, 0}}},
         {"given up", five_and_twelve, 5, true, {0, 1.875, 1.875, 8, 5, 12, {12, 0, 12, 0, 0}}},
         {"first data line says nothing", u"1,2\n", SIZE_MAX, true, {0, 0, 0, 1, 2, 2, {}}},
         {"the last telling value counts", u"a,b,x\n1,2,\n3,x,\n,,\n", SIZE_MAX, true, {0, 0, 0, 4, 3, 3, {2, 0, 1, 0, 0}}},
