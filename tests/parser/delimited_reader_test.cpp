@@ -58,7 +58,7 @@ TEST(DelimitedReader, DelimitersGoByTheirRules) {
 }
 
 TEST(DelimitedReader, OddSets) {
-    const options end_of_text{.delimiters = {u"\uFFFF"}, .leading_delimiters_rule = lead::skip};
+    const options merged_end{.delimiters = {u"\uFFFF"}, .consecutive_delimiters_rule = run::merge};
     expect_readings<DelimitedRecordReader>({
         {"none", u"a,b\n", "[a,b]/ 4 1 1", {.delimiters = {}}},
         {"several", u"a;b,c\n", "[a][b][c]/ 6 1 1", {.delimiters = {u";", u","}}},
@@ -70,7 +70,7 @@ TEST(DelimitedReader, OddSets) {
         {"the quote", u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2", {.delimiters = {u"\""}}},
         {"blanks that end lines", u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2", {.delimiters = {u","}, .whitespace = u" \n"}},
         {"the end of the text", u"a", "[a]/ 1 1 1", {.delimiters = {u"\uFFFF"}}},
-        {"the end of the text, skipped", u"a", "[a]/ 1 1 1", end_of_text},
+        {"the end of the text, merged", u"a", "[a]/ 1 1 1", merged_end},
     });
 }
 

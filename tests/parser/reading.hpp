@@ -18,10 +18,7 @@ namespace test {
 
 /// Options without comments, with a comma as delimiter.
 inline textio::parser::options comma_options() {
-    textio::parser::options options;
-    options.delimiters = {u","};
-    options.comment_style.clear();
-    return options;
+    return {.delimiters = {u","}, .comment_style = {}};
 }
 
 struct Request {

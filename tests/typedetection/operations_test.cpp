@@ -40,7 +40,7 @@ TEST(Operations, ChangeTheFieldAndNeverTheSample) {
         replace_characters{u".", u';'}.process(field);
     };
     const Case cases[] = {
-        {"the copy is cut, not made anew", change_a_cut_copy, u",1,", u"1;", Copy::inside},
+        {"a copy that was cut", change_a_cut_copy, u",1,", u"1;", Copy::inside},
         {"trim both ends", trim, u" \t a b \t", u"a b"},
         {"trim a long text", trim, u' ' + Text(99, u'x'), Text(99, u'x')},
         {"quoted", take_quotes, uR"("abc")", u"abc"},
