@@ -11,6 +11,7 @@ TEST(FixedWidthReader, CutsLines) {
     const options threes = cut({3, 3});
     const options one_wide_and_no_blanks{.whitespace = u"", .field_widths = {1}};
     const options one_line{.line_endings = {}, .whitespace = u"", .field_widths = {1}};
+    const options width_0_and_odd_ending{.line_endings = {u"\n\uFFFF"}, .field_widths = {0, 2}};
     test::expect_readings<FixedWidthRecordReader>({
         {"exact", u"abcdef\n", "[abc][def]/ 7 1 1", threes},
         {"too long", u"abcdefgh\nijk\n", "[abc][def][gh]/[ijk]/ 13 2 2", threes},
@@ -18,7 +19,7 @@ TEST(FixedWidthReader, CutsLines) {
         {"ends in the first field", u"ab\n", "[ab]/ 3 1 1", threes},
         {"the text ends in the second field", u"abcd", "[abc][d]/ 4 1 1", threes},
         {"empty lines, and an end behind the first field", u"\n   \nabc\n", "//[abc]/ 9 3 1", threes},
-        {"width 0 at a line's end", u"\nab\n", "/[][ab]/ 4 2 1", cut({0, 2})},
+        {"width 0 at a line's end, and behind it", u"\n\uFFFFab", "/[][ab]/ 4 2 1", width_0_and_odd_ending},
         {"enormous width", u"abcd\nef", "[ab][cd]/[ef]/ 7 2 2", cut({2, SIZE_MAX, 1})},
         {"no widths", u"abc\n \n", "[abc]// 6 2 1", cut({})},
         {"cut at the end of text", u"ab\uFFFF", "[ab]/ 2 1 1", threes},
