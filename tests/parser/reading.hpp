@@ -37,7 +37,9 @@ std::string reading_with(const Reader& reader, std::u16string_view text, const t
     builder.whitespace = std::make_unique<std::u16string>(options.whitespace + (request.x_is_blank ? u"x" : u""));
     builder.limit_fields = limit_fields;
     builder.field_limit = limit_fields ? reader.field_limit : SIZE_MAX;
-    textio::Field view(text);
+    // Whoever reads past the end of the text meets a quote.
+    const std::u16string units = std::u16string(text) + options.quote;
+    textio::Field view(units.data(), text.size());
     const auto failed = [&](const char* name, const exception::parser_exception& error) {
         return shown(*builder.field_array) + " " + name + " record " + std::to_string(error.record) + " field " +
                std::to_string(error.field) + shown(error.text) + shown(error.detail);
