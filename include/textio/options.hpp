@@ -67,13 +67,13 @@ inline constexpr std::uint8_t line = 3;        ///< one field per line
 /// copy of its own, in which it fixes what its layout needs.
 struct options {
     /// Strings that separate fields. Detection finds its own and does not start from these.
-    std::vector<std::u16string> delimiters;
+    std::vector<std::u16string> delimiters{};
 
     /// Strings that end a line.
     std::vector<std::u16string> line_endings{u"\r\n", u"\n", u"\r"};
 
     /// Carried along for the host; nothing in the library reads it.
-    std::vector<std::u16string> reader_list;
+    std::vector<std::u16string> reader_list{};
 
     /// No string: the text has no comments. Two strings: opener and closer of a block comment. Any
     /// other number: the first string opens a comment that runs to the end of the line.
@@ -86,14 +86,14 @@ struct options {
     /// points from passing for delimiters; a host with another decimal mark puts that here.
     std::u16string excluded_delimiter = u".";
 
-    std::u16string reader_text_a; ///< carried along like `reader_list`
-    std::u16string reader_text_b; ///< carried along like `reader_list`
+    std::u16string reader_text_a{}; ///< carried along like `reader_list`
+    std::u16string reader_text_b{}; ///< carried along like `reader_list`
 
     /// What the host knows about the layout: one of the values of namespace `layout`.
     std::uint8_t layout_hint = layout::open;
 
     /// Widths of fixed-width fields, in code units. Read only under `layout::fixed_width`.
-    std::vector<std::size_t> field_widths;
+    std::vector<std::size_t> field_widths{};
 
     /// Lines at the start that are not data; `SIZE_MAX` means not decided.
     std::size_t header_lines = SIZE_MAX;

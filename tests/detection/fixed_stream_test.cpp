@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <tuple>
 #include <vector>
 
 namespace {
@@ -12,9 +13,11 @@ using textio::get_fixed_stream;
 using zentor::io::text::stream::TextSource;
 using zentor::io::text::stream::TextStream;
 
+using Strings = std::vector<std::u16string>;
+
 constexpr std::size_t limit = 4'194'304;
-const std::vector<std::u16string> pairs{u"\r\n"};
-const std::vector<std::u16string> usual{u"\r\n", u"\n", u"\r"};
+const Strings pairs{u"\r\n"};
+const Strings usual{u"\r\n", u"\n", u"\r"};
 
 class StringSource : public TextSource {
 public:
@@ -46,13 +49,7 @@ std::u16string long_text(std::size_t units, std::vector<std::pair<std::size_t, c
 }
 
 TEST(FixedStream, GivesAllOrWholeLines) {
-    struct Case {
-        const char* name;
-        std::u16string text;
-        std::vector<std::u16string> line_endings;
-        std::size_t size;
-    };
-    const std::vector<Case> cases{
+    const std::vector<std::tuple<const char*, std::u16string, Strings, std::size_t>> cases{
         {"empty", u"", usual, 0},
         {"one unit", u"a", usual, 1},
         {"two units", u"ab", usual, 2},
@@ -66,12 +63,12 @@ TEST(FixedStream, GivesAllOrWholeLines) {
         {"pair and its second unit", long_text(limit + 9, {{9, u'\r'}, {10, u'\n'}}), usual, 11},
         {"end of text where it is looked for", long_text(3000, {{2048, u'\uFFFF'}, {1500, u'\uFFFF'}}), usual, 2048},
     };
-    for (const Case& c : cases) {
-        const TextStream stream(std::make_unique<StringSource>(c.text));
-        const textio::Field view = get_fixed_stream(stream, c.line_endings);
-        EXPECT_EQ(view.size, c.size) << c.name;
-        EXPECT_TRUE(view.view() == std::u16string_view(c.text).substr(0, view.size)) << c.name;
-        EXPECT_EQ(get_fixed_stream(stream, c.line_endings).size, c.size) << c.name << ", again";
+    for (const auto& [name, text, line_endings, size] : cases) {
+        const TextStream stream(std::make_unique<StringSource>(text));
+        const textio::Field view = get_fixed_stream(stream, line_endings);
+        EXPECT_EQ(view.size, size) << name;
+        EXPECT_TRUE(view.view() == std::u16string_view(text).substr(0, view.size)) << name;
+        EXPECT_EQ(get_fixed_stream(stream, line_endings).size, size) << name << ", again";
     }
 }
 

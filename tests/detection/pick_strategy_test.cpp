@@ -5,151 +5,98 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
-#include <sstream>
 #include <vector>
 
 namespace {
 
 using namespace textio;
-using enums::StrategyMode;
 using Types = zentor::io::text::typedetection::TypeAnalyzerOptions;
-using Change = std::function<void(parser::options&)>;
-
-/// The layout in a few words: kind, delimiters or widths, header lines, variables.
-std::string answer(std::u16string_view text, const Change& change, std::size_t rows = 99) {
-    parser::options options;
-    change(options);
-    const Types types;
-    detection::StrategySelector selector(options, types);
-    const auto strategy = selector.pick_strategy(Field(text), rows);
-    std::ostringstream out;
-    switch (strategy->mode()) {
-    case StrategyMode::line_reader:
-        out << "lines";
-        break;
-    case StrategyMode::space_aligned:
-        out << "aligned";
-        break;
-    case StrategyMode::delimited:
-        out << "by '" << test::shown(strategy->options().delimiters.front()) << "'";
-        break;
-    case StrategyMode::fixed_width:
-        out << "widths";
-        for (const std::size_t width : strategy->options().field_widths) {
-            out << " " << width;
-        }
-    }
-    out << ", header " << strategy->header_lines() << ", ";
-    if (strategy->num_variables() == SIZE_MAX) {
-        out << "not valued";
-    } else {
-        out << strategy->num_variables() << " variables";
-    }
-    return out.str();
-}
+using Widths = std::vector<std::size_t>;
 
 struct Case {
     const char* name;
     std::u16string text;
-    Change change;
     std::string expected;
+    parser::options options{};
+    std::size_t rows = 99;
 };
 
 void expect_answers(const std::vector<Case>& cases) {
     for (const Case& c : cases) {
-        EXPECT_EQ(answer(c.text, c.change), c.expected) << c.name << ": " << test::shown(c.text);
+        const Types types;
+        detection::StrategySelector selector(c.options, types);
+        EXPECT_EQ(test::shown(*selector.pick_strategy(Field(c.text), c.rows)), c.expected) << c.name;
     }
 }
 
-const Change none = [](parser::options&) {};
 const std::u16string padded = u"name   age\nAnn     41\nBob B.   7\nCleo    12\n";
 
 TEST(PickStrategy, EachLayout) {
     expect_answers({
-        {"comma", u"Sales\n\nitem,amount\nnut,1\nbolt,2\nnail,3\nrivet,4\n", none, "by ',', header 2, 2 variables"},
-        {"tab", u"a\tb\n1\tx\n2\ty\n", none, "by '\\t', header 0, 2 variables"},
-        {"bar", u"a|b|c\n1|2|3\n4|5|6\n7|8|9\n", none, "by '|', header 0, 3 variables"},
-        {"aligned", u"1  2   3\n10 20 30\n 4   5 6\n", none, "aligned, header 0, 3 variables"},
-        {"columns", padded, none, "widths 6 4, header 0, 2 variables"},
-        {"colons lose against dates", u"a:1,2020-01-02\nb:2,2020-01-03\nc:3,2020-01-04\n", none, "by ',', header 0, 2 variables"},
-        {"comments", u"# a,b,c,d\n1;2\n# x\n3;4\n5;6\n", none, "by ';', header 1, 2 variables"},
+        {"comma", u"Sales\n\nitem,amount\nnut,1\nbolt,2\nnail,3\nrivet,4\n", "by ',', header 2, 2 variables"},
+        {"tab", u"a\tb\n1\tx\n2\ty\n", "by '\\t', header 0, 2 variables"},
+        {"bar", u"a|b|c\n1|2|3\n4|5|6\n7|8|9\n", "by '|', header 0, 3 variables"},
+        {"aligned", u"1  2   3\n10 20 30\n 4   5 6\n", "aligned, header 0, 3 variables"},
+        {"columns", padded, "widths 6 4, header 0, 2 variables"},
+        {"colons lose against dates", u"a:1,2020-01-02\nb:2,2020-01-03\nc:3,2020-01-04\n", "by ',', header 0, 2 variables"},
+        {"comments", u"# a,b,c,d\n1;2\n# x\n3;4\n5;6\n", "by ';', header 1, 2 variables"},
     });
 }
 
 TEST(PickStrategy, EachWayOfEnding) {
     expect_answers({
-        {"no text", u"", none, "lines, header 0, 1 variables"},
-        {"only empty lines", u"\n \n\n", none, "lines, header 0, 1 variables"},
-        {"no candidates", u"alpha\nbeta\ngamma\n", none, "lines, header 0, 1 variables"},
-        {"one candidate", u"1;2\n3;4\n", none, "by ';', header 0, 2 variables"},
-        {"a lone line, common", u"a;b\n", none, "by ';', header 0, 2 variables"},
-        {"a lone line, uncommon", u"a:b\n", none, "lines, header 0, 1 variables"},
-        {"dates of their own", u"2020-01-02\n2020-01-03\n2020-01-04\n", none, "by ',', header 0, not valued"},
-        {"durations of their own", u"1:02:03\n1:02:04\n1:02:05\n", none, "by ',', header 0, not valued"},
-        {"two that can't be told apart", u"a:b|c\nd:e|f\ng:h|i\n", none, "by ',', header 0, not valued"},
+        {"no text", u"", "lines, header 0, 1 variables"},
+        {"only empty lines", u"\n \n\n", "lines, header 0, 1 variables"},
+        {"no lines wanted", u"a,b\nc,d\n", "lines, header 0, 1 variables", {}, 0},
+        {"no candidates", u"alpha\nbeta\ngamma\n", "lines, header 0, 1 variables"},
+        {"one candidate", u"1;2\n3;4\n", "by ';', header 0, 2 variables"},
+        {"a lone line, common", u"a;b\n", "by ';', header 0, 2 variables"},
+        {"a lone line, uncommon", u"a:b\n", "lines, header 0, 1 variables"},
+        {"dates of their own", u"2020-01-02\n2020-01-03\n2020-01-04\n", "by ',', header 0, not valued"},
+        {"durations of their own", u"1:02:03\n1:02:04\n1:02:05\n", "by ',', header 0, not valued"},
+        {"two that can't be told apart", u"a:b|c\nd:e|f\ng:h|i\n", "by ',', header 0, not valued"},
     });
-    EXPECT_EQ(answer(u"a,b\nc,d\n", none, 0), "lines, header 0, 1 variables");
 }
 
 TEST(PickStrategy, KnowsWhatTheHostKnows) {
     const std::u16string both = u"1,2;3\n4,5;6\n7,8;9\n";
-    const std::u16string titled = u"T\n1,2\n3,4\n";
+    const parser::options two_expected{.expected_variables = 2, .skip_variable_count_rule = false};
+    const parser::options two_header_lines{.header_lines = 2, .detect_header_lines = false};
     expect_answers({
-        {"excluded", both, [](auto& o) { o.excluded_delimiter = u",x"; }, "by ';', header 0, 2 variables"},
-        {"the quote", both, [](auto& o) { o.quote = u','; }, "by ';', header 0, 2 variables"},
-        {"expected variables", u"1,2;3,4\n5,6;7,8\n9,1;2,3\n",
-         [](auto& o) {
-             o.skip_variable_count_rule = false;
-             o.expected_variables = 2;
-         },
-         "by ';', header 0, 2 variables"},
-        {"given header", titled,
-         [](auto& o) {
-             o.detect_header_lines = false;
-             o.header_lines = 2;
-         },
-         "by ',', header 2, 2 variables"},
-        {"no fixed width", padded, [](auto& o) { o.layout_hint = parser::layout::no_fixed_width; },
-         "aligned, header 0, 3 variables"},
-        {"only fixed width", u"ab cd\nef gh\n", [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
-         "widths 2 3, header 0, 2 variables"},
-        {"only fixed width, and only headers", u"ab cd\nef gh\n",
-         [](auto& o) {
-             o.layout_hint = parser::layout::fixed_width;
-             o.detect_header_lines = false;
-             o.header_lines = 2;
-         },
-         "widths 1, header 2, 1 variables"},
-        {"a header to be found, given as past the end", u"ab\ncd ef\n",
-         [](auto& o) {
-             o.layout_hint = parser::layout::fixed_width;
-             o.header_lines = 9;
-         },
-         "widths 1, header 9, 1 variables"},
-        {"a header as long as the data", u"ab cd\n12 34\n56 78\n",
-         [](auto& o) {
-             o.layout_hint = parser::layout::fixed_width;
-             o.header_lines = 1;
-         },
-         "widths 2 3, header 0, 2 variables"},
-        {"given widths", u"Title\nabcd\nefgh\nijkl\n",
-         [](auto& o) {
-             o.layout_hint = parser::layout::fixed_width;
-             o.field_widths = {1, 3};
-         },
-         "widths 1 3, header 0, 2 variables"},
+        {"excluded", both, "by ';', header 0, 2 variables", {.excluded_delimiter = u",x"}},
+        {"the quote", both, "by ';', header 0, 2 variables", {.quote = u','}},
+        {"expected variables", u"1,2;3,4\n5,6;7,8\n9,1;2,3\n", "by ';', header 0, 2 variables", two_expected},
+        {"given header", u"T\n1,2\n3,4\n", "by ',', header 2, 2 variables", two_header_lines},
+        {"no fixed width", padded, "aligned, header 0, 3 variables", {.layout_hint = parser::layout::no_fixed_width}},
+    });
+}
+
+TEST(PickStrategy, OnlyFixedWidth) {
+    const auto fixed = [](std::size_t header_lines = SIZE_MAX, bool detect_header_lines = true, Widths widths = {}) {
+        return parser::options{.layout_hint = parser::layout::fixed_width,
+                               .field_widths = std::move(widths),
+                               .header_lines = header_lines,
+                               .detect_header_lines = detect_header_lines};
+    };
+    const parser::options without_header = fixed(0, false);
+    expect_answers({
+        {"only headers", u"ab cd\nef gh\n", "widths 1, header 2, 1 variables", fixed(2, false)},
+        {"a header to be found, past the end", u"ab\ncd ef\n", "widths 1, header 9, 1 variables", fixed(9)},
+        {"a header as long as the data", u"ab cd\n12 34\n56 78\n", "widths 2 3, header 0, 2 variables", fixed(1)},
         {"a header of its own length", u"long title\nab\ncd\nab\nefgh ij\nefgh kl\nefgh mn\n",
-         [](auto& o) { o.layout_hint = parser::layout::fixed_width; }, "widths 4 3, header 4, 2 variables"},
-        {"only one field a line", u"abc\nd\n", [](auto& o) { o.layout_hint = parser::layout::fixed_width; },
-         "widths 3, header 0, 1 variables"},
+         "widths 4 3, header 4, 2 variables", fixed()},
+        {"given widths", u"Title\nabcd\nefgh\nijkl\n", "widths 1 3, header 0, 2 variables", fixed(SIZE_MAX, true, {1, 3})},
+        {"only one field a line", u"abc\nd\n", "widths 3, header 0, 1 variables", fixed()},
+        {"columns", u"aa  bbb\nc   ddd\nee   ff\n", "widths 2 5, header 0, 2 variables", without_header},
+        {"what no earlier line reached is text", u"ab\nab cd\n", "widths 5, header 0, 1 variables", without_header},
+        {"blanks at the end", u"ab  \nab  \n", "widths 2 2, header 0, 2 variables", without_header},
+        {"a tab is no blank", u"a b\na\tb\n", "widths 3, header 0, 1 variables", without_header},
+        {"blanks in front, and an empty line", u"  a b\n\n  c d\n", "widths 3 2, header 0, 2 variables", without_header},
     });
 }
 
 TEST(StrategySelector, AnswersWithItsOptionsAndStartsAnew) {
-    parser::options options;
-    options.delimiters = {u"x"};
-    options.header_lines = 4;
+    const parser::options options{.delimiters = {u"x"}, .header_lines = 4};
     const Types types;
     detection::StrategySelector selector(options, types);
     const std::u16string text = u"1,2\n3,4\n5,6\n";
@@ -184,19 +131,7 @@ TEST(Candidates, ComeFromTheMiddleOfTheSample) {
     EXPECT_EQ(found, u"") << "of two lines the second counts, up to the end of text";
 }
 
-TEST(Candidates, FixedColumns) {
-    const auto widths = [](std::u16string_view text) {
-        return answer(text, [](auto& o) {
-            o.layout_hint = parser::layout::fixed_width;
-            o.detect_header_lines = false;
-            o.header_lines = 0;
-        });
-    };
-    EXPECT_EQ(widths(u"aa  bbb\nc   ddd\nee   ff\n"), "widths 2 5, header 0, 2 variables");
-    EXPECT_EQ(widths(u"ab\nab cd\n"), "widths 5, header 0, 1 variables") << "what no earlier line reached is text";
-    EXPECT_EQ(widths(u"ab  \nab  \n"), "widths 2 2, header 0, 2 variables");
-    EXPECT_EQ(widths(u"a b\na\tb\n"), "widths 3, header 0, 1 variables");
-    EXPECT_EQ(widths(u"  a b\n\n  c d\n"), "widths 3 2, header 0, 2 variables");
+TEST(Candidates, MeanDistanceFromTheMiddle) {
     int median = 0;
     EXPECT_EQ(detection::mad({1, 4, 0, 2}, median), 1.25);
     EXPECT_EQ(median, 2);

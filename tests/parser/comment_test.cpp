@@ -1,9 +1,5 @@
 #include "parser/reading.hpp"
 
-#include <gtest/gtest.h>
-
-#include <vector>
-
 namespace {
 
 using namespace test;
@@ -13,7 +9,7 @@ struct Case {
     const char* name;
     std::vector<std::u16string> style;
     std::u16string text;
-    Limits limits;
+    Request request;
     std::string line;      ///< read as one field per line
     std::string delimited; ///< read at commas, leading ones skipped
     std::string fixed;     ///< read at widths 2 and 9
@@ -32,13 +28,7 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
         {"one line, then text", block, u"/*x*/ 1,2\n3\n", {}, "[1,2]/[3]/ 12 2 2", "[1][2]/[3]/ 12 2 2", "[ 1][,2]/[3]/ 12 2 2"},
         {"two lines, nothing behind", block, u"/*x\ny*/ \n1\n", {}, "//[1]/ 11 3 1", "//[1]/ 11 3 1", "//[1]/ 11 3 1"},
         {"three lines, then text", block, u"/*\n\n*/1\n", {}, "//[1]/ 8 3 1", "//[1]/ 8 3 1", "//[1]/ 8 3 1"},
-        {"two on a line, the second is text",
-         block,
-         u"/*x*//*y*/\n",
-         {},
-         "[/*y*/]/ 11 1 1",
-         "[/*y*/]/ 11 1 1",
-         "[/*][y*/]/ 11 1 1"},
+        {"a second on the line is text", block, u"/**//*y*/\n", {}, "[/*y*/]/ 10 1 1", "[/*y*/]/ 10 1 1", "[/*][y*/]/ 10 1 1"},
         {"never closed", block, u"1\n/*x\ny", {}, "[1]// 7 2 1", "[1]// 7 2 1", "[1]// 7 2 1"},
         {"block opener alone", block, u"/*", {}, " 2 0 0", " 2 0 0", " 2 0 0"},
         {"closed at the end", block, u"/*x*/", {}, "/ 5 1 0", "/ 5 1 0", "/ 5 1 0"},
@@ -47,13 +37,13 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
         {"exactly the lines", block, u"/*\n\n*/1\n2\n", {.lines = 3}, "//[1]/ 8 3 1", "//[1]/ 8 3 1", "//[1]/ 8 3 1"},
     };
     for (const Case& c : cases) {
-        options options = comma_options();
-        options.comment_style = c.style;
-        EXPECT_EQ(reading<LineRecordReader>(c.text, options, c.limits), c.line) << c.name;
-        options.field_widths = {2, 9};
-        EXPECT_EQ(reading<FixedWidthRecordReader>(c.text, options, c.limits), c.fixed) << c.name;
-        options.leading_delimiters_rule = leading_delimiters::skip;
-        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options, c.limits), c.delimited) << c.name;
+        const options options{.delimiters = {u","},
+                              .comment_style = c.style,
+                              .field_widths = {2, 9},
+                              .leading_delimiters_rule = leading_delimiters::skip};
+        expect_readings<LineRecordReader>({{c.name, c.text, c.line, options, c.request}});
+        expect_readings<FixedWidthRecordReader>({{c.name, c.text, c.fixed, options, c.request}});
+        expect_readings<DelimitedRecordReader>({{c.name, c.text, c.delimited, options, c.request}});
     }
 }
 

@@ -1,23 +1,16 @@
 #include "parser/reading.hpp"
 
-#include <gtest/gtest.h>
-
-#include <vector>
-
 namespace {
 
 using namespace test;
 using namespace textio::parser;
+namespace run = consecutive_delimiters;
+namespace lead = leading_delimiters;
+namespace trail = trailing_delimiters;
 
 TEST(DelimitedReader, FindsFields) {
-    struct Case {
-        const char* name;
-        std::u16string text;
-        std::string expected;
-    };
     const std::u16string long_quoted = u"\"" + std::u16string(150, u',') + u"\"\"\",z\n";
-    const std::vector<Case> cases{
-        {"plain", u"a,b\n", "[a][b]/ 4 1 1"},
+    expect_readings<DelimitedRecordReader>({
         {"no ending", u"a,b", "[a][b]/ 3 1 1"},
         {"quotes and blanks stay", u"  \"a,b\"  ,c\n", "[  \"a,b\"  ][c]/ 12 1 1"},
         {"doubled quote", u"\"a\"\"b,c\",d\n", "[\"a\"\"b,c\"][d]/ 11 1 1"},
@@ -31,88 +24,54 @@ TEST(DelimitedReader, FindsFields) {
         {"only delimiters", u",,\n", "[][][]/ 3 1 1"},
         {"blank fields make a line, one alone is empty", u" , \n  \n", "[ ][ ]// 7 2 1"},
         {"longer than a block", long_quoted, "[" + shown(long_quoted.substr(0, 154)) + "][z]/ 157 1 1"},
-    };
-    for (const Case& c : cases) {
-        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, comma_options()), c.expected) << c.name << ": " << shown(c.text);
-    }
+    });
 }
 
-/// The rules for consecutive, leading and trailing delimiters.
-struct Rules {
-    std::uint8_t consecutive, leading, trailing;
-};
+options rules(std::uint8_t consecutive, std::uint8_t leading, std::uint8_t trailing) {
+    return {.delimiters = {u","},
+            .consecutive_delimiters_rule = consecutive,
+            .leading_delimiters_rule = leading,
+            .trailing_delimiters_rule = trailing};
+}
 
 TEST(DelimitedReader, DelimitersGoByTheirRules) {
-    namespace run = consecutive_delimiters;
-    namespace lead = leading_delimiters;
-    namespace trail = trailing_delimiters;
-    struct Case {
-        const char* name;
-        Rules rules;
-        std::u16string text;
-        std::string expected;
-    };
-    const std::vector<Case> cases{
-        {"separate", {run::separate, lead::keep, trail::keep}, u"a,b,\n,c\n", "[a][b][]/[][c]/ 8 2 2"},
-        {"merge keeps one at the end", {run::merge, lead::keep, trail::keep}, u"a,,b,,\n", "[a][b][]/ 7 1 1"},
-        {"merge and drop", {run::merge, lead::keep, trail::drop}, u"a,,b,,\n", "[a][b]/ 7 1 1"},
-        {"skip", {run::separate, lead::skip, trail::keep}, u",,a\n,,\n", "[a]// 7 2 1"},
-        {"leading error", {run::separate, lead::error, trail::keep}, u"a\n,a\n", "[a]/ leading record 0 field 0"},
-        {"a blank in front hides it", {run::separate, lead::error, trail::keep}, u" ,a\n", "[ ][a]/ 4 1 1"},
-        {"drop all", {run::separate, lead::keep, trail::drop}, u"a\n,,,\nb,\n", "[a]//[b]/ 9 3 2"},
-        {"trailing error", {run::separate, lead::keep, trail::error}, u"a\na,\n", "[a]/ trailing record 0 field 0"},
-        {"no trailing error", {run::separate, lead::keep, trail::error}, u"a\n", "[a]/ 2 1 1"},
-        {"consecutive error", {run::error, lead::keep, trail::keep}, u"a\na,,b\n", "[a]/ consecutive record 0 field 0"},
-        {"error put off", {run::error, lead::keep, trail::drop}, u"a,,b\n", " consecutive record 0 field 0"},
-        {"forgiven at the end", {run::error, lead::keep, trail::drop}, u"a,b,,\n", "[a][b]/ 6 1 1"},
-        {"put off behind the first field", {run::error, lead::keep, trail::drop}, u",,,\n", "/ 4 1 0"},
-        {"not only at the end", {run::error, lead::keep, trail::drop}, u"a,,b,,\n", " consecutive record 0 field 0"},
-        {"consecutive first", {run::error, lead::keep, trail::error}, u"a,,\n", " consecutive record 0 field 0"},
-        {"values outside the tables", {7, 7, 7}, u",a,,\n", "[][a][][]/ 5 1 1"},
-    };
-    for (const Case& c : cases) {
-        options options = comma_options();
-        options.consecutive_delimiters_rule = c.rules.consecutive;
-        options.leading_delimiters_rule = c.rules.leading;
-        options.trailing_delimiters_rule = c.rules.trailing;
-        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options), c.expected) << c.name << ": " << shown(c.text);
-    }
+    const options skipping = rules(run::separate, lead::skip, trail::keep);
+    const options error_or_drop = rules(run::error, lead::keep, trail::drop);
+    expect_readings<DelimitedRecordReader>({
+        {"separate", u"a,b,\n,c\n", "[a][b][]/[][c]/ 8 2 2", rules(run::separate, lead::keep, trail::keep)},
+        {"merge keeps one at the end", u"a,,b,,\n", "[a][b][]/ 7 1 1", rules(run::merge, lead::keep, trail::keep)},
+        {"merge and drop", u"a,,b,,\n", "[a][b]/ 7 1 1", rules(run::merge, lead::keep, trail::drop)},
+        {"skip", u",,a\n,,\n", "[a]// 7 2 1", skipping},
+        {"skip to a comment, behind blanks too", u"a,b\n ,# c,d\ne,f\n", "[a][b]//[e][f]/ 16 3 2", skipping},
+        {"leading error", u"a\n,a\n", "[a]/ leading record 0 field 0", rules(run::separate, lead::error, trail::keep)},
+        {"a blank in front hides it", u" ,a\n", "[ ][a]/ 4 1 1", rules(run::separate, lead::error, trail::keep)},
+        {"drop all", u"a\n,,,\nb,\n", "[a]//[b]/ 9 3 2", rules(run::separate, lead::keep, trail::drop)},
+        {"trailing error", u"a\na,\n", "[a]/ trailing record 0 field 0", rules(run::separate, lead::keep, trail::error)},
+        {"consecutive error", u"a\na,,b\n", "[a]/ consecutive record 0 field 0", rules(run::error, lead::keep, trail::keep)},
+        {"consecutive first", u"a,,\n", " consecutive record 0 field 0", rules(run::error, lead::keep, trail::error)},
+        {"error put off", u"a,,b\n", " consecutive record 0 field 0", error_or_drop},
+        {"forgiven at the end", u"a,b,,\n", "[a][b]/ 6 1 1", error_or_drop},
+        {"put off behind the first field", u",,,\n", "/ 4 1 0", error_or_drop},
+        {"not only at the end", u"a,,b,,\n", " consecutive record 0 field 0", error_or_drop},
+        {"values outside the tables", u",a,,\n", "[][a][][]/ 5 1 1", rules(7, 7, 7)},
+    });
 }
 
 TEST(DelimitedReader, OddSets) {
-    struct Case {
-        const char* name;
-        std::vector<std::u16string> delimiters;
-        std::u16string whitespace;
-        std::u16string text;
-        std::string expected;
-    };
-    const std::vector<Case> cases{
-        {"none", {}, u" ", u"a,b\n", "[a,b]/ 4 1 1"},
-        {"several", {u";", u","}, u" ", u"a;b,c\n", "[a][b][c]/ 6 1 1"},
-        {"two units, and its first alone", {u"::"}, u" ", u"a:b::c:\n", "[a:b][c:]/ 8 1 1"},
-        {"the longest wins", {u"-", u"->"}, u" ", u"a->b-c\n", "[a][b][c]/ 7 1 1"},
-        {"a line ending goes first", {u"\n", u","}, u" ", u"a,b\nc", "[a][b]/[c]/ 5 2 2"},
-        {"the quote", {u"\""}, u" ", u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2"},
-        {"blanks that are line endings", {u","}, u" \n", u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2"},
-        {"the end of the text", {u"\uFFFF"}, u" ", u"a", "[a]/ 1 1 1"},
-    };
-    for (const Case& c : cases) {
-        options options = comma_options();
-        options.delimiters = c.delimiters;
-        options.whitespace = c.whitespace;
-        EXPECT_EQ(reading<DelimitedRecordReader>(c.text, options), c.expected) << c.name << ": " << shown(c.text);
-    }
-}
-
-TEST(DelimitedReader, WhatSkippedDelimitersLeadTo) {
-    options options = comma_options();
-    options.comment_style = {u"#"};
-    options.leading_delimiters_rule = leading_delimiters::skip;
-    EXPECT_EQ(reading<DelimitedRecordReader>(u"a,b\n ,# c,d\ne,f\n", options), "[a][b]//[e][f]/ 16 3 2")
-        << "a comment, behind blanks too";
-    options.delimiters = {u"\uFFFF"};
-    EXPECT_EQ(reading<DelimitedRecordReader>(u"a", options), "[a]/ 1 1 1") << "past the end there is none";
+    const options merged_end{.delimiters = {u"\uFFFF"}, .consecutive_delimiters_rule = run::merge};
+    expect_readings<DelimitedRecordReader>({
+        {"none", u"a,b\n", "[a,b]/ 4 1 1", {.delimiters = {}}},
+        {"several", u"a;b,c\n", "[a][b][c]/ 6 1 1", {.delimiters = {u";", u","}}},
+        {"two units, and its first alone", u"a:b::c:\n", "[a:b][c:]/ 8 1 1", {.delimiters = {u"::"}}},
+        {"end of text behind a first unit", u"a:\uFFFF::\n", "[a:]/ 2 1 1", {.delimiters = {u"::"}}},
+        {"the longest wins", u"a->b-c\n", "[a][b][c]/ 7 1 1", {.delimiters = {u"-", u"->"}}},
+        {"a line ending goes first", u"a,b\nc", "[a][b]/[c]/ 5 2 2", {.delimiters = {u"\n", u","}}},
+        {"it begins a line ending", u"a\rb\r\nc", "[a][b]/[c]/ 6 2 2", {.delimiters = {u"\r"}, .line_endings = {u"\r\n"}}},
+        {"the quote", u"a\"b\"c\"\n\"d\n", "[a][b][c][]/[\"d\\n]/ 10 2 2", {.delimiters = {u"\""}}},
+        {"blanks that end lines", u"a, \nb\n\nc\n", "[a][ \\nb]//[c]/ 9 3 2", {.delimiters = {u","}, .whitespace = u" \n"}},
+        {"the end of the text", u"a", "[a]/ 1 1 1", {.delimiters = {u"\uFFFF"}}},
+        {"the end of the text, merged", u"a", "[a]/ 1 1 1", merged_end},
+    });
 }
 
 } // namespace

@@ -18,12 +18,13 @@ public:
         for (int round = 0; round < 3000; ++round) {
             const options options = some_options();
             const std::u16string text = some_text();
-            const Limits limits{.rows = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 3, 1}),
-                                .lines = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 4})};
+            const Request request{.rows = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 3, 1}),
+                                  .lines = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 4}),
+                                  .x_is_blank = random_() % 4 == 0};
             Reader plain(options);
             Reader full(options);
             full.has_plain_records = false;
-            ASSERT_EQ(reading_with(plain, text, options, limits), reading_with(full, text, options, limits))
+            ASSERT_EQ(reading_with(plain, text, options, request), reading_with(full, text, options, request))
                 << shown(text) << " round " << round;
             used_ += plain.has_plain_records ? 1 : 0;
         }

@@ -8,7 +8,7 @@ namespace test {
 struct LayoutCase {
     const char* name;
     std::u16string text;
-    std::vector<std::size_t> widths{}; ///< not empty: fixed widths, and these
+    textio::parser::options options{};
 };
 
 inline const std::vector<LayoutCase> layout_cases{
@@ -16,23 +16,15 @@ inline const std::vector<LayoutCase> layout_cases{
     {"long fields", u"x,y\n\"" + std::u16string(40, u'1') + u"\"\"2\",5\n2,6\n3,7\n"},
     {"space-aligned", u"a 1\nbc   22\ndef  3\n"},
     {"columns", u"  12  north    7\n 345  south   89\n   6  west   123\n"},
-    {"known widths", u"1234567890\n1234567\n", {4, 1, 5}},
+    {"known widths", u"1234567890\n1234567\n", {.layout_hint = textio::parser::layout::fixed_width, .field_widths = {4, 1, 5}}},
     {"one field per line", u"dear all\n\nthe ship sails at dawn\nbring coats\n"},
     {"a date on each line", u"2020-01-31\n2020-02-01\n2020-02-02\n"},
 };
 
-inline textio::parser::options options_of(const LayoutCase& layout) {
-    textio::parser::options options;
-    options.field_widths = layout.widths;
-    options.layout_hint = layout.widths.empty() ? textio::parser::layout::open : textio::parser::layout::fixed_width;
-    return options;
-}
-
 /// The layout and the sample that a run found.
 inline std::string answer(textio::detection::StrategySelector& selector, const std::u16string& text) {
     const auto found = selector.pick_strategy(textio::Field(text), 100);
-    return std::to_string(static_cast<int>(found->mode())) + " header " + std::to_string(found->header_lines()) + " " +
-           shown(*found->field_array());
+    return shown(*found) + " " + shown(*found->field_array());
 }
 
 } // namespace test

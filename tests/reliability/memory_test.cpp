@@ -83,10 +83,9 @@ Outcome with_failing_allocation(std::size_t number, Action action) {
 
 TEST(Memory, RunningOutLosesNothing) {
     for (const test::LayoutCase& layout : test::layout_cases) {
-        const textio::parser::options options = test::options_of(layout);
         // The long field has to be copied to take its separators out.
         const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator = u'2'};
-        textio::detection::StrategySelector selector(options, types);
+        textio::detection::StrategySelector selector(layout.options, types);
         const std::string expected = test::answer(selector, layout.text);
         std::size_t failures = 0;
         Outcome outcome = Outcome::out_of_memory;

@@ -9,11 +9,10 @@ namespace {
 
 TEST(Threads, ShareOptionsAndNothingElse) {
     for (const test::LayoutCase& layout : test::layout_cases) {
-        const textio::parser::options options = test::options_of(layout);
         const zentor::io::text::typedetection::TypeAnalyzerOptions types;
         std::string answers[2];
         const auto detect = [&](std::string& found) {
-            textio::detection::StrategySelector selector(options, types);
+            textio::detection::StrategySelector selector(layout.options, types);
             for (int run = 0; run < 20; ++run) {
                 found = test::answer(selector, layout.text);
             }

@@ -1,9 +1,11 @@
 /// \file
-/// Texts and samples as tests write and print them.
+/// Texts, samples and layouts as tests write and print them.
 #pragma once
 
 #include "textio/field.hpp"
+#include "textio/strategy.hpp"
 
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -39,6 +41,21 @@ inline std::string shown(const textio::FieldArray& sample) {
         out += "/";
     }
     return out;
+}
+
+/// A layout in a few words: kind, delimiter or widths, header lines, variables.
+inline std::string shown(const textio::GenericStrategy& strategy) {
+    constexpr std::array kinds{"by", "aligned", "widths", "lines"};
+    std::string out = kinds.at(static_cast<std::size_t>(strategy.mode()));
+    if (strategy.mode() == textio::enums::StrategyMode::delimited) {
+        out += " '" + shown(strategy.options().delimiters.front()) + "'";
+    }
+    for (const std::size_t width : strategy.options().field_widths) {
+        out += " " + std::to_string(width);
+    }
+    const std::size_t variables = strategy.num_variables();
+    return out + ", header " + std::to_string(strategy.header_lines()) + ", " +
+           (variables == SIZE_MAX ? "not valued" : std::to_string(variables) + " variables");
 }
 
 } // namespace test

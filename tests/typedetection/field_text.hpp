@@ -1,21 +1,13 @@
 #pragma once
 
+#include "support/text.hpp"
 #include "textio/type_analyzer.hpp"
 
 #include <gtest/gtest.h>
 
-#include <array>
-#include <ostream>
-#include <string>
-#include <string_view>
-
-/// How texts and classes show in the message of a failed case.
-inline std::string readable(std::u16string_view text) {
-    return testing::PrintToString(std::u16string(text));
-}
-
 namespace zentor::io::text::typedetection {
 
+/// How classes show in the message of a failed case.
 inline void PrintTo(FieldClass field_class, std::ostream* stream) {
     constexpr std::array names{
         "0",          "number",        "text",           "datetime",      "4", "unknown", "6", "date", "duration",

@@ -34,7 +34,13 @@ TEST(Operations, ChangeTheFieldAndNeverTheSample) {
     const auto replace = with(replace_characters{u",;", u'.'});
     const auto remove = with(remove_characters{u","});
     const auto find_number = with(trim_non_numeric{});
+    const auto change_a_cut_copy = [](MutableField& field) {
+        replace_characters{u",", u'.'}.process(field);
+        field.advance(1);
+        replace_characters{u".", u';'}.process(field);
+    };
     const Case cases[] = {
+        {"a copy that was cut", change_a_cut_copy, u",1,", u"1;", Copy::inside},
         {"trim both ends", trim, u" \t a b \t", u"a b"},
         {"trim a long text", trim, u' ' + Text(99, u'x'), Text(99, u'x')},
         {"quoted", take_quotes, uR"("abc")", u"abc"},
@@ -64,14 +70,14 @@ TEST(Operations, ChangeTheFieldAndNeverTheSample) {
         {"spelled in front", find_number, u"-inf 12", u"-inf 12"},
         {"spelled further in", find_number, u"x +NaN", u"+NaN"},
     };
-    for (const Case& test : cases) {
-        const Text sample = test.text;
+    for (const Case& c : cases) {
+        const Text sample = c.text;
         MutableField field{Field(sample)};
-        test.change(field);
-        SCOPED_TRACE(test.name + (": " + readable(test.text)));
-        EXPECT_EQ(Text(field.view()), test.expected);
-        EXPECT_EQ(copy_of(field), test.copy);
-        EXPECT_EQ(sample, test.text);
+        c.change(field);
+        SCOPED_TRACE(c.name + (": " + test::shown(c.text)));
+        EXPECT_EQ(Text(field.view()), c.expected);
+        EXPECT_EQ(copy_of(field), c.copy);
+        EXPECT_EQ(sample, c.text);
     }
 }
 

@@ -1,6 +1,7 @@
 #include "typedetection/field_text.hpp"
 
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 namespace zentor::io::text::typedetection {
@@ -15,13 +16,8 @@ FieldClass class_of(std::u16string_view text, const Options& options) {
 }
 
 TEST(TypeAnalyzer, TellsNumbersApart) {
-    struct Case {
-        Texts texts;
-        FieldClass plain;
-        FieldClass with_thousands;
-        FieldClass with_trimming;
-    };
-    const Case cases[] = {
+    // The classes by default, with a thousands separator, and with trimming to a number.
+    const std::vector<std::tuple<Texts, FieldClass, FieldClass, FieldClass>> cases{
         {{u"12", u"-12", u"+12", u"1.", u".5", u"+.5", u" 12 "}, number, number, number},
         {{u".", u"+", u"+.", u"-", u"Infinity"}, text, text, text},
         {{u"1,000.5", u"1.000,5", u",1,,2,"}, text, number, number},
@@ -36,41 +32,27 @@ TEST(TypeAnalyzer, TellsNumbersApart) {
         {{u"NaN", u"nan", u"+NaN", u"-nan", u"Inf", u"-Inf", u"+INF"}, number, number, number},
         {{u"NaN+1i", u"1+Infi"}, number, number, number},
     };
-    const Options with_thousands{.thousands_separator = u','};
-    const Options with_trimming{.trim_non_numeric = true};
-    for (const Case& test : cases) {
-        for (const std::u16string_view text : test.texts) {
-            SCOPED_TRACE(readable(text));
-            EXPECT_EQ(class_of(text, {}), test.plain);
-            EXPECT_EQ(class_of(text, with_thousands), test.with_thousands);
-            EXPECT_EQ(class_of(text, with_trimming), test.with_trimming);
+    for (const auto& [texts, plain, with_thousands, with_trimming] : cases) {
+        for (const std::u16string_view text : texts) {
+            EXPECT_EQ(class_of(text, {}), plain) << test::shown(text);
+            EXPECT_EQ(class_of(text, {.thousands_separator = u','}), with_thousands) << test::shown(text);
+            EXPECT_EQ(class_of(text, {.trim_non_numeric = true}), with_trimming) << test::shown(text);
         }
     }
 }
 
 TEST(TypeAnalyzer, FollowsItsOptions) {
-    const Options comma{.decimal_separator = u','};
-    const Options comma_trimming{.decimal_separator = u',', .trim_non_numeric = true};
-    const Options german{.thousands_separator = u'.', .decimal_separator = u','};
-    const Options no_d{.exponent_characters = u"eE", .trim_non_numeric = true};
-    const Options thousands{.thousands_separator = u','};
     const Options untrimmed{.whitespace = u""};
     const Options missing{.treat_as_missing = {u"NA", u"-999"}};
-    struct Case {
-        const char* name;
-        Options options;
-        Texts texts;
-        FieldClass expected;
-    };
-    const Case cases[] = {
-        {"decimal comma", comma, {u"1,5"}, number},
-        {"point is no decimal comma", comma, {u"1.5", u"1:2:3.5"}, text},
-        {"trimmed at the point", comma_trimming, {u"1.5"}, number},
-        {"both separators", german, {u"1.234.567,5"}, number},
-        {"comma in a duration", comma, {u"1:2:3,5"}, duration},
-        {"point in a date", comma, {u"31.12.1999"}, date},
-        {"exponent that only trimming knows", no_d, {u"5d3"}, text},
-        {"thousands in a duration", thousands, {u"1,000:30"}, text},
+    const std::vector<std::tuple<const char*, Options, Texts, FieldClass>> cases{
+        {"decimal comma", {.decimal_separator = u','}, {u"1,5"}, number},
+        {"point is no decimal comma", {.decimal_separator = u','}, {u"1.5", u"1:2:3.5"}, text},
+        {"trimmed at the point", {.decimal_separator = u',', .trim_non_numeric = true}, {u"1.5"}, number},
+        {"both separators", {.thousands_separator = u'.', .decimal_separator = u','}, {u"1.234.567,5"}, number},
+        {"comma in a duration", {.decimal_separator = u','}, {u"1:2:3,5"}, duration},
+        {"point in a date", {.decimal_separator = u','}, {u"31.12.1999"}, date},
+        {"exponent that only trimming knows", {.exponent_characters = u"eE", .trim_non_numeric = true}, {u"5d3"}, text},
+        {"thousands in a duration", {.thousands_separator = u','}, {u"1,000:30"}, text},
         {"blanks that nobody trims", untrimmed, {u" 12 "}, text},
         {"quotes go in any case", untrimmed, {u"\"12\""}, number},
         {"missing", missing, {u" \"NA\" ", u"NA ", u"-999"}, unknown},
@@ -87,9 +69,9 @@ TEST(TypeAnalyzer, FollowsItsOptions) {
         {"words", {}, {u":", u",,", u"x", u"nane", u"+-NaN", u"+NaT", u"NaTs"}, text},
         {"no time", {}, {u"NaT", u"nat", u"\"NAT\""}, datetime},
     };
-    for (const Case& test : cases) {
-        for (const std::u16string_view text : test.texts) {
-            EXPECT_EQ(class_of(text, test.options), test.expected) << test.name << ": " << readable(text);
+    for (const auto& [name, options, texts, expected] : cases) {
+        for (const std::u16string_view text : texts) {
+            EXPECT_EQ(class_of(text, options), expected) << name << ": " << test::shown(text);
         }
     }
 }
