@@ -1,8 +1,21 @@
 #include "textio/field.hpp"
 
+#include "parser/unit_search.hpp"
+
 #include <algorithm>
 
 namespace textio {
+
+namespace {
+
+bool is_blank(const Field& field, const std::u16string& whitespace) {
+    constexpr std::size_t worth_a_search = 512; // code units
+    return field.size < worth_a_search
+               ? field.view().find_first_not_of(whitespace) == std::u16string_view::npos
+               : parser::UnitSearch(whitespace).skip(field, 0) == field.size;
+}
+
+} // namespace
 
 MutableField::~MutableField() {
     if (owns_copy && copy_begin != inline_units) {
@@ -38,8 +51,7 @@ void DetectionOutputBuilder::add_record(const Field& record_text, const Record& 
         const std::size_t start = spans[2 * index];
         return Field(record_text.data + start, spans[2 * index + 1] - start);
     };
-    if (count == 0 || (count == 1 && field(0).view().find_first_not_of(*whitespace) ==
-                                         std::u16string_view::npos)) {
+    if (count == 0 || (count == 1 && is_blank(field(0), *whitespace))) {
         field_array->add_empty_line();
         return;
     }

@@ -10,6 +10,7 @@ TEST(LineReader, CutsLinesAndCountsRows) {
     const options nothing_is_blank{.whitespace = u""};
     const options odd_endings{.line_endings = {u"", u"<br>", u"<br>"}};
     const options end_is_an_ending{.line_endings = {u"\uFFFF", u"\n"}};
+    const std::u16string long_blanks(700, u' ');
     test::expect_readings<textio::parser::LineRecordReader>({
         {"nothing", u"", " 0 0 0"},
         {"no rows wanted", u"a\n", " 0 0 0", {}, {.rows = 0}},
@@ -18,6 +19,8 @@ TEST(LineReader, CutsLinesAndCountsRows) {
         {"only endings", u"\n\n", "// 2 2 0"},
         {"pairs are one ending", u"a\r\nb\rc\n\rd", "[a]/[b]/[c]//[d]/ 9 5 4"},
         {"blanks belong to the line", u"  a  \n \t \n", "[  a  ]// 10 2 1"},
+        {"many blanks are blank", long_blanks, "/ 700 1 0"},
+        {"many blanks and a unit", long_blanks + u"a", "[" + test::shown(long_blanks) + "a]/ 701 1 1", {}, {.x_is_blank = true}},
         {"empty lines are no rows", u"\n\na\nb\n", "//[a]/ 4 3 1", {}, {.rows = 1}},
         {"lines are limited too", u"\n\na\nb\n", "// 2 2 0", {}, {.lines = 2}},
         {"end of text begins a record", u"a\n\uFFFFb\n", "[a]/ 2 1 1"},
