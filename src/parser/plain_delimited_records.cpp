@@ -105,11 +105,20 @@ bool end_record(PlainRecords& records, const char16_t* end) {
 bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
                           PlainFields& fields) {
     const char16_t* begin = records.start();
+    const char16_t* checkpoint = records.first_checkpoint();
     const char16_t* end = fields.end_of_field(begin);
-    while (end != nullptr && end != records.end() && fields.is_delimiter(*end)) {
+    for (; end != nullptr; end = fields.end_of_field(begin)) {
+        if (end >= checkpoint) { // no text has a checkpoint behind its end
+            if (end == records.end()) {
+                break;
+            }
+            checkpoint = records.make_room_within_record(end);
+        }
+        if (!fields.is_delimiter(*end)) {
+            break;
+        }
         records.add_field(begin, end);
         begin = end + 1;
-        end = fields.end_of_field(begin);
     }
     if (end == nullptr ||
         (begin == end && reader.options->trailing_delimiters_rule != trailing_delimiters::keep)) {

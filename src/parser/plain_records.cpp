@@ -90,11 +90,18 @@ void PlainRecords::give_record_back() {
     array_.fields.resize(array_.line_ends.empty() ? 0 : array_.line_ends.back());
 }
 
-/// Makes room for as many fields as the whole text gives if it goes on as it began, so that a long
-/// sample is moved once and not at every doubling. The first lines of a text can mislead, so they
-/// count for little. Later ones are believed as long as little memory is at stake, for pages that
-/// are never written to cost nothing.
-void PlainRecords::make_room() {
+const char16_t* PlainRecords::make_room_within_record(const char16_t* at) {
+    if (array_.fields.capacity() - array_.fields.size() < static_cast<std::size_t>(long_record)) {
+        make_room(at, counts_.rows + taken_ + 1);
+    }
+    return checkpoint(at);
+}
+
+/// Makes room for as many fields as the whole text gives if it goes on as it began, up to `at` in
+/// the row of number `rows`, so that a long sample is moved once and not at every doubling. The
+/// first lines of a text can mislead, so they count for little. Later ones are believed as long as
+/// little memory is at stake, for pages that are never written to cost nothing.
+void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
     constexpr double margin = 1.05; // lines are not all alike
     constexpr double least_growth = 1.5;
     constexpr double most_growth = 64;
@@ -103,9 +110,8 @@ void PlainRecords::make_room() {
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };
-    const std::size_t rows = counts_.rows + taken_;
     const double growth = margin * std::min(share(static_cast<std::size_t>(end_ - begin_),
-                                                  static_cast<std::size_t>(start_ - begin_)),
+                                                  static_cast<std::size_t>(at - begin_)),
                                             share(limits_.rows, rows));
     const auto held = static_cast<double>(array_.fields.size());
     const double believed = rows < telling_rows ? 0 : little_room / held;

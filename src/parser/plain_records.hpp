@@ -71,6 +71,12 @@ public:
         array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin));
     }
 
+    /// Where a record that starts at `start()` is so long that it asks for room itself, or the end.
+    [[nodiscard]] const char16_t* first_checkpoint() const noexcept { return checkpoint(start_); }
+
+    /// Makes room in a record that has come up to `at`. Gives the next checkpoint.
+    [[nodiscard]] const char16_t* make_room_within_record(const char16_t* at);
+
     /// Ends the record. The next one starts at `next`.
     void end_record(const char16_t* next) {
         const std::size_t fields = array_.fields.size();
@@ -78,7 +84,7 @@ public:
         ++taken_;
         start_ = next;
         if (fields >= roomy_fields_) {
-            make_room();
+            make_room(start_, counts_.rows + taken_);
         }
     }
 
@@ -97,14 +103,19 @@ public:
 private:
     /// Room for so many fields is kept in the array, so that it seldom grows within a record.
     static constexpr std::size_t spare_fields = 64;
+    /// A record of more units asks for room now and then.
+    static constexpr std::ptrdiff_t long_record = 4096;
 
+    [[nodiscard]] const char16_t* checkpoint(const char16_t* at) const noexcept {
+        return end_ - at > long_record ? at + long_record : end_;
+    }
     [[nodiscard]] bool is_wanted() const noexcept { return taken_ < most_taken_ && start_ < end_; }
     [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept;
     [[nodiscard]] bool at_record_behind_blanks();
     void take_usual_empty_lines();
     void take_empty_lines(const char16_t* next, std::size_t count);
     void limit_taken() noexcept;
-    void make_room();
+    void make_room(const char16_t* at, std::size_t rows);
 
     const UnitSearch& blanks_;
     const GuardedDelim& line_ends_;

@@ -55,8 +55,11 @@ void count_column(FieldClass column, StrategyValuation& record) {
 // heading. An undecided header wraps to 0, and then the first line takes part as well.
 void GenericStrategy::inspect_datatypes() {
     const FieldArray& sample = *fields_;
-    std::vector<FieldClass> classes(valuation_record_.num_variables, FieldClass::unknown);
     const std::size_t first_line = header_lines_value_ + 1;
+    if (sample.line_count() <= first_line) {
+        return;
+    }
+    std::vector<FieldClass> classes(valuation_record_.num_variables, FieldClass::unknown);
     std::vector<std::size_t> open_columns(classes.size());
     std::iota(open_columns.begin(), open_columns.end(), std::size_t{0});
     for (std::size_t line = sample.line_count(); line > first_line && !open_columns.empty();

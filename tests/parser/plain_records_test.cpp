@@ -62,7 +62,7 @@ private:
         const std::u16string odd = u",,,;\n\n\r \t\"\"##\u00A0\uFFFF";
         const std::size_t odd_share = one_of<std::size_t>({2, 4, 12});
         const std::size_t odd_units = odd.size() - one_of<std::size_t>({0, 1, 1, 1, 5});
-        std::u16string text(random_() % one_of<std::size_t>({12, 90, 400}), u'x');
+        std::u16string text(random_() % one_of<std::size_t>({12, 90, 400, random_() % 8 == 0 ? 9000U : 12U}), u'x');
         for (char16_t& unit : text) {
             unit = random_() % odd_share == 0 ? odd[random_() % odd_units] : u'x';
         }
