@@ -63,8 +63,9 @@ private:
         const std::size_t odd_share = one_of<std::size_t>({2, 4, 12});
         const std::size_t odd_units = odd.size() - one_of<std::size_t>({0, 1, 1, 1, 5});
         std::u16string text(random_() % one_of<std::size_t>({12, 90, 400, random_() % 8 == 0 ? 9000U : 12U}), u'x');
+        const char16_t usual = one_of<char16_t>({u'x', u'x', u'x', u' '});
         for (char16_t& unit : text) {
-            unit = random_() % odd_share == 0 ? odd[random_() % odd_units] : u'x';
+            unit = random_() % odd_share == 0 ? odd[random_() % odd_units] : usual;
         }
         return text;
     }
