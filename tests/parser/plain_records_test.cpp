@@ -74,6 +74,36 @@ private:
     int used_ = 0;
 };
 
+/// What the short way leaves of a text.
+template <class Reader>
+std::u16string left_by(options options, std::u16string_view text) {
+    const Reader reader(options);
+    textio::Field view(text);
+    ReadCounts counts;
+    textio::FieldArray array;
+    const LineShape shape{
+        reader.blanks(), reader.guarded_line_ends, u"#", reader.unplain_starts(), true, Reader::blank_lines_are_empty};
+    PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, array);
+    records.resume();
+    take_plain_records(reader, records);
+    records.pause();
+    return std::u16string(view.view());
+}
+
+TEST(PlainRecords, AreNotLeftToTheFullSetOfRules) {
+    const std::u16string_view text = u"a,b\n\r\n,\"c,\nd\" ,\n\n  e \rf";
+    EXPECT_EQ(left_by<LineRecordReader>(comma_options(), text), u"");
+    EXPECT_EQ(left_by<DelimitedRecordReader>(comma_options(), text), u"");
+    EXPECT_EQ(left_by<FixedWidthRecordReader>({.field_widths = {2, 3}}, text), u"");
+    const options aligned{.delimiters = {u" ", u"\t"},
+                          .whitespace = u"",
+                          .consecutive_delimiters_rule = consecutive_delimiters::merge,
+                          .leading_delimiters_rule = leading_delimiters::skip,
+                          .trailing_delimiters_rule = trailing_delimiters::drop};
+    EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u" a  b\n\nc \td  \n  e"), u"");
+    EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u"a\n #b\nc"), u" #b\nc");
+}
+
 TEST(PlainRecords, AreReadAsByTheFullSetOfRules) {
     RandomReads().compare<LineRecordReader>();
     RandomReads().compare<DelimitedRecordReader>();
