@@ -120,6 +120,7 @@ TEST(Candidates, ComeFromTheMiddleOfTheSample) {
     EXPECT_EQ(delimiters({}), u"");
     EXPECT_EQ(delimiters({u"a;b"}), u";");
     EXPECT_EQ(delimiters({u"a;b", u"", u"a,b"}), u",");
+    EXPECT_EQ(delimiters({u"0;", u"", u"1,", u"", u"2:", u"3|", u"4~"}), u",:|~");
     EXPECT_EQ(delimiters({u"0;", u"1,", u"2:", u"3|", u"4:", u"5~"}), u":|");
     EXPECT_EQ(delimiters({u"0;", u"1,", u"2.", u"3|", u"4:", u"5~", u"6/"}), u"|:");
     std::u16string all;
@@ -129,6 +130,21 @@ TEST(Candidates, ComeFromTheMiddleOfTheSample) {
     const std::u16string found = delimiters({all + u",\uFFFF?", u"\uFFFF"});
     EXPECT_EQ(delimiters({all + u","}).size(), 51U);
     EXPECT_EQ(found, u"") << "of two lines the second counts, up to the end of text";
+}
+
+TEST(Candidates, FixedWidthsMustExplainMoreWithNoMoreVariables) {
+    const auto is_better = [](std::size_t variables, double variation) {
+        textio::StrategyValuation fixed;
+        fixed.num_variables = variables;
+        fixed.data_variation = variation;
+        textio::StrategyValuation aligned;
+        aligned.num_variables = 3;
+        aligned.data_variation = .5;
+        return detection::isFixedWidthStrategyBetterThanSpaceAlignedStrategy(fixed, aligned);
+    };
+    EXPECT_TRUE(is_better(3, .25));
+    EXPECT_FALSE(is_better(4, .25));
+    EXPECT_FALSE(is_better(3, .5));
 }
 
 TEST(Candidates, MeanDistanceFromTheMiddle) {
