@@ -106,7 +106,7 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
     constexpr double least_growth = 1.5;
     constexpr double most_growth = 64;
     constexpr std::size_t telling_rows = 32;
-    constexpr double little_room = (64U << 20U) / sizeof(Field);
+    constexpr auto little_room = static_cast<double>((64U << 20U) / sizeof(Field));
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };
