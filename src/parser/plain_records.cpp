@@ -106,7 +106,7 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
     constexpr double least_growth = 1.5;
     constexpr double most_growth = 64;
     constexpr std::size_t telling_rows = 32;
-    constexpr auto little_room = static_cast<double>((64U << 20U) / sizeof(Field));
+    constexpr std::size_t little_room = (64U << 20U) / sizeof(Field);
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };
@@ -114,7 +114,7 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
                                                   static_cast<std::size_t>(at - begin_)),
                                             share(limits_.rows, rows));
     const auto held = static_cast<double>(array_.fields.size());
-    const double believed = rows < telling_rows ? 0 : little_room / held;
+    const double believed = rows < telling_rows ? 0 : static_cast<double>(little_room) / held;
     const double wanted = std::clamp(growth, least_growth, std::max(believed, most_growth));
     array_.fields.reserve(static_cast<std::size_t>(held * wanted) + spare_fields);
     roomy_fields_ = array_.fields.capacity() - spare_fields;
