@@ -102,13 +102,13 @@ void add_possible_fixed_strategy(std::shared_ptr<GenericStrategy> space_candidat
         candidates.push_back(std::move(space_candidate));
         return;
     }
-    space_candidate.reset(); // the next read can use its memory
     if (found.widths.empty()) {
         found.widths = {1};
     }
     auto strategy =
         std::make_shared<FixedWidthStrategy>(options, type_options, std::move(found.widths));
     strategy->header_lines(header_lines);
+    space_candidate.reset(); // the read can use its memory
     parser::read_sample(builder, strategy, true);
     candidates.push_back(std::move(strategy));
 }
