@@ -2,6 +2,8 @@
 #include "textio/candidates.hpp"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <string_view>
 
 namespace textio::detection {
@@ -35,15 +37,58 @@ EntryRange telling_entries(std::size_t entries) {
     return {(entries + 2) / 3, 5 * entries / 6};
 }
 
-/// Appends the units of `line` that can be delimiters and that `search` does not know yet.
-void add_delimiters(const Field& line, PunctuationSearch& search, std::u16string& delims) {
-    const char16_t* const end = line.data + line.size;
-    for (const char16_t* at = search.next(line.data, end); at != end && *at != end_of_text;
-         at = search.next(at + 1, end)) {
+using Lines = std::vector<Field>::const_iterator;
+
+const char16_t* end_of(const Field& line) {
+    return line.data + line.size;
+}
+
+bool is_filled(const Field& line) {
+    return line.size > 0;
+}
+
+/// The entry of number `number`, of which lines that hold nothing have none.
+Lines find_entry(const std::vector<Field>& lines, std::size_t entries, std::size_t number) {
+    if (entries == lines.size()) {
+        return lines.begin() + static_cast<std::ptrdiff_t>(number);
+    }
+    auto line = std::ranges::find_if(lines, is_filled);
+    for (; number > 0; --number) {
+        line = std::find_if(line + 1, lines.end(), is_filled);
+    }
+    return line;
+}
+
+/// Whether nothing but a usual line ending, or nothing at all, stands between two lines.
+bool stand_together(const Field& line, const Field& next) {
+    constexpr std::uintptr_t longest_gap = 2 * sizeof(char16_t);
+    const auto address = [](const char16_t* units) { return std::bit_cast<std::uintptr_t>(units); };
+    return address(next.data) - address(end_of(line)) <= longest_gap &&
+           std::all_of(end_of(line), next.data,
+                       [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
+}
+
+/// Appends the units from `begin` up to `end` that can be delimiters and that `search` does not
+/// know yet. Gives the first `end_of_text` on the way, or `end`.
+const char16_t* add_delimiters(const char16_t* begin, const char16_t* end,
+                               PunctuationSearch& search, std::u16string& delims) {
+    const char16_t* at = search.next(begin, end);
+    for (; at != end && *at != end_of_text; at = search.next(at + 1, end)) {
         search.add_known(*at);
         if (can_be_delimiter(*at)) {
             delims.push_back(*at);
         }
+    }
+    return at;
+}
+
+/// The same for lines that stand together, in one go: to stop at the end of each line, where nobody
+/// can foretell it, costs as much as to look at the line. An `end_of_text` ends only its own line.
+void add_delimiters(Lines line, Lines last, PunctuationSearch& search, std::u16string& delims) {
+    while (line != last) {
+        const char16_t* const end = end_of(*(last - 1));
+        const char16_t* const at = add_delimiters(line->data, end, search, delims);
+        line = at == end ? last : std::upper_bound(line, last, at, [](const char16_t* unit, const Field& next) { return unit < next.data; });
     }
 }
 
@@ -51,24 +96,21 @@ void add_delimiters(const Field& line, PunctuationSearch& search, std::u16string
 
 void add_delims_from_line(const Field& line, std::u16string& delims) {
     PunctuationSearch search(delims);
-    add_delimiters(line, search, delims);
+    add_delimiters(line.data, end_of(line), search, delims);
 }
 
 std::u16string get_candidate_delims(const FieldArray& lines) {
-    const auto is_filled = [](const Field& field) { return field.size > 0; };
-    const auto [first, last] =
-        telling_entries(static_cast<std::size_t>(std::ranges::count_if(lines.fields, is_filled)));
+    const auto entries = static_cast<std::size_t>(std::ranges::count_if(lines.fields, is_filled));
+    const auto [first, last] = telling_entries(entries);
     std::u16string delims;
     PunctuationSearch search(delims);
-    std::size_t entry = 0;
-    for (auto field = lines.fields.begin(); entry < last; ++field) {
-        if (!is_filled(*field)) {
-            continue;
-        }
-        if (entry >= first) {
-            add_delimiters(*field, search, delims);
-        }
-        ++entry;
+    const auto end = find_entry(lines.fields, entries, last);
+    for (auto line = find_entry(lines.fields, entries, first); line != end;) {
+        const auto apart = std::adjacent_find(
+            line, end, [](const Field& a, const Field& b) { return !stand_together(a, b); });
+        const auto next = apart == end ? end : apart + 1;
+        add_delimiters(line, next, search, delims);
+        line = std::find_if(next, end, is_filled);
     }
     return delims;
 }

@@ -20,14 +20,15 @@ struct FixedColumns {
     std::vector<std::size_t> column_counts;
 };
 
-FixedColumns find_fixed_columns(const FieldArray& line_sample, std::size_t first_line) {
+FixedColumns find_fixed_columns(const Field& text, const FieldArray& line_sample,
+                                std::size_t first_line) {
     const std::size_t lines = line_sample.line_count();
     if (first_line >= lines) {
         return {{}, {1}};
     }
     FixedColumns found;
     found.column_counts.reserve(lines - first_line);
-    BlankColumns columns(line_length(line_sample, first_line));
+    BlankColumns columns(line_length(line_sample, first_line), text);
     std::size_t column_count = 0;
     for (std::size_t line = first_line; line < lines; ++line) {
         if (const std::size_t length = line_length(line_sample, line); length != 0) {
@@ -88,14 +89,14 @@ bool isFixedWidthStrategyBetterThanSpaceAlignedStrategy(StrategyValuation fixed,
 }
 
 void add_possible_fixed_strategy(std::shared_ptr<GenericStrategy> space_candidate,
-                                 const Field& /*text*/, const FieldArray& line_sample,
+                                 const Field& text, const FieldArray& line_sample,
                                  std::vector<std::shared_ptr<GenericStrategy>>& candidates,
                                  const parser::options& options,
                                  const TypeAnalyzerOptions& type_options,
                                  output::DetectionOutputBuilder& builder) {
     const std::size_t header_lines =
         detect_header_lines_fixed_width(space_candidate, line_sample, options);
-    FixedColumns found = find_fixed_columns(line_sample, header_lines);
+    FixedColumns found = find_fixed_columns(text, line_sample, header_lines);
     if (options.layout_hint != parser::layout::fixed_width &&
         !isFixedWidthStrategyBetterThanSpaceAlignedStrategy(expected_valuation(found.column_counts),
                                                             space_candidate->valuation())) {

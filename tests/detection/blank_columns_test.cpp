@@ -35,7 +35,7 @@ TEST(BlankColumns, AreCountedAsLinesComeIn) {
         const std::size_t longest = round % 2 == 0 ? 9 : 140;
         const std::size_t first_length = random() % longest;
         std::vector<bool> blank(first_length, true);
-        textio::detection::BlankColumns columns(first_length);
+        textio::detection::BlankColumns columns(first_length, {});
         for (int line = 0; line < 5; ++line) {
             std::u16string text(line == 0 ? first_length : random() % longest, u' ');
             for (char16_t& unit : text) {
