@@ -7,6 +7,8 @@
 #include "textio/statistics.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <limits>
 #include <span>
 
 namespace textio::detection {
@@ -34,28 +36,31 @@ std::size_t back_to_mostly_irregular_lines(const std::vector<std::size_t>& diffs
     return end;
 }
 
-std::vector<double> accumulated_distances(std::span<const std::size_t> diffs,
-                                          bool space_separated) {
+/// The position behind the sharpest downward bend of the curve over two or more `diffs`. The last
+/// point only gives the bend before it; beyond the first, that point stands in for its neighbour.
+std::size_t behind_sharpest_bend(std::span<const std::size_t> diffs, bool space_separated) {
     // Prose falls into many fields at its blanks: that it differs counts there, not how far.
-    constexpr std::size_t space_separated_limit = 2;
+    const std::size_t limit = space_separated ? 2 : SIZE_MAX;
 
-    std::vector<double> curve;
-    curve.reserve(diffs.size());
-    double sum = 0;
-    for (std::size_t i = 0; i < diffs.size(); ++i) {
-        const bool limited = space_separated && i > 0;
-        sum += static_cast<double>(limited ? std::min(diffs[i], space_separated_limit) : diffs[i]);
-        curve.push_back(sum * (sum / static_cast<double>(i + 1)));
+    double sum = static_cast<double>(diffs.front());
+    double before = sum * sum;
+    double here = before;
+    double sharpest = -std::numeric_limits<double>::infinity();
+    std::size_t behind = 0;
+    for (std::size_t i = 1; i < diffs.size(); ++i) {
+        sum += static_cast<double>(std::min(diffs[i], limit));
+        const double ahead = sum * (sum / static_cast<double>(i + 1));
+        // As `filter_vector` adds: the order decides the last digit, and with it which of two bends
+        // wins.
+        const double bend = (2.0 * here - before) - ahead;
+        if (bend > sharpest) {
+            sharpest = bend;
+            behind = i;
+        }
+        before = here;
+        here = ahead;
     }
-    return curve;
-}
-
-/// The position behind the sharpest downward bend. The last of the two or more points of `curve`
-/// only gives the bend before it.
-std::size_t behind_sharpest_bend(const std::vector<double>& curve) {
-    const std::vector<double> bend = filter_vector(curve, -1.0, 2.0, -1.0);
-    const auto sharpest = std::max_element(bend.begin(), bend.end() - 1);
-    return static_cast<std::size_t>(sharpest - bend.begin()) + 1;
+    return behind;
 }
 
 } // namespace
@@ -75,10 +80,9 @@ std::size_t get_header_lines(const std::vector<std::size_t>& diffs, std::size_t 
     if (irregular_end <= h_min) {
         return h_min;
     }
-    const std::vector<double> curve =
-        accumulated_distances(std::span(diffs).first(irregular_end + 1), space_separated);
-    const std::size_t header_lines =
-        back_over_regular_lines(diffs, std::max(behind_sharpest_bend(curve), h_min));
+    const std::size_t bend_end =
+        behind_sharpest_bend(std::span(diffs).first(irregular_end + 1), space_separated);
+    const std::size_t header_lines = back_over_regular_lines(diffs, std::max(bend_end, h_min));
     // What would leave less than a third of the lines for data is no header.
     return 3 * header_lines > 2 * lines ? h_min : header_lines;
 }
@@ -104,13 +108,12 @@ std::vector<double> filter_vector(const std::vector<double>& values, double left
         return values;
     }
     const std::size_t last = values.size() - 1;
-    std::vector<double> filtered;
-    filtered.reserve(values.size());
-    filtered.push_back((left + centre) * values[0] + right * values[1]);
+    std::vector<double> filtered(values.size());
+    filtered[0] = (left + centre) * values[0] + right * values[1];
     for (std::size_t i = 1; i < last; ++i) {
         // The order of the additions decides the last digit, and with it which of two bends wins.
-        filtered.push_back((centre * values[i] + left * values[i - 1]) + right * values[i + 1]);
+        filtered[i] = (centre * values[i] + left * values[i - 1]) + right * values[i + 1];
     }
-    filtered.push_back((centre + right) * values[last] + left * values[last - 1]);
+    filtered[last] = (centre + right) * values[last] + left * values[last - 1];
     return filtered;
 }

@@ -48,6 +48,12 @@ bool is_majority(Counts first, Counts last, std::size_t count) {
     return std::count(first, last, count) > (last - first) / 2;
 }
 
+/// How far `a` and `b` are apart, without a branch that ragged tables make hard to foretell.
+std::size_t distance(std::size_t a, std::size_t b) {
+    const std::size_t minus = a < b ? ~std::size_t{0} : 0;
+    return ((a - b) ^ minus) - minus;
+}
+
 } // namespace
 
 std::size_t get_h_min(const std::vector<std::size_t>& counts) {
@@ -86,11 +92,11 @@ std::vector<std::size_t> absolute_differences(const std::vector<std::size_t>& co
     // A ragged tail, such as a footnote, is no sign of an irregular table.
     const auto tail = std::find(counts.rbegin(), counts.rend(), median).base();
 
-    std::vector<std::size_t> diffs(static_cast<std::size_t>(tail - counts.begin()));
+    std::vector<std::size_t> diffs(counts.begin(), tail);
     auto end = diffs.begin();
-    for (auto count = counts.begin(); count != tail; ++count) {
-        *end = std::max(*count, median) - std::min(*count, median);
-        end += *count != 0 ? 1 : 0;
+    for (const std::size_t count : diffs) {
+        *end = distance(count, median);
+        end += count != 0 ? 1 : 0;
     }
     diffs.erase(end, diffs.end());
     return diffs;

@@ -24,8 +24,10 @@ void drop_trailing_empty_lines(std::vector<std::size_t>& line_ends) {
 }
 
 std::vector<std::size_t> fields_per_line(const std::vector<std::size_t>& line_ends) {
-    std::vector<std::size_t> counts(line_ends.size());
-    std::adjacent_difference(line_ends.begin(), line_ends.end(), counts.begin());
+    std::vector<std::size_t> counts(line_ends);
+    for (std::size_t line = 1; line < counts.size(); ++line) {
+        counts[line] = line_ends[line] - line_ends[line - 1];
+    }
     return counts;
 }
 
