@@ -126,7 +126,8 @@ protected:
 
 private:
     TEXTIO_NO_EXPORT void value_sample();
-    TEXTIO_NO_EXPORT void measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min);
+    TEXTIO_NO_EXPORT void measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min,
+                                        bool is_regular);
 };
 
 /// One field per line, blanks included. It never has header lines.

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <numeric>
 #include <span>
@@ -29,6 +30,11 @@ std::vector<std::size_t> fields_per_line(const std::vector<std::size_t>& line_en
         counts[line] = line_ends[line] - line_ends[line - 1];
     }
     return counts;
+}
+
+/// Whether every line of one or more has as many fields as the first.
+bool are_alike(const std::vector<std::size_t>& counts) {
+    return std::adjacent_find(counts.begin(), counts.end(), std::not_equal_to<>()) == counts.end();
 }
 
 std::vector<std::size_t> lines_without_fields(const std::vector<std::size_t>& counts) {
@@ -88,21 +94,30 @@ void GenericStrategy::value_sample() {
         header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
         return;
     }
-    const std::size_t median = detection::get_modified_median(counts, h_min);
+    const bool is_regular = are_alike(counts);
+    const std::size_t median =
+        is_regular ? counts.front() : detection::get_modified_median(counts, h_min);
     record.median_fields = static_cast<std::int32_t>(median);
     if (record.median_fields < 2) {
         header_lines_value_ = auto_header_lines_ ? h_min : header_lines_value_;
     } else {
-        measure_lines(counts, h_min);
+        measure_lines(counts, h_min, is_regular);
     }
     inspect_datatypes();
 }
 
-void GenericStrategy::measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min) {
+void GenericStrategy::measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min,
+                                    bool is_regular) {
     StrategyValuation& record = valuation_record_;
-    const std::vector<std::size_t> empty_lines = lines_without_fields(counts);
-    const std::vector<std::size_t> diffs =
-        detection::absolute_differences(counts, static_cast<std::size_t>(record.median_fields));
+    std::vector<std::size_t> empty_lines;
+    std::vector<std::size_t> diffs;
+    if (is_regular) {
+        diffs.assign(counts.size(), 0);
+    } else {
+        empty_lines = lines_without_fields(counts);
+        diffs =
+            detection::absolute_differences(counts, static_cast<std::size_t>(record.median_fields));
+    }
     if (diffs.empty()) {
         header_lines_value_ = std::max(h_min, detection::adjust_header(0, empty_lines, counts));
         return;
