@@ -85,6 +85,10 @@ public:
     /// `std::bad_alloc`.
     StrategyValuation& valuation();
 
+    /// The part of the valuation that looks at no text: all but the classes of the columns, and the
+    /// header. Made once, by `valuation()` where it has not been asked for before. Needs a sample.
+    TEXTIO_NO_EXPORT const StrategyValuation& measure_lines();
+
     /// Replaces the units that are trimmed from a field before it is classified, and nothing else.
     void reset_whitespace(const std::u16string& whitespace);
 
@@ -119,14 +123,16 @@ protected:
     zentor::io::text::typedetection::TypeAnalyzer<false> type_analyzer_;
 
     std::unique_ptr<FieldArray> fields_; ///< the sample
-    bool valuation_cached_ = false;      ///< the figures are those of the sample
+    bool lines_measured_ = false;        ///< the figures of the lines are those of the sample
+    bool has_data_lines_ = false;        ///< some of the lines measured are no header
+    bool valuation_cached_ = false;      ///< all figures are those of the sample
     bool space_separated_ = false;       ///< fields are separated by blank space
     bool has_fields_ = false;            ///< a sample has been handed over
     enums::StrategyMode mode_;           ///< the layout
 
 private:
-    TEXTIO_NO_EXPORT void value_sample();
-    TEXTIO_NO_EXPORT void measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min,
+    TEXTIO_NO_EXPORT void measure_counts(const std::vector<std::size_t>& counts);
+    TEXTIO_NO_EXPORT void measure_table(const std::vector<std::size_t>& counts, std::size_t h_min,
                                         bool is_regular);
 };
 

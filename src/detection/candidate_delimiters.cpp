@@ -88,7 +88,11 @@ void add_delimiters(Lines line, Lines last, PunctuationSearch& search, std::u16s
     while (line != last) {
         const char16_t* const end = end_of(*(last - 1));
         const char16_t* const at = add_delimiters(line->data, end, search, delims);
-        line = at == end ? last : std::upper_bound(line, last, at, [](const char16_t* unit, const Field& next) { return unit < next.data; });
+        line = at == end
+                   ? last
+                   : std::upper_bound(line, last, at, [](const char16_t* unit, const Field& next) {
+                         return unit < next.data;
+                     });
     }
 }
 

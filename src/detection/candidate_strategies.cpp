@@ -42,6 +42,10 @@ bool lines_look_padded(const FieldArray& line_sample, std::size_t first_line) {
     return true;
 }
 
+bool is_regular(const StrategyValuation& valuation) {
+    return valuation.data_variation < least_refused_variation;
+}
+
 double classified_share(const StrategyValuation& valuation) {
     return static_cast<double>(valuation.classified_variables) /
            static_cast<double>(valuation.num_variables);
@@ -111,23 +115,25 @@ private:
     /// A blank separates columns, or fields. A reading at each blank is tried beside the aligned
     /// one only if it gives at least as large a share of its columns a class.
     void add_blank_layouts() {
-        auto space_aligned = read_space_aligned();
-        const double aligned_share = classified_share(space_aligned->valuation());
-        const bool added = add_aligned_layout(std::move(space_aligned));
+        const double aligned_share = add_aligned_layout();
         auto space_delimited = make_delimited(blank);
-        parser::read_sample(builder_, space_delimited, true);
-        if (!added || classified_share(space_delimited->valuation()) >= aligned_share) {
+        if (is_worth_valuing(space_delimited) &&
+            classified_share(space_delimited->valuation()) >= aligned_share) {
             add_if_possible(std::move(space_delimited));
         }
     }
 
-    bool add_aligned_layout(std::shared_ptr<GenericStrategy> space_aligned) {
-        if (!can_be_fixed_width(*space_aligned)) {
-            return add_if_possible(std::move(space_aligned));
+    /// Gives the share of the columns of the space-aligned reading that have a class, or 0 if
+    /// nothing was added.
+    double add_aligned_layout() {
+        auto space_aligned = read_space_aligned();
+        if (can_be_fixed_width(*space_aligned)) {
+            const double share = classified_share(space_aligned->valuation());
+            add_possible_fixed_strategy(std::move(space_aligned), text_, line_sample_, candidates_,
+                                        options_, type_options_, builder_);
+            return share;
         }
-        add_possible_fixed_strategy(std::move(space_aligned), text_, line_sample_, candidates_,
-                                    options_, type_options_, builder_);
-        return true;
+        return add_if_possible(space_aligned) ? classified_share(space_aligned->valuation()) : 0;
     }
 
     [[nodiscard]] bool can_be_fixed_width(const GenericStrategy& space_aligned) const {
@@ -142,14 +148,23 @@ private:
                                                delimiter == options_.excluded_delimiter.front());
     }
 
+    /// Reads the sample of `strategy`. If its lines alone rule it out, nobody asks for the classes
+    /// of its columns.
+    bool is_worth_valuing(const std::shared_ptr<GenericStrategy>& strategy) {
+        parser::read_sample(builder_, strategy, false);
+        return is_regular(strategy->measure_lines());
+    }
+
     bool add_if_possible(std::shared_ptr<GenericStrategy> strategy) {
-        return add_possible_strategy(std::move(strategy), candidates_, options_, type_options_,
+        return is_worth_valuing(strategy) &&
+               add_possible_strategy(std::move(strategy), candidates_, options_, type_options_,
                                      builder_);
     }
 
     std::shared_ptr<GenericStrategy> read_space_aligned() {
         auto strategy = std::make_shared<SpaceAlignedStrategy>(options_, type_options_);
-        parser::read_sample(builder_, strategy, true);
+        parser::read_sample(builder_, strategy, false);
+        strategy->measure_lines();
         return strategy;
     }
 
@@ -179,9 +194,8 @@ bool add_possible_strategy(std::shared_ptr<GenericStrategy> strategy,
                            output::DetectionOutputBuilder& builder) {
     parser::read_sample(builder, strategy, true);
     const StrategyValuation& valuation = strategy->valuation();
-    const bool is_regular = valuation.data_variation < least_refused_variation;
     const bool is_common = valuation.prior_rank < static_cast<double>(common_delimiters.size());
-    if (!is_regular || (valuation.num_lines == 1 && !is_common)) {
+    if (!is_regular(valuation) || (valuation.num_lines == 1 && !is_common)) {
         return false;
     }
     candidates.push_back(std::move(strategy));

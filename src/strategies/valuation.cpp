@@ -77,36 +77,45 @@ double mean_from(const std::vector<std::size_t>& values, std::size_t first) {
 
 StrategyValuation& GenericStrategy::valuation() {
     if (!valuation_cached_) {
-        value_sample();
+        measure_lines();
+        if (has_data_lines_) {
+            inspect_datatypes();
+        }
         valuation_record_.header_lines = header_lines_value_;
         valuation_cached_ = true;
     }
     return valuation_record_;
 }
 
-void GenericStrategy::value_sample() {
-    drop_trailing_empty_lines(fields_->line_ends);
-    StrategyValuation& record = valuation_record_;
-    record.num_lines = fields_->line_count();
-    const std::vector<std::size_t> counts = fields_per_line(fields_->line_ends);
+const StrategyValuation& GenericStrategy::measure_lines() {
+    if (!lines_measured_) {
+        drop_trailing_empty_lines(fields_->line_ends);
+        valuation_record_.num_lines = fields_->line_count();
+        measure_counts(fields_per_line(fields_->line_ends));
+        lines_measured_ = true;
+    }
+    return valuation_record_;
+}
+
+void GenericStrategy::measure_counts(const std::vector<std::size_t>& counts) {
     const std::size_t h_min = auto_header_lines_ ? detection::get_h_min(counts) : 0;
-    if (h_min >= counts.size()) {
+    has_data_lines_ = h_min < counts.size();
+    if (!has_data_lines_) {
         header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
         return;
     }
     const bool is_regular = are_alike(counts);
     const std::size_t median =
         is_regular ? counts.front() : detection::get_modified_median(counts, h_min);
-    record.median_fields = static_cast<std::int32_t>(median);
-    if (record.median_fields < 2) {
-        header_lines_value_ = auto_header_lines_ ? h_min : header_lines_value_;
-    } else {
-        measure_lines(counts, h_min, is_regular);
+    valuation_record_.median_fields = static_cast<std::int32_t>(median);
+    if (valuation_record_.median_fields >= 2) {
+        measure_table(counts, h_min, is_regular);
+    } else if (auto_header_lines_) {
+        header_lines_value_ = h_min;
     }
-    inspect_datatypes();
 }
 
-void GenericStrategy::measure_lines(const std::vector<std::size_t>& counts, std::size_t h_min,
+void GenericStrategy::measure_table(const std::vector<std::size_t>& counts, std::size_t h_min,
                                     bool is_regular) {
     StrategyValuation& record = valuation_record_;
     std::vector<std::size_t> empty_lines;
