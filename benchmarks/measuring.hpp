@@ -14,6 +14,7 @@
 #include <limits>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace bench {
 
@@ -98,6 +99,39 @@ inline void report(benchmark::State& state, const std::string& figure, double va
                    double target) {
     report(state, figure, value);
     report(state, figure + std::string(target_suffix), target);
+}
+
+/// Compares a text of `10 * rows` rows with its ten parts of `rows` rows. Of one part read again
+/// and again, a processor would have learnt the branches and kept the text at hand, which says
+/// nothing of the cost of more rows. `make_text` gives the first so many rows of one text.
+template <class MakeText, class SecondsOfText>
+void measure_growth(benchmark::State& state, std::size_t rows, MakeText&& make_text,
+                    SecondsOfText&& seconds_of_text) {
+    constexpr std::size_t count = 10;
+    constexpr double most_growth = 11;
+    const std::u16string whole = make_text(count * rows);
+    std::vector<std::u16string> parts;
+    std::size_t begin = 0;
+    for (std::size_t part = 1; part <= count; ++part) {
+        const std::size_t end = make_text(part * rows).size();
+        parts.push_back(whole.substr(begin, end - begin));
+        begin = end;
+    }
+    BestTime all_parts;
+    BestTime together;
+    for ([[maybe_unused]] auto _ : state) {
+        double seconds = 0;
+        for (const std::u16string& part : parts) {
+            seconds += seconds_of_text(part);
+        }
+        all_parts.add(seconds);
+        const double seconds_together = seconds_of_text(whole);
+        together.add(seconds_together);
+        state.SetIterationTime(seconds_together);
+    }
+    report_best_time(state, together);
+    report(state, "x the time of a tenth",
+           together.seconds() * static_cast<double>(count) / all_parts.seconds(), most_growth);
 }
 
 } // namespace bench

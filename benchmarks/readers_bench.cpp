@@ -100,28 +100,16 @@ void add_read(const std::string& name, std::function<std::u16string()> make_text
     })->UseManualTime();
 }
 
-/// Compares a text with one of ten times as many rows, and counts what its read allocates.
+/// What ten times as many rows cost, and what a read allocates.
 void add_growth(const std::string& reader, std::function<std::u16string(std::size_t)> make_text,
                 MakeStrategy make_strategy) {
-    constexpr double most_growth = 11;
     constexpr double most_allocations = 64;
     for (const std::size_t rows : {1'000U, 10'000U}) {
         const std::string name = reader + ", 10 x " + std::to_string(rows) + " rows";
         benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-            const std::u16string small_text = make_text(rows);
-            const std::u16string large_text = make_text(10 * rows);
-            BestTime small;
-            BestTime large;
-            for ([[maybe_unused]] auto _ : state) {
-                for (int i = 0; i < 10; ++i) {
-                    small.add(read_once(Field(small_text), make_strategy).seconds);
-                }
-                const double seconds = read_once(Field(large_text), make_strategy).seconds;
-                large.add(seconds);
-                state.SetIterationTime(seconds);
-            }
-            report_best_time(state, large);
-            report(state, "x the time", large.seconds() / small.seconds(), most_growth);
+            measure_growth(state, rows, make_text, [&](const std::u16string& text) {
+                return read_once(Field(text), make_strategy).seconds;
+            });
         })->UseManualTime();
     }
     for (const std::size_t rows : {1'000U, 10'000U, 100'000U}) {
