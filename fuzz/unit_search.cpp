@@ -36,13 +36,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         require(outside.next(text, from) == other, "the next unit outside the set is found");
         require(inside.skip(text, from) == other, "a run of units of the set is passed");
         require(outside.skip(text, from) == found, "a run of units outside the set is passed");
-        // A walk never goes back: not behind what it found.
-        require(walk.next(std::max(walked, text.data + from)) == text.data + found,
-                "a walk finds it");
-        require(other_walk.next(std::max(other_walked, text.data + from)) == text.data + other,
-                "a walk finds it");
-        walked = text.data + found;
-        other_walked = text.data + other;
+        // A walk gives each unit once.
+        if (text.data + from >= walked) {
+            walked = walk.next(text.data + from);
+            require(walked == text.data + found, "a walk finds it");
+            if (found < text.size) {
+                walked = walk.next();
+                require(walked == text.data + plain_next(set, text, found + 1),
+                        "a walk finds the next");
+                walked += walked == text.data + text.size ? 0 : 1;
+            }
+        }
+        if (text.data + from >= other_walked) {
+            other_walked = other_walk.next(text.data + from);
+            require(other_walked == text.data + other, "a walk finds it");
+            other_walked += other == text.size ? 0 : 1;
+        }
     }
     return 0;
 }

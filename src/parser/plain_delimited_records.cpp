@@ -32,22 +32,32 @@ public:
     PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records)
         : blanks_(reader.blanks().set()), delimiters_(reader.delimiter_units),
           quote_(reader.options->quote),
-          first_delimiter_(delimiters_.units().empty() ? end_of_text : delimiters_.units().front()),
+          usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1),
           stops_(reader.stops, records.start(), records.end()), text_end_(records.end()) {}
 
-    /// Where the field that begins at `begin` ends: at a delimiter, at what may be a line ending,
-    /// or at the end of the text. Null if the field is not plain.
-    const char16_t* end_of_field(const char16_t* begin) {
-        const char16_t* const stop = stops_.next(begin);
+    /// The first stop from `begin` on, or the end of the text.
+    const char16_t* next_stop(const char16_t* begin) { return stops_.next(begin); }
+
+    /// The stop behind the last one.
+    const char16_t* next_stop() { return stops_.next(); }
+
+    /// Where the field that begins at `begin` and whose first stop is `stop` ends: at a delimiter,
+    /// at what may be a line ending, or at the end of the text. Null if the field is not plain.
+    const char16_t* end_of_field(const char16_t* begin, const char16_t* stop) {
         return stop == text_end_ || !is_quote_or_end(*stop) ? stop : end_of_odd_field(begin, stop);
     }
 
+    /// Whether `unit` is the delimiter that nearly all layouts have alone. It is no quote then.
+    [[nodiscard]] bool is_usual_delimiter(char16_t unit) const { return unit == usual_delimiter_; }
+
     [[nodiscard]] bool is_delimiter(char16_t unit) const {
-        return unit == first_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
+        return unit == usual_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
     }
 
 private:
+    static constexpr char32_t no_unit = 0x10000;
+
     [[nodiscard]] bool is_quote_or_end(char16_t unit) const {
         return unit == quote_ || unit == end_of_text;
     }
@@ -59,14 +69,14 @@ private:
             if (*stop == end_of_text) {
                 return nullptr;
             }
-            stop = behind_quoted_part(stop);
-            if (stop != text_end_ && *stop == end_of_text) {
+            const char16_t* const behind = behind_quoted_part(stop);
+            if (behind != text_end_ && *behind == end_of_text) {
                 return nullptr;
             }
+            stop = stops_.next(behind);
         }
-        stop = stops_.next(stop);
         while (stop != text_end_ && is_quote_or_end(*stop)) {
-            stop = stops_.next(stop + 1);
+            stop = stops_.next();
         }
         return stop;
     }
@@ -85,7 +95,7 @@ private:
     const UnitSet& blanks_;
     const UnitSet& delimiters_;
     const char16_t quote_;
-    const char16_t first_delimiter_;
+    const char32_t usual_delimiter_;
     const bool has_more_delimiters_;
     SearchWalk stops_;
     const char16_t* const text_end_;
@@ -106,19 +116,24 @@ bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& rec
                           PlainFields& fields) {
     const char16_t* begin = records.start();
     const char16_t* checkpoint = records.first_checkpoint();
-    const char16_t* end = fields.end_of_field(begin);
-    for (; end != nullptr; end = fields.end_of_field(begin)) {
-        if (end >= checkpoint) { // no text has a checkpoint behind its end
-            if (end == records.end()) {
-                break;
-            }
-            checkpoint = records.make_room_within_record(end);
+    const char16_t* end = fields.next_stop(begin);
+    for (;;) {
+        if (end < checkpoint && fields.is_usual_delimiter(*end)) {
+            records.add_field(begin, end);
+            begin = end + 1;
+            end = fields.next_stop();
+            continue;
         }
-        if (!fields.is_delimiter(*end)) {
+        end = fields.end_of_field(begin, end);
+        if (end == nullptr || end == records.end() || !fields.is_delimiter(*end)) {
             break;
+        }
+        if (end >= checkpoint) {
+            checkpoint = records.make_room_within_record(end);
         }
         records.add_field(begin, end);
         begin = end + 1;
+        end = fields.next_stop();
     }
     if (end == nullptr ||
         (begin == end && reader.options->trailing_delimiters_rule != trailing_delimiters::keep)) {
@@ -140,7 +155,7 @@ bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& recor
         return false;
     }
     for (;;) {
-        const char16_t* const end = fields.end_of_field(begin);
+        const char16_t* const end = fields.end_of_field(begin, fields.next_stop(begin));
         if (end == nullptr) {
             return false;
         }

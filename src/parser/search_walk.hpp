@@ -10,29 +10,38 @@
 
 namespace textio::parser {
 
-/// Finds the units that a `UnitSearch` wants, one after the other. Keeps the mask of the block that
-/// it is in, so that no unit is compared twice. For use as a local variable of the loop that walks:
-/// its state then stays in registers.
+/// Finds the units that a `UnitSearch` wants, each once, one after the other. Keeps what is left of
+/// the mask of the block that it is in, so no unit is compared twice, and the next hit does not
+/// wait for what is done about the last. For use as a local variable of the loop that walks: its
+/// state then stays in registers.
 class SearchWalk {
 public:
     /// A walk through the units from `begin` up to `end`, which must not change meanwhile.
     SearchWalk(const UnitSearch& search, const char16_t* begin, const char16_t* end) noexcept
         : search_(search), block_(begin), block_end_(begin), end_(end) {}
 
-    /// The first wanted unit from `from` on, or the end. `from` is no smaller than what earlier
-    /// calls gave.
-    [[nodiscard]] const char16_t* next(const char16_t* from) noexcept {
-        while (from < end_) {
-            if (from >= block_end_) {
-                load_block(from);
+    /// The first wanted unit behind the last one given, or the end.
+    [[nodiscard]] const char16_t* next() noexcept {
+        while (hits_ == 0) {
+            if (block_end_ == end_) {
+                return end_;
             }
-            if (const std::uint64_t hits = hits_ >> static_cast<unsigned>(from - block_);
-                hits != 0) {
-                return from + std::countr_zero(hits);
-            }
-            from = block_end_;
+            load_block(block_end_);
         }
-        return end_;
+        const char16_t* const hit = block_ + std::countr_zero(hits_);
+        hits_ &= hits_ - 1;
+        return hit;
+    }
+
+    /// The first wanted unit from `from` on, or the end. `from` is behind what earlier calls gave.
+    [[nodiscard]] const char16_t* next(const char16_t* from) noexcept {
+        if (from < block_end_) {
+            hits_ &= ~std::uint64_t{0} << static_cast<unsigned>(from - block_);
+        } else {
+            hits_ = 0;
+            block_end_ = from;
+        }
+        return next();
     }
 
 private:

@@ -42,8 +42,10 @@ TEST(UnitSearch, GivesWhatThePlainLoopGives) {
             const std::size_t found = inside.next(text, from);
             ASSERT_EQ(found, plain_next(set, text, from)) << from;
             if (from >= walked) {
-                walked = found;
                 ASSERT_EQ(walk.next(units.get() + from), units.get() + found) << "walking";
+                walked = plain_next(set, text, std::min(found + 1, size));
+                ASSERT_EQ(walk.next(), units.get() + walked) << "walking on";
+                walked += 1;
             }
             const std::size_t other = plain_skip(set, text, from);
             ASSERT_EQ(outside.next(text, from), other) << from << " outside";
