@@ -5,13 +5,27 @@
 
 namespace textio::parser {
 
+namespace {
+
+/// The unit with which a comment begins, unless it is none that a plain record could begin with.
+char32_t plain_opener_unit(const LineShape& shape) {
+    constexpr char32_t no_unit = 0x10000;
+    const std::u16string_view unit = shape.comment_opener.substr(0, 1);
+    const bool is_plain = !unit.empty() && unit.front() != end_of_text &&
+                          are_disjoint({unit, shape.unplain_starts, shape.blanks.set().units(),
+                                        shape.line_ends.first_units().units()});
+    return is_plain ? unit.front() : no_unit;
+}
+
+} // namespace
+
 PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& text,
                            ReadCounts& counts, FieldArray& array)
     : blanks_(shape.blanks), line_ends_(shape.line_ends), usual_line_end_(line_ends_.usual_unit()),
       unplain_behind_blanks_(std::u16string(shape.unplain_starts)
                                  .append(shape.comment_opener.substr(0, 1))
                                  .append(1, end_of_text)),
-      keeps_empty_lines_(shape.keeps_empty_lines),
+      opener_unit_(plain_opener_unit(shape)), keeps_empty_lines_(shape.keeps_empty_lines),
       blank_lines_are_empty_(shape.blank_lines_are_empty),
       usual_empty_lines_(keeps_empty_lines_ &&
                          !unplain_behind_blanks_.contains(static_cast<char16_t>(usual_line_end_))),
@@ -26,6 +40,11 @@ void PlainRecords::resume() noexcept {
     taken_ = 0;
     empty_lines_ = 0;
     limit_taken();
+}
+
+void PlainRecords::resume_behind_comment() noexcept {
+    resume();
+    behind_comment_ = start_;
 }
 
 void PlainRecords::pause() noexcept {
@@ -46,6 +65,9 @@ std::size_t PlainRecords::line_ending_at(const char16_t* at) const noexcept {
 }
 
 bool PlainRecords::at_record_behind_blanks() {
+    if (start_ == behind_comment_) {
+        return *start_ == opener_unit_;
+    }
     while (is_wanted()) {
         if (*start_ == usual_line_end_ && usual_empty_lines_) {
             take_usual_empty_lines();

@@ -51,6 +51,9 @@ public:
     /// Starts where the text stands now.
     void resume() noexcept;
 
+    /// The same behind a comment, where no further comment starts on the line.
+    void resume_behind_comment() noexcept;
+
     /// Moves the text on to the first record that was not taken.
     void pause() noexcept;
 
@@ -122,6 +125,7 @@ private:
     const char32_t usual_line_end_; ///< one unit that is a line ending by itself, or none
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
+    const char32_t opener_unit_;    ///< begins a comment, and would be plain if it did not, or none
     const bool keeps_empty_lines_;
     const bool blank_lines_are_empty_;
     const bool usual_empty_lines_; ///< nothing but an empty line starts with the usual line ending
@@ -132,7 +136,8 @@ private:
     const char16_t* const begin_;
     const char16_t* const end_;
     const char16_t* start_;
-    std::size_t roomy_fields_ = 0; ///< with fewer, the array has room for more
+    const char16_t* behind_comment_ = nullptr; ///< where no comment starts, whatever stands there
+    std::size_t roomy_fields_ = 0;             ///< with fewer, the array has room for more
 
     // Since the last `resume()`:
     std::size_t taken_ = 0;       ///< records taken

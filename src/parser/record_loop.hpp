@@ -62,21 +62,30 @@ public:
         if (can_go_the_short_way()) {
             plain.emplace(line_shape(), limits_, text_, counts_, *builder_.field_array);
         }
-        while (is_wanted()) {
+        AfterComment next = AfterComment::next_line;
+        while (is_wanted() && next != AfterComment::stop) {
             if (plain) {
                 plain->resume();
                 take_plain_records(reader_, *plain);
                 plain->pause();
+                if (!is_wanted()) {
+                    break;
+                }
             }
-            if (!is_wanted() || !pass_one()) {
-                break;
+            next = pass_comments();
+            if (next == AfterComment::record) {
+                take_record();
+            } else if (next == AfterComment::rest_of_line && !take_plain_rest(plain)) {
+                take_record();
             }
         }
         return counts_;
     }
 
 private:
-    enum class AfterComment { record, next_line, stop };
+    /// A record in front of which there was no comment is `record`, `rest_of_line` one that stands
+    /// on the line of a comment.
+    enum class AfterComment : std::uint8_t { record, rest_of_line, next_line, stop };
 
     [[nodiscard]] bool is_wanted() const {
         return counts_.rows < limits_.rows && counts_.lines < limits_.lines &&
@@ -98,15 +107,17 @@ private:
                 Reader::blank_lines_are_empty};
     }
 
-    /// Passes a comment, or a record, or both. Gives whether the loop goes on.
-    bool pass_one() {
-        record_.spans.clear();
-        record_.consumed = 0;
-        const AfterComment next = comments_ ? pass_comment() : AfterComment::record;
-        if (next == AfterComment::record) {
-            take_record();
+    /// Passes the comments that stand here, if any, one behind the other.
+    AfterComment pass_comments() {
+        AfterComment next = comments_ ? pass_comment() : AfterComment::record;
+        while (next == AfterComment::next_line && is_wanted()) {
+            const AfterComment behind = pass_comment();
+            if (behind == AfterComment::record) {
+                break; // which may be plain
+            }
+            next = behind;
         }
-        return next != AfterComment::stop;
+        return next;
     }
 
     AfterComment pass_comment() {
@@ -123,7 +134,19 @@ private:
         if (comment.line_ended) {
             return AfterComment::next_line;
         }
-        return too_many_lines ? AfterComment::stop : AfterComment::record;
+        return too_many_lines ? AfterComment::stop : AfterComment::rest_of_line;
+    }
+
+    /// Takes what stands behind a comment, and records behind it, the short way. No comment starts
+    /// there, whatever it looks like. Gives whether any record was plain.
+    bool take_plain_rest(std::optional<PlainRecords>& plain) {
+        const std::size_t rows_before = counts_.rows;
+        if (plain) {
+            plain->resume_behind_comment();
+            take_plain_records(reader_, *plain);
+            plain->pause();
+        }
+        return counts_.rows != rows_before;
     }
 
     /// Keeps one line without fields for each line that the comment took up entirely, so that a
@@ -138,6 +161,8 @@ private:
     }
 
     void take_record() {
+        record_.spans.clear();
+        record_.consumed = 0;
         const bool counts_when_blank = read_marked_record();
         if (counts_when_blank || !is_blank()) {
             builder_.add_record(text_, record_);
