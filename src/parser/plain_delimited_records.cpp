@@ -42,6 +42,9 @@ public:
     /// The stop behind the last one.
     const char16_t* next_stop() { return stops_.next(); }
 
+    /// Whether the last stop may begin a long run of delimiters.
+    [[nodiscard]] bool is_at_run() const { return stops_.is_at_full_block(); }
+
     /// Where the field that begins at `begin` and whose first stop is `stop` ends: at a delimiter,
     /// at what may be a line ending, or at the end of the text. Null if the field is not plain.
     const char16_t* end_of_field(const char16_t* begin, const char16_t* stop) {
@@ -111,17 +114,26 @@ bool end_record(PlainRecords& records, const char16_t* end) {
 }
 
 /// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
-/// was plain.
+/// was plain. `others` finds the ends of runs of delimiters.
 bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                          PlainFields& fields) {
+                          PlainFields& fields, SearchWalk& others) {
     const char16_t* begin = records.start();
     const char16_t* checkpoint = records.first_checkpoint();
+    const char16_t* run_end = begin; // of the last run of delimiters looked at
     const char16_t* end = fields.next_stop(begin);
     for (;;) {
         if (end < checkpoint && fields.is_usual_delimiter(*end)) {
             records.add_field(begin, end);
             begin = end + 1;
-            end = fields.next_stop();
+            if (fields.is_at_run()) {
+                run_end = run_end < begin ? others.next(begin) : run_end;
+                const char16_t* const empty_end = std::min(run_end, checkpoint);
+                records.add_empty_fields(begin, empty_end);
+                begin = empty_end;
+                end = fields.next_stop(begin);
+            } else {
+                end = fields.next_stop();
+            }
             continue;
         }
         end = fields.end_of_field(begin, end);
@@ -143,7 +155,7 @@ bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& rec
     return end_record(records, end);
 }
 
-/// The same where a run of delimiters ends a field; `others` finds the ends of runs.
+/// The same where a run of delimiters ends a field.
 bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
                         PlainFields& fields, SearchWalk& others) {
     const char16_t* begin = records.start();
@@ -180,7 +192,7 @@ void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& recor
     SearchWalk others(reader.other_units, records.start(), records.end());
     while (records.at_record()) {
         if (!(merges ? take_merged_record(reader, records, fields, others)
-                     : take_separate_record(reader, records, fields))) {
+                     : take_separate_record(reader, records, fields, others))) {
             records.give_record_back();
             return;
         }

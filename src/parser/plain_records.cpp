@@ -7,14 +7,15 @@ namespace textio::parser {
 
 namespace {
 
-/// The unit with which a comment begins, unless it is none that a plain record could begin with.
-char32_t plain_opener_unit(const LineShape& shape) {
-    constexpr char32_t no_unit = 0x10000;
-    const std::u16string_view unit = shape.comment_opener.substr(0, 1);
-    const bool is_plain = !unit.empty() && unit.front() != end_of_text &&
-                          are_disjoint({unit, shape.unplain_starts, shape.blanks.set().units(),
-                                        shape.line_ends.first_units().units()});
-    return is_plain ? unit.front() : no_unit;
+/// Where the run of `unit` that starts at `begin` ends. A long run is passed in whole blocks, whose
+/// units can be compared at once.
+const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t unit) {
+    constexpr std::ptrdiff_t block = 64;
+    while (end - begin >= block && begin[block - 1] == unit &&
+           std::count(begin, begin + block, unit) == block) {
+        begin += block;
+    }
+    return std::find_if(begin, end, [unit](char16_t other) { return other != unit; });
 }
 
 } // namespace
@@ -25,7 +26,7 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
       unplain_behind_blanks_(std::u16string(shape.unplain_starts)
                                  .append(shape.comment_opener.substr(0, 1))
                                  .append(1, end_of_text)),
-      opener_unit_(plain_opener_unit(shape)), keeps_empty_lines_(shape.keeps_empty_lines),
+      unplain_rests_(shape.unplain_starts), keeps_empty_lines_(shape.keeps_empty_lines),
       blank_lines_are_empty_(shape.blank_lines_are_empty),
       usual_empty_lines_(keeps_empty_lines_ &&
                          !unplain_behind_blanks_.contains(static_cast<char16_t>(usual_line_end_))),
@@ -66,7 +67,7 @@ std::size_t PlainRecords::line_ending_at(const char16_t* at) const noexcept {
 
 bool PlainRecords::at_record_behind_blanks() {
     if (start_ == behind_comment_) {
-        return *start_ == opener_unit_;
+        return !unplain_rests_.contains(*start_);
     }
     while (is_wanted()) {
         if (*start_ == usual_line_end_ && usual_empty_lines_) {
@@ -96,7 +97,7 @@ void PlainRecords::take_usual_empty_lines() {
     const auto left = static_cast<std::size_t>(end_ - start_);
     const char16_t* const limit = start_ + std::min(allowed, left);
     const char16_t* const run_end =
-        std::find_if(start_, limit, [this](char16_t unit) { return unit != usual_line_end_; });
+        end_of_run(start_, limit, static_cast<char16_t>(usual_line_end_));
     take_empty_lines(run_end, static_cast<std::size_t>(run_end - start_));
 }
 
@@ -106,6 +107,18 @@ void PlainRecords::take_empty_lines(const char16_t* next, std::size_t count) {
     empty_lines_ += count;
     limit_taken();
     start_ = next;
+}
+
+void PlainRecords::add_empty_fields(const char16_t* begin, const char16_t* end) {
+    constexpr std::ptrdiff_t few_fields = 256; // which are still at hand when they are filled in
+    while (begin != end) {
+        const std::size_t first = array_.fields.size();
+        array_.fields.resize(first + static_cast<std::size_t>(std::min(end - begin, few_fields)));
+        for (auto field = array_.fields.begin() + static_cast<std::ptrdiff_t>(first);
+             field != array_.fields.end(); ++field) {
+            field->data = begin++;
+        }
+    }
 }
 
 void PlainRecords::give_record_back() {

@@ -74,6 +74,9 @@ public:
         array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin));
     }
 
+    /// Adds an empty field at each unit from `begin` up to `end`.
+    void add_empty_fields(const char16_t* begin, const char16_t* end);
+
     /// Where a record that starts at `start()` is so long that it asks for room itself, or the end.
     [[nodiscard]] const char16_t* first_checkpoint() const noexcept { return checkpoint(start_); }
 
@@ -125,7 +128,7 @@ private:
     const char32_t usual_line_end_; ///< one unit that is a line ending by itself, or none
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
-    const char32_t opener_unit_;    ///< begins a comment, and would be plain if it did not, or none
+    UnitSet unplain_rests_;         ///< what the rest of a line may start with and not be plain
     const bool keeps_empty_lines_;
     const bool blank_lines_are_empty_;
     const bool usual_empty_lines_; ///< nothing but an empty line starts with the usual line ending

@@ -44,6 +44,9 @@ public:
         return next();
     }
 
+    /// Whether the unit given last is the first of a block of nothing but wanted units.
+    [[nodiscard]] bool is_at_full_block() const noexcept { return hits_ == ~std::uint64_t{1}; }
+
 private:
     void load_block(const char16_t* from) noexcept {
         constexpr auto block_units = static_cast<std::ptrdiff_t>(UnitSearch::block_units);

@@ -17,11 +17,12 @@ constexpr double undefined_variation = std::numeric_limits<double>::infinity();
 /// Above this, a detected header explains the sample so badly that it is given up.
 constexpr double most_data_variation = 1.0;
 
+/// The ends of lines never fall, so the first line that reaches the last end is the last with
+/// fields, and it is found without a look at millions of empty lines.
 void drop_trailing_empty_lines(std::vector<std::size_t>& line_ends) {
-    while (!line_ends.empty() &&
-           line_ends.back() == (line_ends.size() == 1 ? 0 : line_ends[line_ends.size() - 2])) {
-        line_ends.pop_back();
-    }
+    const std::size_t fields = line_ends.empty() ? 0 : line_ends.back();
+    const auto last_filled = std::ranges::lower_bound(line_ends, fields);
+    line_ends.erase(fields == 0 ? line_ends.begin() : last_filled + 1, line_ends.end());
 }
 
 std::vector<std::size_t> fields_per_line(const std::vector<std::size_t>& line_ends) {
