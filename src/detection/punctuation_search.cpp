@@ -26,7 +26,7 @@ void PunctuationSearch::add_known(char16_t unit) noexcept {
     }
     is_familiar_[unit] = true;
     if (known_count_ < compared_.size()) {
-        compared_[known_count_].fill(static_cast<unsigned char>(unit));
+        compared_[known_count_].fill(static_cast<unsigned char>(unit - 1));
     }
     ++known_count_;
 }
@@ -61,31 +61,30 @@ __m128i load(const void* bytes) noexcept {
     return _mm_loadu_si128(static_cast<const __m128i*>(bytes));
 }
 
-/// Which bytes are `first` or one of the `count - 1` behind it.
-__m128i in_range(__m128i bytes, int first, int count) noexcept {
-    const __m128i distance = _mm_sub_epi8(bytes, _mm_set1_epi8(static_cast<char>(first)));
-    const __m128i farthest = _mm_set1_epi8(static_cast<char>(count - 1));
-    return _mm_cmpeq_epi8(_mm_min_epu8(distance, farthest), distance);
+/// Which bytes, as signed numbers, are `last` or one of the `count - 1` before it.
+__m128i in_range(__m128i bytes, int last, int count) noexcept {
+    constexpr int greatest = 0x7F;
+    const __m128i moved = _mm_add_epi8(bytes, _mm_set1_epi8(static_cast<char>(greatest - last)));
+    return _mm_cmpgt_epi8(moved, _mm_set1_epi8(static_cast<char>(greatest - count)));
 }
 
 } // namespace
 
-// The units are narrowed to bytes by saturation of signed numbers. That keeps units below 0x7F and
-// turns 0xFFFF into 0xFF; 0x7F alone shares its byte with others and is compared by itself.
+// One is taken off each unit, and then units are narrowed to bytes by saturation of signed numbers.
+// That keeps ASCII apart from all else: its units become 0xFF and 0 to 0x7E, `end_of_text` becomes
+// 0xFE, and the others become 0x7F to 0xFD.
 bool PunctuationSearch::is_familiar_block(const char16_t* units) const noexcept {
-    const __m128i low = load(units);
-    const __m128i high = load(units + 8);
-    const __m128i bytes = _mm_packs_epi16(low, high);
+    const __m128i one = _mm_set1_epi16(1);
+    const __m128i bytes =
+        _mm_packs_epi16(_mm_sub_epi16(load(units), one), _mm_sub_epi16(load(units + 8), one));
     const __m128i lower_case = _mm_or_si128(bytes, _mm_set1_epi8(0x20));
-    __m128i familiar = _mm_or_si128(in_range(lower_case, 'a', 26), in_range(bytes, '0', 10));
-    familiar = _mm_or_si128(familiar, in_range(bytes, 0x7F, 0x80));
+    __m128i familiar =
+        _mm_or_si128(in_range(lower_case, 'z' - 1, 26), in_range(bytes, '9' - 1, 10));
+    familiar = _mm_or_si128(familiar, in_range(bytes, 0xFD, 0x7F));
     for (std::size_t i = 0; i < known_count_; ++i) {
         familiar = _mm_or_si128(familiar, _mm_cmpeq_epi8(bytes, load(compared_[i].data())));
     }
-    const __m128i last_ascii = _mm_set1_epi16(ascii_units - 1);
-    const __m128i is_last_ascii =
-        _mm_packs_epi16(_mm_cmpeq_epi16(low, last_ascii), _mm_cmpeq_epi16(high, last_ascii));
-    return _mm_movemask_epi8(_mm_andnot_si128(is_last_ascii, familiar)) == 0xFFFF;
+    return _mm_movemask_epi8(familiar) == 0xFFFF;
 }
 
 #else
