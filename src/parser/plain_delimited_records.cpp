@@ -34,7 +34,8 @@ public:
           quote_(reader.options->quote),
           usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1),
-          stops_(reader.stops, records.start(), records.end()), text_end_(records.end()) {}
+          stops_(reader.stops, records.start(), records.end()),
+          others_(reader.other_units, records.start(), records.end()), text_end_(records.end()) {}
 
     /// The first stop from `begin` on, or the end of the text.
     const char16_t* next_stop(const char16_t* begin) { return stops_.next(begin); }
@@ -44,6 +45,14 @@ public:
 
     /// Whether the last stop may begin a long run of delimiters.
     [[nodiscard]] bool is_at_run() const { return stops_.is_at_full_block(); }
+
+    /// Where the run of delimiters that may stand at `begin` ends.
+    const char16_t* end_of_run(const char16_t* begin) {
+        if (run_end_ == nullptr || run_end_ < begin) {
+            run_end_ = others_.next(begin);
+        }
+        return run_end_;
+    }
 
     /// Where the field that begins at `begin` and whose first stop is `stop` ends: at a delimiter,
     /// at what may be a line ending, or at the end of the text. Null if the field is not plain.
@@ -101,7 +110,9 @@ private:
     const char32_t usual_delimiter_;
     const bool has_more_delimiters_;
     SearchWalk stops_;
+    SearchWalk others_; ///< finds the ends of runs of delimiters
     const char16_t* const text_end_;
+    const char16_t* run_end_ = nullptr; ///< of the last run looked at
 };
 
 /// Ends the record at `end`, which is the end of the text or what may be a line ending.
@@ -113,29 +124,33 @@ bool end_record(PlainRecords& records, const char16_t* end) {
     return records.end_record_at_line_ending(end);
 }
 
+/// Takes the fields that end at the usual delimiter and before `checkpoint`. The first begins at
+/// `begin` and has its first stop at `end`, and so does then the field that was not taken.
+void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_t* checkpoint,
+                       const char16_t*& begin, const char16_t*& end) {
+    while (end < checkpoint && fields.is_usual_delimiter(*end)) {
+        records.add_field(begin, end);
+        begin = end + 1;
+        if (fields.is_at_run()) {
+            const char16_t* const run_end = std::min(fields.end_of_run(begin), checkpoint);
+            records.add_empty_fields(begin, run_end);
+            begin = run_end;
+            end = fields.next_stop(begin);
+        } else {
+            end = fields.next_stop();
+        }
+    }
+}
+
 /// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
-/// was plain. `others` finds the ends of runs of delimiters.
+/// was plain.
 bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                          PlainFields& fields, SearchWalk& others) {
+                          PlainFields& fields) {
     const char16_t* begin = records.start();
     const char16_t* checkpoint = records.first_checkpoint();
-    const char16_t* run_end = begin; // of the last run of delimiters looked at
     const char16_t* end = fields.next_stop(begin);
     for (;;) {
-        if (end < checkpoint && fields.is_usual_delimiter(*end)) {
-            records.add_field(begin, end);
-            begin = end + 1;
-            if (fields.is_at_run()) {
-                run_end = run_end < begin ? others.next(begin) : run_end;
-                const char16_t* const empty_end = std::min(run_end, checkpoint);
-                records.add_empty_fields(begin, empty_end);
-                begin = empty_end;
-                end = fields.next_stop(begin);
-            } else {
-                end = fields.next_stop();
-            }
-            continue;
-        }
+        take_usual_fields(records, fields, checkpoint, begin, end);
         end = fields.end_of_field(begin, end);
         if (end == nullptr || end == records.end() || !fields.is_delimiter(*end)) {
             break;
@@ -157,11 +172,11 @@ bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& rec
 
 /// The same where a run of delimiters ends a field.
 bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                        PlainFields& fields, SearchWalk& others) {
+                        PlainFields& fields) {
     const char16_t* begin = records.start();
     if (fields.is_delimiter(*begin) &&
         reader.options->leading_delimiters_rule == leading_delimiters::skip) {
-        begin = others.next(begin);
+        begin = fields.end_of_run(begin);
     }
     if (records.is_unplain_start(begin) || fields.is_delimiter(*begin)) {
         return false;
@@ -175,7 +190,7 @@ bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& recor
         if (end == records.end() || !fields.is_delimiter(*end)) {
             return end_record(records, end);
         }
-        begin = others.next(end);
+        begin = fields.end_of_run(end);
         if (begin == records.end() || reader.guarded_line_ends.first_units().contains(*begin)) {
             return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
                    end_record(records, begin);
@@ -189,10 +204,9 @@ void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& recor
     const bool merges =
         reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge;
     PlainFields fields(reader, records);
-    SearchWalk others(reader.other_units, records.start(), records.end());
     while (records.at_record()) {
-        if (!(merges ? take_merged_record(reader, records, fields, others)
-                     : take_separate_record(reader, records, fields, others))) {
+        if (!(merges ? take_merged_record(reader, records, fields)
+                     : take_separate_record(reader, records, fields))) {
             records.give_record_back();
             return;
         }

@@ -73,9 +73,8 @@ public:
                 }
             }
             next = pass_comments();
-            if (next == AfterComment::record) {
-                take_record();
-            } else if (next == AfterComment::rest_of_line && !take_plain_rest(plain)) {
+            if (next == AfterComment::record ||
+                (next == AfterComment::rest_of_line && !take_plain_rest(plain))) {
                 take_record();
             }
         }

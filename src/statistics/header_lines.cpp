@@ -42,7 +42,7 @@ std::size_t behind_sharpest_bend(std::span<const std::size_t> diffs, bool space_
     // Prose falls into many fields at its blanks: that it differs counts there, not how far.
     const std::size_t limit = space_separated ? 2 : SIZE_MAX;
 
-    double sum = static_cast<double>(diffs.front());
+    auto sum = static_cast<double>(diffs.front());
     double before = sum * sum;
     double here = before;
     double sharpest = -std::numeric_limits<double>::infinity();

@@ -35,12 +35,15 @@ TEST(BlankColumns, AreCountedAsLinesComeIn) {
         const std::size_t longest = round % 2 == 0 ? 9 : 140;
         const std::size_t first_length = random() % longest;
         std::vector<bool> blank(first_length, true);
-        textio::detection::BlankColumns columns(first_length, {});
+        std::u16string whole(5 * longest, u' ');
+        for (char16_t& unit : whole) {
+            unit = random() % 8 == 0 ? u'x' : u' ';
+        }
+        textio::detection::BlankColumns columns(first_length, textio::Field(round % 3 == 0 ? u"" : whole));
+        std::u16string_view rest = whole;
         for (int line = 0; line < 5; ++line) {
-            std::u16string text(line == 0 ? first_length : random() % longest, u' ');
-            for (char16_t& unit : text) {
-                unit = random() % 8 == 0 ? u'x' : u' ';
-            }
+            const std::u16string_view text = rest.substr(0, line == 0 ? first_length : random() % longest);
+            rest.remove_prefix(text.size());
             blank.resize(std::max(blank.size(), text.size()), false);
             for (std::size_t at = 0; at < text.size(); ++at) {
                 blank[at] = blank[at] && text[at] == u' ';

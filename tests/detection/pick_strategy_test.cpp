@@ -130,6 +130,25 @@ TEST(Candidates, ComeFromTheMiddleOfTheSample) {
     const std::u16string found = delimiters({all + u",\uFFFF?", u"\uFFFF"});
     EXPECT_EQ(delimiters({all + u","}).size(), 51U);
     EXPECT_EQ(found, u"") << "of two lines the second counts, up to the end of text";
+    const std::u16string delims = delimiters({all});
+    for (std::size_t unit = 0; unit < 0x10000; ++unit) {
+        std::u16string line(40, u'x');
+        line[5] = static_cast<char16_t>(unit);
+        const bool is_delim = delims.find(line[5]) != std::u16string::npos;
+        ASSERT_EQ(delimiters({line}), is_delim ? line.substr(5, 1) : u"") << unit;
+    }
+}
+
+TEST(Candidates, AreFoundInLinesThatStandTogether) {
+    const std::u16string text = u"a,\nb,\nc,\nd,\n4;\uFFFF:\r\n\n\n5|\uFFFF:\n/6\n#7\n*\n~\n?10\n?11\n";
+    FieldArray lines;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = text.find_first_of(u"\r\n", begin);
+        const Field line(text.data() + begin, end - begin);
+        lines.add_line(&line, &line + 1, 1);
+        begin = text.find_first_not_of(u"\r\n", end);
+    }
+    EXPECT_EQ(detection::get_candidate_delims(lines), u";|/#*~") << "each up to its end of text";
 }
 
 TEST(Candidates, FixedWidthsMustExplainMoreWithNoMoreVariables) {
