@@ -190,6 +190,9 @@ std::u16string comments_in_a_row() {
 std::u16string comment_lines() {
     return repeated(u"/* */\n");
 }
+std::u16string comment_lines_of_60() {
+    return repeated(u"/* " + std::u16string(54, u'x') + u" */\n");
+}
 std::u16string comments_between_rows() {
     return repeated(u"/* a\n b */ 1,2\n");
 }
@@ -225,6 +228,7 @@ const bool added = [] {
         {"an unclosed quote at the start", unclosed_quote},
         {"block comments in a row", comments_in_a_row, with_block_comments()},
         {"block comments, one per line", comment_lines, with_block_comments()},
+        {"block comments of 60 units, one per line", comment_lines_of_60, with_block_comments()},
         {"block comments between rows", comments_between_rows, with_block_comments()},
         {"block comments never closed", comment_openers, with_block_comments()},
     };
