@@ -24,9 +24,11 @@ std::uint64_t lowest_bits(std::size_t count) {
 
 BlankColumns::BlankColumns(std::size_t positions, const Field& whole)
     : others_(std::u16string_view(&blank, 1), parser::UnitSearch::Wanted::outside),
-      whole_begin_(std::bit_cast<std::uintptr_t>(whole.data)),
-      whole_bytes_(whole.size * sizeof(char16_t)), blank_(words_for(positions), ~std::uint64_t{0}),
-      positions_(positions) {}
+      first_block_(std::bit_cast<std::uintptr_t>(whole.data)),
+      last_block_(whole.size < word_positions
+                      ? 0
+                      : std::bit_cast<std::uintptr_t>(whole.data + whole.size - word_positions)),
+      blank_(words_for(positions), ~std::uint64_t{0}), positions_(positions) {}
 
 void BlankColumns::add_line(const Field& text, std::size_t length) {
     if (length > positions_) {
@@ -45,9 +47,8 @@ void BlankColumns::add_line(const Field& text, std::size_t length) {
 /// One bit for each of the `count` units, set where it is not blank. The end of a line is the start
 /// of the next, so most often a whole block can be looked at, which is quicker.
 std::uint64_t BlankColumns::others_among(const char16_t* units, std::size_t count) const noexcept {
-    const std::uintptr_t behind = std::bit_cast<std::uintptr_t>(units) - whole_begin_;
-    const bool is_within =
-        behind < whole_bytes_ && whole_bytes_ - behind >= word_positions * sizeof(char16_t);
+    const auto address = std::bit_cast<std::uintptr_t>(units);
+    const bool is_within = first_block_ <= address && address <= last_block_;
     return is_within ? others_.mask(units, units + word_positions) & lowest_bits(count)
                      : others_.mask(units, units + count);
 }

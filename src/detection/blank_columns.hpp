@@ -38,9 +38,9 @@ private:
     void extend(std::size_t length);
     void lose_blank(std::size_t position);
 
-    parser::UnitSearch others_;        ///< finds what is not blank
-    std::uintptr_t whole_begin_;       ///< address of the text that may be read
-    std::uintptr_t whole_bytes_;
+    parser::UnitSearch others_;  ///< finds what is not blank
+    std::uintptr_t first_block_; ///< address of the first units that may be read as a whole block
+    std::uintptr_t last_block_;  ///< of the last, 0 if there are none
     std::vector<std::uint64_t> blank_; ///< one bit per position, set while it is blank on all lines
     std::size_t positions_;
     std::size_t runs_ = 0; ///< runs of positions that are not blank

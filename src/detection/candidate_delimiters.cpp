@@ -62,8 +62,9 @@ Lines find_entry(const std::vector<Field>& lines, std::size_t entries, std::size
 /// Whether nothing but a usual line ending, or nothing at all, stands between two lines.
 bool stand_together(const Field& line, const Field& next) {
     constexpr std::uintptr_t longest_gap = 2 * sizeof(char16_t);
-    const auto address = [](const char16_t* units) { return std::bit_cast<std::uintptr_t>(units); };
-    return address(next.data) - address(end_of(line)) <= longest_gap &&
+    const auto end = std::bit_cast<std::uintptr_t>(end_of(line));
+    const auto begin = std::bit_cast<std::uintptr_t>(next.data);
+    return begin >= end && begin - end <= longest_gap &&
            std::all_of(end_of(line), next.data,
                        [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
 }

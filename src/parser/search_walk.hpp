@@ -36,7 +36,8 @@ public:
     /// The first wanted unit from `from` on, or the end. `from` is behind what earlier calls gave.
     [[nodiscard]] const char16_t* next(const char16_t* from) noexcept {
         if (from < block_end_) {
-            hits_ &= ~std::uint64_t{0} << static_cast<unsigned>(from - block_);
+            const auto passed = static_cast<unsigned>(from - block_);
+            hits_ = hits_ >> passed << passed;
         } else {
             hits_ = 0;
             block_end_ = from;

@@ -48,12 +48,6 @@ bool is_majority(Counts first, Counts last, std::size_t count) {
     return std::count(first, last, count) > (last - first) / 2;
 }
 
-/// How far `a` and `b` are apart, without a branch that ragged tables make hard to foretell.
-std::size_t distance(std::size_t a, std::size_t b) {
-    const std::size_t minus = a < b ? ~std::size_t{0} : 0;
-    return ((a - b) ^ minus) - minus;
-}
-
 } // namespace
 
 std::size_t get_h_min(const std::vector<std::size_t>& counts) {
@@ -95,7 +89,7 @@ std::vector<std::size_t> absolute_differences(const std::vector<std::size_t>& co
     std::vector<std::size_t> diffs(counts.begin(), tail);
     auto end = diffs.begin();
     for (const std::size_t count : diffs) {
-        *end = distance(count, median);
+        *end = count > median ? count - median : median - count;
         end += count != 0 ? 1 : 0;
     }
     diffs.erase(end, diffs.end());
