@@ -1,3 +1,4 @@
+#include "parser/read_sample.hpp"
 #include "support/text.hpp"
 #include "textio/candidates.hpp"
 #include "textio/strategy_selector.hpp"
@@ -149,6 +150,51 @@ TEST(Candidates, AreFoundInLinesThatStandTogether) {
         begin = text.find_first_not_of(u"\r\n", end);
     }
     EXPECT_EQ(detection::get_candidate_delims(lines), u";|/#*~") << "each up to its end of text";
+    FieldArray others;
+    for (std::size_t begin = 0; begin < 12; begin += 4) {
+        const Field line(u"a,b;c,d;e,f;" + begin, 3);
+        others.add_line(&line, &line + 1, 1);
+    }
+    EXPECT_EQ(detection::get_candidate_delims(others), u",") << "between lines stands no candidate";
+}
+
+TEST(Candidates, AreKeptUpToTheLimits) {
+    const auto modes = [](const std::u16string& units) {
+        const parser::options options{.header_lines = 0, .detect_header_lines = false};
+        const Field text(units);
+        output::DetectionOutputBuilder builder;
+        builder.text = &text;
+        builder.sample_lines = SIZE_MAX;
+        const auto lines = std::make_shared<LineReaderStrategy>(options, Types());
+        parser::read_sample(builder, lines, true);
+        std::string found;
+        for (const auto& candidate :
+             detection::get_candidate_strategies(*lines->field_array(), text, options, Types(), builder)) {
+            found += "dsf"[static_cast<std::size_t>(candidate->mode())];
+        }
+        return found;
+    };
+    EXPECT_EQ(modes(u"1,2,3,4\n1,2\n1,2,3,4\n1,2\n"), "") << "a variation of 1 is no table";
+    EXPECT_EQ(modes(u"1 2\n3 4\n5 6\n"), "sd") << "equal shares of classes";
+    EXPECT_EQ(modes(u"a b c d\nabc   d\n"), "fd") << "two lines can be padded";
+    EXPECT_EQ(modes(u"a b c d\nabc  d\n"), "d") << "the second line is short";
+}
+
+TEST(Candidates, FixedWidthsBehindTheLastLine) {
+    const std::u16string line = u"a b";
+    const Field fields[] = {Field(line), Field(line)};
+    FieldArray lines;
+    lines.add_line(fields, fields + 1, 1);
+    lines.add_line(fields + 1, fields + 2, 1);
+    const parser::options options{.layout_hint = parser::layout::fixed_width};
+    const auto aligned = std::make_shared<SpaceAlignedStrategy>(options, Types());
+    aligned->header_lines(2);
+    EXPECT_EQ(detection::detect_header_lines_fixed_width(aligned, lines, options), 2U);
+    output::DetectionOutputBuilder builder;
+    builder.text = fields;
+    std::vector<std::shared_ptr<GenericStrategy>> candidates;
+    detection::add_possible_fixed_strategy(aligned, fields[0], lines, candidates, options, Types(), builder);
+    EXPECT_EQ(candidates.front()->options().field_widths, Widths{1});
 }
 
 TEST(Candidates, FixedWidthsMustExplainMoreWithNoMoreVariables) {
