@@ -150,9 +150,10 @@ TEST(Candidates, AreFoundInLinesThatStandTogether) {
         begin = text.find_first_not_of(u"\r\n", end);
     }
     EXPECT_EQ(detection::get_candidate_delims(lines), u";|/#*~") << "each up to its end of text";
+    const std::u16string with_semicolons = u"a,b;c,d;e,f;";
     FieldArray others;
-    for (std::size_t begin = 0; begin < 12; begin += 4) {
-        const Field line(u"a,b;c,d;e,f;" + begin, 3);
+    for (std::size_t begin = 0; begin < with_semicolons.size(); begin += 4) {
+        const Field line(with_semicolons.data() + begin, 3);
         others.add_line(&line, &line + 1, 1);
     }
     EXPECT_EQ(detection::get_candidate_delims(others), u",") << "between lines stands no candidate";
