@@ -29,6 +29,9 @@ struct DelimitedRecordReader {
     /// stand a comment or nothing.
     [[nodiscard]] std::u16string_view unplain_starts() const noexcept;
 
+    /// Delimiters, where leading ones are skipped.
+    [[nodiscard]] std::u16string_view skipped_starts() const noexcept;
+
     const parser::options* options;
     std::shared_ptr<Delim> line_ends;
     std::shared_ptr<Delim> delimiters;

@@ -164,9 +164,7 @@ void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& reco
                 break;
             }
         }
-        if (line_end == text_end) {
-            records.end_record(text_end);
-        } else if (!records.end_record_at_line_ending(line_end)) {
+        if (!records.end_record(line_end)) {
             records.give_record_back();
             return;
         }

@@ -28,6 +28,7 @@ struct FixedWidthRecordReader {
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
     [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
+    [[nodiscard]] static std::u16string_view skipped_starts() noexcept { return {}; }
 
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units

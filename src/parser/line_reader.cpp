@@ -26,9 +26,7 @@ void take_plain_records(const LineRecordReader& reader, PlainRecords& records) {
     while (records.at_record()) {
         const char16_t* const line_end = stops.next(records.start());
         records.add_field(records.start(), line_end);
-        if (line_end == text_end) {
-            records.end_record(text_end);
-        } else if (!records.end_record_at_line_ending(line_end)) {
+        if (!records.end_record(line_end)) {
             records.give_record_back();
             return;
         }

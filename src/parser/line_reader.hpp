@@ -26,6 +26,7 @@ struct LineRecordReader {
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
     [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
+    [[nodiscard]] static std::u16string_view skipped_starts() noexcept { return {}; }
 
     BoundaryScanner scanner;          ///< ends at line endings; has no barriers
     const std::u16string* whitespace; ///< that of the options

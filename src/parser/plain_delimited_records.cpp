@@ -24,6 +24,11 @@ std::u16string_view DelimitedRecordReader::unplain_starts() const noexcept {
     return are_plain ? std::u16string_view() : delimiter_units.units();
 }
 
+std::u16string_view DelimitedRecordReader::skipped_starts() const noexcept {
+    const bool are_skipped = options->leading_delimiters_rule == leading_delimiters::skip;
+    return are_skipped ? delimiter_units.units() : std::u16string_view();
+}
+
 namespace {
 
 /// Finds the ends of plain fields, from left to right.
@@ -115,15 +120,6 @@ private:
     const char16_t* run_end_ = nullptr; ///< of the last run looked at
 };
 
-/// Ends the record at `end`, which is the end of the text or what may be a line ending.
-bool end_record(PlainRecords& records, const char16_t* end) {
-    if (end == records.end()) {
-        records.end_record(end);
-        return true;
-    }
-    return records.end_record_at_line_ending(end);
-}
-
 /// Takes the fields that end at the usual delimiter and before `checkpoint`. The first begins at
 /// `begin` and has its first stop at `end`, and so does then the field that was not taken.
 void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_t* checkpoint,
@@ -167,7 +163,7 @@ bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& rec
         return false;
     }
     records.add_field(begin, end);
-    return end_record(records, end);
+    return records.end_record(end);
 }
 
 /// The same where a run of delimiters ends a field.
@@ -188,12 +184,12 @@ bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& recor
         }
         records.add_field(begin, end);
         if (end == records.end() || !fields.is_delimiter(*end)) {
-            return end_record(records, end);
+            return records.end_record(end);
         }
         begin = fields.end_of_run(end);
         if (begin == records.end() || reader.guarded_line_ends.first_units().contains(*begin)) {
             return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
-                   end_record(records, begin);
+                   records.end_record(begin);
         }
     }
 }

@@ -7,6 +7,11 @@ namespace textio::parser {
 
 namespace {
 
+/// The unit with which comments start.
+std::u16string opener_start(const CommentScanner* comments) {
+    return comments == nullptr ? std::u16string() : comments->opener.substr(0, 1);
+}
+
 /// Where the run of `unit` that starts at `begin` ends. A long run is passed in whole blocks, whose
 /// units can be compared at once.
 const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t unit) {
@@ -24,16 +29,24 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
                            ReadCounts& counts, FieldArray& array)
     : blanks_(shape.blanks), line_ends_(shape.line_ends), usual_line_end_(line_ends_.usual_unit()),
       unplain_behind_blanks_(std::u16string(shape.unplain_starts)
-                                 .append(shape.comment_opener.substr(0, 1))
+                                 .append(opener_start(shape.comments))
                                  .append(1, end_of_text)),
-      unplain_rests_(shape.unplain_starts), keeps_empty_lines_(shape.keeps_empty_lines),
+      unplain_rests_(std::u16string(shape.unplain_starts)
+                         .append(shape.blanks.set().units())
+                         .append(1, end_of_text)),
+      skipped_starts_(shape.skipped_starts), keeps_empty_lines_(shape.keeps_empty_lines),
       blank_lines_are_empty_(shape.blank_lines_are_empty),
+      comment_keeps_columns_(shape.comment_keeps_columns),
       usual_empty_lines_(keeps_empty_lines_ &&
                          !unplain_behind_blanks_.contains(static_cast<char16_t>(usual_line_end_))),
       limits_(limits), text_(text), counts_(counts), array_(array), begin_(text.data),
       end_(text.data + text.size), start_(text.data) {
     unplain_starts_ = UnitSet(unplain_behind_blanks_.units() + blanks_.set().units() +
                               line_ends_.first_units().units());
+    if (shape.comments != nullptr && can_have_plain_comments(*shape.comments) &&
+        !skipped_starts_.contains(shape.comments->opener.front())) {
+        comments_.emplace(*shape.comments, line_ends_, begin_, end_);
+    }
 }
 
 void PlainRecords::resume() noexcept {
@@ -41,11 +54,6 @@ void PlainRecords::resume() noexcept {
     taken_ = 0;
     empty_lines_ = 0;
     limit_taken();
-}
-
-void PlainRecords::resume_behind_comment() noexcept {
-    resume();
-    behind_comment_ = start_;
 }
 
 void PlainRecords::pause() noexcept {
@@ -61,41 +69,82 @@ void PlainRecords::limit_taken() noexcept {
         std::min(limits_.rows - counts_.rows, limits_.lines - counts_.lines - empty_lines_);
 }
 
-std::size_t PlainRecords::line_ending_at(const char16_t* at) const noexcept {
+std::size_t PlainRecords::unusual_line_ending_at(const char16_t* at) const noexcept {
     return line_ends_.match_at(Field(at, static_cast<std::size_t>(end_ - at)), 0);
 }
 
 bool PlainRecords::at_record_behind_blanks() {
-    if (start_ == behind_comment_) {
-        return !unplain_rests_.contains(*start_);
-    }
     while (is_wanted()) {
-        if (*start_ == usual_line_end_ && usual_empty_lines_) {
-            take_usual_empty_lines();
-            continue;
-        }
-        const Field rest(start_, static_cast<std::size_t>(end_ - start_));
-        const char16_t* const content = start_ + blanks_.skip(rest, 0);
-        if (content == end_ || unplain_behind_blanks_.contains(*content)) {
+        const char16_t* const content = skip_blanks(start_);
+        if (content == end_) {
             return false;
         }
-        if (!line_ends_.first_units().contains(*content)) {
+        const bool may_be_comment = unplain_behind_blanks_.contains(*content);
+        if (!may_be_comment && !line_ends_.first_units().contains(*content)) {
             return true;
         }
-        const std::size_t length = line_ending_at(content);
-        const bool is_empty = content == start_ || blank_lines_are_empty_;
-        if (length == 0 || !is_empty || !keeps_empty_lines_) {
+        if (!(may_be_comment ? take_comment(content) : take_empty_line(content))) {
             return false;
         }
-        take_empty_lines(content + length, 1);
+        if (is_behind_comment()) {
+            return true;
+        }
     }
     return false;
 }
 
+const char16_t* PlainRecords::end_of_blanks(const char16_t* at) const noexcept {
+    return at + blanks_.skip(Field(at, static_cast<std::size_t>(end_ - at)), 0);
+}
+
+/// Takes the comment at `at`, with the rest of its line unless a record stands there. Gives whether
+/// there is a comment and it is plain.
+bool PlainRecords::take_comment(const char16_t* at) {
+    std::size_t lines = 0;
+    const char16_t* const behind = comments_ ? comments_->pass(start_, at, lines) : nullptr;
+    if (behind == nullptr || lines > lines_left()) {
+        return false;
+    }
+    if (!comments_->are_blocks()) {
+        take_empty_lines(behind, lines);
+        return true;
+    }
+    const char16_t* content = skip_blanks(behind);
+    while (content != end_ && skipped_starts_.contains(*content)) {
+        ++content;
+    }
+    const std::size_t line_end = content == end_ ? 0 : line_ending_at(content);
+    if (content == end_ || line_end != 0) {
+        take_empty_lines(content + line_end, lines);
+        return true;
+    }
+    if (unplain_rests_.contains(*content)) {
+        return false;
+    }
+    take_empty_lines(comment_keeps_columns_ ? behind : content, lines - 1);
+    behind_comment_ = start_;
+    return true;
+}
+
+/// Takes the line that may end at `at`, behind blanks, and if it is empty, those behind it that are
+/// alike. Gives whether it was empty and is kept.
+bool PlainRecords::take_empty_line(const char16_t* at) {
+    if (*start_ == usual_line_end_ && usual_empty_lines_) {
+        take_usual_empty_lines();
+        return true;
+    }
+    const std::size_t length = line_ending_at(at);
+    const bool is_empty = at == start_ || blank_lines_are_empty_;
+    if (length == 0 || !is_empty || !keeps_empty_lines_) {
+        return false;
+    }
+    take_empty_lines(at + length, 1);
+    return true;
+}
+
 void PlainRecords::take_usual_empty_lines() {
-    const std::size_t allowed = limits_.lines - counts_.lines - taken_ - empty_lines_;
     const auto left = static_cast<std::size_t>(end_ - start_);
-    const char16_t* const limit = start_ + std::min(allowed, left);
+    const char16_t* const limit = start_ + std::min(lines_left(), left);
     const char16_t* const run_end =
         end_of_run(start_, limit, static_cast<char16_t>(usual_line_end_));
     take_empty_lines(run_end, static_cast<std::size_t>(run_end - start_));
@@ -103,7 +152,12 @@ void PlainRecords::take_usual_empty_lines() {
 
 void PlainRecords::take_empty_lines(const char16_t* next, std::size_t count) {
     std::vector<std::size_t>& line_ends = array_.line_ends;
-    line_ends.insert(line_ends.end(), count, line_ends.empty() ? 0 : line_ends.back());
+    const std::size_t fields = array_.fields.size();
+    if (count == 1) {
+        line_ends.push_back(fields);
+    } else {
+        line_ends.insert(line_ends.end(), count, fields);
+    }
     empty_lines_ += count;
     limit_taken();
     start_ = next;

@@ -1,17 +1,20 @@
 /// \file
 /// The short way through a text: records that need no second thought go straight into the array.
 ///
-/// Most records of most texts are plain: no comment starts there, and each of their ends is what it
-/// looks like. The readers take such records in tight loops of their own, with no `Record` in
-/// between. Whatever may not be plain is left where it stands for the record loop, which reads it
-/// by the full set of rules and then goes the short way again. Both ways give the same fields.
+/// Most records of most texts are plain: each of their ends is what it looks like. The readers take
+/// such records in tight loops of their own, with no `Record` in between, and pass empty lines and
+/// comments on the way. Whatever may not be plain is left where it stands for the record loop,
+/// which reads it by the full set of rules and then goes the short way again. Both ways give the
+/// same fields.
 #pragma once
 
 #include "parser/guarded_delim.hpp"
+#include "parser/plain_comments.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 
 #include <cstddef>
+#include <optional>
 #include <string_view>
 
 namespace textio::parser {
@@ -33,7 +36,10 @@ struct ReadLimits {
 struct LineShape {
     const UnitSearch& blanks;
     const GuardedDelim& line_ends;
-    std::u16string_view comment_opener; ///< empty if there are no comments
+    const CommentScanner* comments; ///< null if there are none
+    bool comment_keeps_columns;     ///< blanks behind a comment belong to what follows it
+    std::u16string_view
+        skipped_starts; ///< delimiters that do not count in front of a line's content
     std::u16string_view unplain_starts; ///< units with which no plain record starts, behind blanks
     bool keeps_empty_lines;             ///< an empty line becomes a line without fields
     bool blank_lines_are_empty;         ///< so does a line of blanks
@@ -51,13 +57,15 @@ public:
     /// Starts where the text stands now.
     void resume() noexcept;
 
-    /// The same behind a comment, where no further comment starts on the line.
-    void resume_behind_comment() noexcept;
-
     /// Moves the text on to the first record that was not taken.
     void pause() noexcept;
 
-    /// Whether a record that may be plain starts at `start()`. Takes empty lines on the way.
+    /// Whether the text that was moved on starts behind a comment, on its line: a record starts
+    /// there then, and no further comment.
+    [[nodiscard]] bool is_behind_comment() const noexcept { return start_ == behind_comment_; }
+
+    /// Whether a record that may be plain starts at `start()`. Takes empty lines and comments on
+    /// the way.
     [[nodiscard]] bool at_record() {
         return is_wanted() && (!unplain_starts_.contains(*start_) || at_record_behind_blanks());
     }
@@ -83,24 +91,15 @@ public:
     /// Makes room in a record that has come up to `at`. Gives the next checkpoint.
     [[nodiscard]] const char16_t* make_room_within_record(const char16_t* at);
 
-    /// Ends the record. The next one starts at `next`.
-    void end_record(const char16_t* next) {
-        const std::size_t fields = array_.fields.size();
-        array_.line_ends.push_back(fields);
-        ++taken_;
-        start_ = next;
-        if (fields >= roomy_fields_) {
-            make_room(start_, counts_.rows + taken_);
+    /// Ends the record at `at` if the text or, where no text ends, a line ends there. Gives whether
+    /// one does.
+    [[nodiscard]] bool end_record(const char16_t* at) {
+        const std::size_t length = at == end_ ? 0 : line_ending_at(at);
+        const bool is_end = length != 0 || at == end_;
+        if (is_end) {
+            take_record(at + length);
         }
-    }
-
-    /// Ends the record if a line ending starts at `at`, where no text ends. Gives whether one does.
-    [[nodiscard]] bool end_record_at_line_ending(const char16_t* at) {
-        const std::size_t length = *at == usual_line_end_ ? 1 : line_ending_at(at);
-        if (length != 0) {
-            end_record(at + length);
-        }
-        return length != 0;
+        return is_end;
     }
 
     /// Takes back the fields of the record at `start()`.
@@ -116,8 +115,30 @@ private:
         return end_ - at > long_record ? at + long_record : end_;
     }
     [[nodiscard]] bool is_wanted() const noexcept { return taken_ < most_taken_ && start_ < end_; }
-    [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept;
+    [[nodiscard]] std::size_t lines_left() const noexcept {
+        return limits_.lines - counts_.lines - taken_ - empty_lines_;
+    }
+    /// The length of the line ending at `at`, where no text ends; 0 if none is there.
+    [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept {
+        return *at == usual_line_end_ ? 1 : unusual_line_ending_at(at);
+    }
+    [[nodiscard]] std::size_t unusual_line_ending_at(const char16_t* at) const noexcept;
+    void take_record(const char16_t* next) {
+        const std::size_t fields = array_.fields.size();
+        array_.line_ends.push_back(fields);
+        ++taken_;
+        start_ = next;
+        if (fields >= roomy_fields_) {
+            make_room(start_, counts_.rows + taken_);
+        }
+    }
     [[nodiscard]] bool at_record_behind_blanks();
+    [[nodiscard]] const char16_t* skip_blanks(const char16_t* at) const noexcept {
+        return at == end_ || !blanks_.set().contains(*at) ? at : end_of_blanks(at);
+    }
+    [[nodiscard]] const char16_t* end_of_blanks(const char16_t* at) const noexcept;
+    [[nodiscard]] bool take_comment(const char16_t* at);
+    [[nodiscard]] bool take_empty_line(const char16_t* at);
     void take_usual_empty_lines();
     void take_empty_lines(const char16_t* next, std::size_t count);
     void limit_taken() noexcept;
@@ -129,8 +150,10 @@ private:
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
     UnitSet unplain_rests_;         ///< what the rest of a line may start with and not be plain
+    UnitSet skipped_starts_;        ///< what is passed between a comment and the rest of its line
     const bool keeps_empty_lines_;
     const bool blank_lines_are_empty_;
+    const bool comment_keeps_columns_;
     const bool usual_empty_lines_; ///< nothing but an empty line starts with the usual line ending
     const ReadLimits limits_;
     Field& text_;
@@ -139,13 +162,15 @@ private:
     const char16_t* const begin_;
     const char16_t* const end_;
     const char16_t* start_;
-    const char16_t* behind_comment_ = nullptr; ///< where no comment starts, whatever stands there
+    const char16_t* behind_comment_ = nullptr; ///< behind the last comment with text on its line
     std::size_t roomy_fields_ = 0;             ///< with fewer, the array has room for more
 
     // Since the last `resume()`:
     std::size_t taken_ = 0;       ///< records taken
     std::size_t most_taken_ = 0;  ///< how many of them the limits allow
     std::size_t empty_lines_ = 0; ///< lines without fields taken
+
+    std::optional<PlainComments> comments_; ///< none if comments are not plain
 };
 
 } // namespace textio::parser

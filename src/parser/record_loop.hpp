@@ -3,14 +3,14 @@
 ///
 /// It runs with any of the three readers. A reader supplies, as free functions and members:
 /// - `read_record(reader, text, record)`: reads the record at the start of `text`, and gives
-/// whether
-///   the record counts as a row even when it is blank;
+///   whether the record counts as a row even when it is blank;
 /// - `skip_to_content(reader, text, from)`: where content starts on the line at `from`;
 /// - `comment_keeps_columns`: whether text behind a block comment is read with the blanks in front;
 /// - `take_plain_records(reader, records)`: reads plain records until one is not, with
 ///   `has_plain_records` if there can be any, `field_limit` as the limit on fields of a record
-///   under which that is so, `unplain_starts()` that none of them begins
-///   with, and `blank_lines_are_empty` if a line of blanks is an empty line;
+///   under which that is so, `unplain_starts()` that none of them begins with,
+///   `skipped_starts()` that `skip_to_content` skips behind blanks, and `blank_lines_are_empty` if
+///   a line of blanks is an empty line;
 /// - `blanks()` and `guarded_line_ends`.
 #pragma once
 
@@ -62,8 +62,8 @@ public:
         if (can_go_the_short_way()) {
             plain.emplace(line_shape(), limits_, text_, counts_, *builder_.field_array);
         }
-        AfterComment next = AfterComment::next_line;
-        while (is_wanted() && next != AfterComment::stop) {
+        while (is_wanted()) {
+            bool is_behind_comment = false;
             if (plain) {
                 plain->resume();
                 take_plain_records(reader_, *plain);
@@ -71,10 +71,13 @@ public:
                 if (!is_wanted()) {
                     break;
                 }
+                is_behind_comment = plain->is_behind_comment();
             }
-            next = pass_comments();
-            if (next == AfterComment::record ||
-                (next == AfterComment::rest_of_line && !take_plain_rest(plain))) {
+            const AfterComment next = is_behind_comment ? AfterComment::record : pass_comment();
+            if (next == AfterComment::stop) {
+                break;
+            }
+            if (next == AfterComment::record) {
                 take_record();
             }
         }
@@ -82,9 +85,7 @@ public:
     }
 
 private:
-    /// A record in front of which there was no comment is `record`, `rest_of_line` one that stands
-    /// on the line of a comment.
-    enum class AfterComment : std::uint8_t { record, rest_of_line, next_line, stop };
+    enum class AfterComment : std::uint8_t { record, next_line, stop };
 
     [[nodiscard]] bool is_wanted() const {
         return counts_.rows < limits_.rows && counts_.lines < limits_.lines &&
@@ -100,26 +101,19 @@ private:
     [[nodiscard]] LineShape line_shape() const {
         return {reader_.blanks(),
                 reader_.guarded_line_ends,
-                comments_ ? comments_->opener : std::u16string_view(),
+                comments_.get(),
+                Reader::comment_keeps_columns,
+                reader_.skipped_starts(),
                 reader_.unplain_starts(),
                 options_.empty_line_rule == empty_line::keep,
                 Reader::blank_lines_are_empty};
     }
 
-    /// Passes the comments that stand here, if any, one behind the other.
-    AfterComment pass_comments() {
-        AfterComment next = comments_ ? pass_comment() : AfterComment::record;
-        while (next == AfterComment::next_line && is_wanted()) {
-            const AfterComment behind = pass_comment();
-            if (behind == AfterComment::record) {
-                break; // which may be plain
-            }
-            next = behind;
-        }
-        return next;
-    }
-
+    /// Passes the comment that stands here, if any.
     AfterComment pass_comment() {
+        if (!comments_) {
+            return AfterComment::record;
+        }
         const std::size_t start = skip_to_content(reader_, text_, 0);
         const std::size_t end = comments_->skip_comment(text_, start);
         if (end <= start) {
@@ -133,19 +127,7 @@ private:
         if (comment.line_ended) {
             return AfterComment::next_line;
         }
-        return too_many_lines ? AfterComment::stop : AfterComment::rest_of_line;
-    }
-
-    /// Takes what stands behind a comment, and records behind it, the short way. No comment starts
-    /// there, whatever it looks like. Gives whether any record was plain.
-    bool take_plain_rest(std::optional<PlainRecords>& plain) {
-        const std::size_t rows_before = counts_.rows;
-        if (plain) {
-            plain->resume_behind_comment();
-            take_plain_records(reader_, *plain);
-            plain->pause();
-        }
-        return counts_.rows != rows_before;
+        return too_many_lines ? AfterComment::stop : AfterComment::record;
     }
 
     /// Keeps one line without fields for each line that the comment took up entirely, so that a

@@ -26,6 +26,8 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
         {"the opener alone", {u"#"}, u"#", {}, "/ 1 1 0", "/ 1 1 0", "/ 1 1 0"},
         {"behind skipped delimiters", {u"#"}, u",,#x\n1\n", {}, "[,,#x]/[1]/ 7 2 2", "/[1]/ 7 2 1", "[,,][#x]/[1]/ 7 2 2"},
         {"one line, then text", block, u"/*x*/ 1,2\n3\n", {}, "[1,2]/[3]/ 12 2 2", "[1][2]/[3]/ 12 2 2", "[ 1][,2]/[3]/ 12 2 2"},
+        {"then a delimiter and a blank", block, u"/*x*/, \n1\n", {}, "[, ]/[1]/ 10 2 2", "/[1]/ 10 2 1", "[, ]/[1]/ 10 2 2"},
+        {"indented, its closer longer", {u"#", u"###"}, u"  #", {}, " 3 0 0", " 3 0 0", " 3 0 0"},
         {"two lines, nothing behind", block, u"/*x\ny*/ \n1\n", {}, "//[1]/ 11 3 1", "//[1]/ 11 3 1", "//[1]/ 11 3 1"},
         {"three lines, then text", block, u"/*\n\n*/1\n", {}, "//[1]/ 8 3 1", "//[1]/ 8 3 1", "//[1]/ 8 3 1"},
         {"a second on the line is text", block, u"/**//*y*/\n", {}, "[/*y*/]/ 10 1 1", "[/*y*/]/ 10 1 1", "[/*][y*/]/ 10 1 1"},

@@ -47,7 +47,8 @@ private:
         }
         options.line_endings =
             one_of<std::vector<std::u16string>>({{u"\r\n", u"\n", u"\r"}, {u"\n"}, {u"\r\n", u"\n"}, {u"\r\n"}, {}});
-        options.comment_style = one_of<std::vector<std::u16string>>({{}, {u"#"}, {u"#,", u",#"}});
+        options.comment_style = one_of<std::vector<std::u16string>>(
+            {{}, {u"#"}, {u"#", u"#"}, {u"#", u"x,,"}, {u"#,", u",#"}, {u",#", u"x"}, {u"#", u""}, {u"#", u"\nx"}, {u"##x"}});
         const auto rule = [this] { return one_of<std::uint8_t>({0, 0, 1}); };
         options.empty_line_rule = one_of<std::uint8_t>({empty_line::keep, empty_line::skip});
         options.consecutive_delimiters_rule = rule();
@@ -79,11 +80,18 @@ private:
 template <class Reader>
 std::u16string left_by(options options, std::u16string_view text) {
     const Reader reader(options);
+    const CommentScanner comments(options);
     textio::Field view(text);
     ReadCounts counts;
     textio::FieldArray array;
-    const LineShape shape{
-        reader.blanks(), reader.guarded_line_ends, u"#", reader.unplain_starts(), true, Reader::blank_lines_are_empty};
+    const LineShape shape{.blanks = reader.blanks(),
+                          .line_ends = reader.guarded_line_ends,
+                          .comments = &comments,
+                          .comment_keeps_columns = Reader::comment_keeps_columns,
+                          .skipped_starts = reader.skipped_starts(),
+                          .unplain_starts = reader.unplain_starts(),
+                          .keeps_empty_lines = true,
+                          .blank_lines_are_empty = Reader::blank_lines_are_empty};
     PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, array);
     records.resume();
     take_plain_records(reader, records);
@@ -102,7 +110,17 @@ TEST(PlainRecords, AreNotLeftToTheFullSetOfRules) {
                           .leading_delimiters_rule = leading_delimiters::skip,
                           .trailing_delimiters_rule = trailing_delimiters::drop};
     EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u" a  b\n\nc \td  \n  e"), u"");
-    EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u"a\n #b\nc"), u" #b\nc");
+    const std::u16string_view commented = u"a\n#,\n,#b\n#,c,# \n#,,#\td \n#,";
+    const std::vector<std::u16string> blocks{u"#,", u",#"};
+    for (const auto& style : {std::vector<std::u16string>{u"#"}, blocks}) {
+        options options = aligned;
+        options.comment_style = style;
+        EXPECT_EQ(left_by<DelimitedRecordReader>(options, commented), u"");
+        options = {.delimiters = {u";"}, .comment_style = style, .field_widths = {1, 9}};
+        EXPECT_EQ(left_by<DelimitedRecordReader>(options, commented), u"");
+        EXPECT_EQ(left_by<LineRecordReader>(options, commented), u"");
+        EXPECT_EQ(left_by<FixedWidthRecordReader>(options, commented), u"");
+    }
 }
 
 TEST(PlainRecords, AreReadAsByTheFullSetOfRules) {
