@@ -18,7 +18,8 @@ bool can_have_plain_comments(const CommentScanner& comments) {
     for (const std::u16string& line_end : comments.to_line_end.ends->strings) {
         line_end_units += line_end;
     }
-    return comments.has_opener && comments.is_block == (comments.closer_size != 0) &&
+    return comments.has_opener && comments.opener.front() != end_of_text &&
+           comments.is_block == (comments.closer_size != 0) &&
            are_disjoint(
                {closer_of(comments), line_end_units, std::u16string_view(&end_of_text, 1)});
 }

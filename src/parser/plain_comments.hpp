@@ -13,8 +13,8 @@
 
 namespace textio::parser {
 
-/// Whether there are comments, and one look at a unit tells what it is to them: no unit of a closer
-/// is the end of text or part of a line ending.
+/// Whether there are comments, and one look at a unit tells what it is to them: none starts with
+/// the end of text, and no unit of a closer is that or part of a line ending.
 [[nodiscard]] bool can_have_plain_comments(const CommentScanner& comments);
 
 /// Passes comments from left to right, in one search for both their ends and the line endings in

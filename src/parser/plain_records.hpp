@@ -118,11 +118,13 @@ private:
     [[nodiscard]] std::size_t lines_left() const noexcept {
         return limits_.lines - counts_.lines - taken_ - empty_lines_;
     }
+
     /// The length of the line ending at `at`, where no text ends; 0 if none is there.
     [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept {
         return *at == usual_line_end_ ? 1 : unusual_line_ending_at(at);
     }
     [[nodiscard]] std::size_t unusual_line_ending_at(const char16_t* at) const noexcept;
+
     void take_record(const char16_t* next) {
         const std::size_t fields = array_.fields.size();
         array_.line_ends.push_back(fields);
@@ -132,11 +134,13 @@ private:
             make_room(start_, counts_.rows + taken_);
         }
     }
-    [[nodiscard]] bool at_record_behind_blanks();
+
     [[nodiscard]] const char16_t* skip_blanks(const char16_t* at) const noexcept {
         return at == end_ || !blanks_.set().contains(*at) ? at : end_of_blanks(at);
     }
     [[nodiscard]] const char16_t* end_of_blanks(const char16_t* at) const noexcept;
+
+    [[nodiscard]] bool at_record_behind_blanks();
     [[nodiscard]] bool take_comment(const char16_t* at);
     [[nodiscard]] bool take_empty_line(const char16_t* at);
     void take_usual_empty_lines();
@@ -162,6 +166,7 @@ private:
     const char16_t* const begin_;
     const char16_t* const end_;
     const char16_t* start_;
+    std::optional<PlainComments> comments_;    ///< none if comments are not plain
     const char16_t* behind_comment_ = nullptr; ///< behind the last comment with text on its line
     std::size_t roomy_fields_ = 0;             ///< with fewer, the array has room for more
 
@@ -169,8 +174,6 @@ private:
     std::size_t taken_ = 0;       ///< records taken
     std::size_t most_taken_ = 0;  ///< how many of them the limits allow
     std::size_t empty_lines_ = 0; ///< lines without fields taken
-
-    std::optional<PlainComments> comments_; ///< none if comments are not plain
 };
 
 } // namespace textio::parser

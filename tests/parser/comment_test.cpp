@@ -22,6 +22,7 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
         {"to the line's end", {u"#"}, u"  # x\n1 # y\n", {}, "/[1 # y]/ 12 2 1", "/[1 # y]/ 12 2 1", "/[1 ][# y]/ 12 2 1"},
         {"of three strings, the first", {u"#", u"a", u"b"}, u"#x\n1\n", {}, "/[1]/ 5 2 1", "/[1]/ 5 2 1", "/[1]/ 5 2 1"},
         {"empty string", {u""}, u"#x\n", {}, "[#x]/ 3 1 1", "[#x]/ 3 1 1", "[#x]/ 3 1 1"},
+        {"the end of text is no opener", {u"\uFFFF"}, u"1\n\uFFFF2\n3\n", {}, "[1]/ 2 1 1", "[1]/ 2 1 1", "[1]/ 2 1 1"},
         {"without line ending", {u"#"}, u"1\n#x", {}, "[1]// 4 2 1", "[1]// 4 2 1", "[1]// 4 2 1"},
         {"the opener alone", {u"#"}, u"#", {}, "/ 1 1 0", "/ 1 1 0", "/ 1 1 0"},
         {"behind skipped delimiters", {u"#"}, u",,#x\n1\n", {}, "[,,#x]/[1]/ 7 2 2", "/[1]/ 7 2 1", "[,,][#x]/[1]/ 7 2 2"},
