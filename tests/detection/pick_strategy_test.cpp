@@ -157,6 +157,9 @@ TEST(Candidates, AreFoundInLinesThatStandTogether) {
         others.add_line(&line, &line + 1, 1);
     }
     EXPECT_EQ(detection::get_candidate_delims(others), u",") << "between lines stands no candidate";
+    std::u16string known = u"|\u00A7";
+    detection::add_delims_from_line(Field(u"a|;b\u00A7;\"(|:"), known);
+    EXPECT_EQ(known, u"|\u00A7;:");
 }
 
 TEST(Candidates, AreKeptUpToTheLimits) {

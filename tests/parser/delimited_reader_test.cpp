@@ -20,6 +20,7 @@ TEST(DelimitedReader, FindsFields) {
         {"closing quote is the last unit", u"a,\"b\"", "[a][\"b\"]/ 5 1 1"},
         {"two lines in quotes", u"\"a\nb\",c\nd\n", "[\"a\\nb\"][c]/[d]/ 10 2 2"},
         {"quoted end of text", u"\"\uFFFF\",b\n", "[\"\\uFFFF\"][b]/ 6 1 1"},
+        {"end of text behind quotes", u"a,\"b\"\uFFFFc\n", "[a][\"b\"]/ 5 1 1"},
         {"end of text behind blanks", u"a, \uFFFFb,c\n", "[a][ ]/ 3 1 1"},
         {"only delimiters", u",,\n", "[][][]/ 3 1 1"},
         {"blank fields make a line, one alone is empty", u" , \n  \n", "[ ][ ]// 7 2 1"},

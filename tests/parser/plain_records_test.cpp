@@ -62,8 +62,8 @@ private:
     std::u16string some_text() {
         const bool is_blank = random_() % 4 == 0;
         const std::u16string odd = is_blank ? u"\n\r\n,xx#" : u",,,;\n\n\r \t\"\"##\u00A0\uFFFF";
-        const char16_t usual = is_blank ? u' ' : one_of<char16_t>({u'x', u'x', u','});
-        const std::size_t odd_share = usual == u',' ? 2000 : one_of<std::size_t>({2, 4, 12});
+        const char16_t usual = is_blank ? u' ' : one_of<char16_t>({u'x', u'x', u',', u'\n'});
+        const std::size_t odd_share = usual == u',' || usual == u'\n' ? 2000 : one_of<std::size_t>({2, 4, 12});
         const std::size_t odd_units = odd.size() - one_of<std::size_t>({0, 1, 1, 1, 5});
         std::u16string text(random_() % (odd_share == 2000 ? 12'000 : one_of<std::size_t>({12, 90, 400})), u'x');
         for (char16_t& unit : text) {
