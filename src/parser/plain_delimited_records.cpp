@@ -36,7 +36,7 @@ class PlainFields {
 public:
     PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records)
         : blanks_(reader.blanks().set()), delimiters_(reader.delimiter_units),
-          quote_(reader.options->quote),
+          line_ends_(reader.guarded_line_ends.first_units()), quote_(reader.options->quote),
           usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1),
           stops_(reader.stops, records.start(), records.end()),
@@ -67,6 +67,11 @@ public:
 
     /// Whether `unit` is the delimiter that nearly all layouts have alone. It is no quote then.
     [[nodiscard]] bool is_usual_delimiter(char16_t unit) const { return unit == usual_delimiter_; }
+
+    /// Whether the text or, perhaps, a line ends at `stop`.
+    [[nodiscard]] bool may_end_line(const char16_t* stop) const {
+        return stop == text_end_ || line_ends_.contains(*stop);
+    }
 
     [[nodiscard]] bool is_delimiter(char16_t unit) const {
         return unit == usual_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
@@ -111,6 +116,7 @@ private:
 
     const UnitSet& blanks_;
     const UnitSet& delimiters_;
+    const UnitSet& line_ends_; ///< the units with which line endings begin
     const char16_t quote_;
     const char32_t usual_delimiter_;
     const bool has_more_delimiters_;
@@ -127,7 +133,7 @@ void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_
     while (end < checkpoint && fields.is_usual_delimiter(*end)) {
         records.add_field(begin, end);
         begin = end + 1;
-        if (fields.is_at_run()) {
+        if (fields.is_at_run()) [[unlikely]] {
             const char16_t* const run_end = std::min(fields.end_of_run(begin), checkpoint);
             records.add_empty_fields(begin, run_end);
             begin = run_end;
@@ -178,7 +184,12 @@ bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& recor
         return false;
     }
     for (;;) {
-        const char16_t* const end = fields.end_of_field(begin, fields.next_stop(begin));
+        const char16_t* const stop = fields.next_stop(begin);
+        if (stop == begin && fields.may_end_line(stop)) { // behind delimiters
+            return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
+                   records.end_record(begin);
+        }
+        const char16_t* const end = fields.end_of_field(begin, stop);
         if (end == nullptr) {
             return false;
         }
@@ -187,10 +198,6 @@ bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& recor
             return records.end_record(end);
         }
         begin = fields.end_of_run(end);
-        if (begin == records.end() || reader.guarded_line_ends.first_units().contains(*begin)) {
-            return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
-                   records.end_record(begin);
-        }
     }
 }
 

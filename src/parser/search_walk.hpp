@@ -22,20 +22,19 @@ public:
 
     /// The first wanted unit behind the last one given, or the end.
     [[nodiscard]] const char16_t* next() noexcept {
-        while (hits_ == 0) {
-            if (block_end_ == end_) {
+        if (hits_ == 0) [[unlikely]] {
+            if (!load_hits()) {
                 return end_;
             }
-            load_block(block_end_);
         }
-        const char16_t* const hit = block_ + std::countr_zero(hits_);
+        const char16_t* const hit = block_ + static_cast<unsigned>(std::countr_zero(hits_));
         hits_ &= hits_ - 1;
         return hit;
     }
 
     /// The first wanted unit from `from` on, or the end. `from` is behind what earlier calls gave.
     [[nodiscard]] const char16_t* next(const char16_t* from) noexcept {
-        if (from < block_end_) {
+        if (from < block_end_) [[likely]] {
             const auto passed = static_cast<unsigned>(from - block_);
             hits_ = hits_ >> passed << passed;
         } else {
@@ -49,6 +48,14 @@ public:
     [[nodiscard]] bool is_at_full_block() const noexcept { return hits_ == ~std::uint64_t{1}; }
 
 private:
+    /// Goes on to the next block with a hit. Gives whether there is one.
+    [[nodiscard]] bool load_hits() noexcept {
+        while (hits_ == 0 && block_end_ != end_) {
+            load_block(block_end_);
+        }
+        return hits_ != 0;
+    }
+
     void load_block(const char16_t* from) noexcept {
         constexpr auto block_units = static_cast<std::ptrdiff_t>(UnitSearch::block_units);
         block_ = from;

@@ -29,9 +29,7 @@ std::size_t back_to_mostly_irregular_lines(const std::vector<std::size_t>& diffs
         std::count(diffs.begin(), diffs.begin() + static_cast<std::ptrdiff_t>(end), 0U));
     while (regular > end / 2) {
         --end;
-        if (diffs[end] == 0) {
-            --regular;
-        }
+        regular -= diffs[end] == 0 ? 1 : 0;
     }
     return end;
 }

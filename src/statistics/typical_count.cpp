@@ -87,12 +87,10 @@ std::vector<std::size_t> absolute_differences(const std::vector<std::size_t>& co
     const auto tail = std::find(counts.rbegin(), counts.rend(), median).base();
 
     std::vector<std::size_t> diffs(counts.begin(), tail);
-    auto end = diffs.begin();
-    for (const std::size_t count : diffs) {
-        *end = count > median ? count - median : median - count;
-        end += count != 0 ? 1 : 0;
-    }
-    diffs.erase(end, diffs.end());
+    std::erase(diffs, std::size_t{0});
+    std::transform(diffs.begin(), diffs.end(), diffs.begin(), [median](std::size_t count) {
+        return count > median ? count - median : median - count;
+    });
     return diffs;
 }
 

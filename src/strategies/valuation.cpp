@@ -132,7 +132,7 @@ void GenericStrategy::measure_table(const std::vector<std::size_t>& counts, std:
         header_lines_value_ = std::max(h_min, detection::adjust_header(0, empty_lines, counts));
         return;
     }
-    record.overall_variation = mean_from(diffs, 0);
+    record.overall_variation = is_regular ? 0.0 : mean_from(diffs, 0);
     calculate_headerlines(diffs, h_min);
     record.data_variation = get_data_variation(diffs);
     if (auto_header_lines_) {
@@ -143,7 +143,10 @@ void GenericStrategy::measure_table(const std::vector<std::size_t>& counts, std:
         // From here on the header is counted in lines of the text, no longer in non-empty lines.
         header_lines_value_ = detection::adjust_header(header_lines_value_, empty_lines, counts);
     }
-    record.num_variables = get_number_of_variables(counts);
+    // Lines that are alike need no second look.
+    record.num_variables = is_regular && header_lines_value_ < counts.size()
+                               ? static_cast<std::size_t>(record.median_fields)
+                               : get_number_of_variables(counts);
 }
 
 void GenericStrategy::calculate_headerlines(const std::vector<std::size_t>& diffs,
