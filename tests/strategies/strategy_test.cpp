@@ -103,6 +103,7 @@ TEST(Valuation, TakesEachWay) {
         {"regular", u"1,a\n2,b\n\n3,12:30\n\n\n", SIZE_MAX, true, {0, 0, 0, 4, 2, 2, {2, 1, 1, 0, 0}}},
         {"title and heading", u"t\n\nx,y,z\n1,2,3\n4,5,6\n7,8,9\n", SIZE_MAX, true, {2, 0.4, 0, 6, 3, 3, {3, 0, 3, 0, 0}}},
         {"given header takes all", u"1,2\n3,4\n5,6\n7\n", 3, false, {3, 0, inf, 4, 2, 1, {}}},
+        {"given header takes all of a regular table", u"1,2\n3,4\n", 2, false, {2, 0, inf, 2, 2, 1, {}}},
         {"given header past it", u"1,2\n3,4\n5\n7\n", 3, false, {3, 0, 0, 4, 2, 1, {}}},
         {"the header is not measured", u"1,2,3,4\n1,2\n1,2\n1,2,3\n1,2\n", 1, false, {1, 0.6, 0.25, 5, 2, 3, {3, 0, 3, 0, 0}}},
         {"given and detected", u"a\n1,2\n3,4\n5,6\n", 2, true, {2, 0.25, 0, 4, 2, 2, {2, 0, 2, 0, 0}}},
