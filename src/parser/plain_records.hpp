@@ -36,10 +36,9 @@ struct ReadLimits {
 struct LineShape {
     const UnitSearch& blanks;
     const GuardedDelim& line_ends;
-    const CommentScanner* comments; ///< null if there are none
-    bool comment_keeps_columns;     ///< blanks behind a comment belong to what follows it
-    std::u16string_view
-        skipped_starts; ///< delimiters that do not count in front of a line's content
+    const CommentScanner* comments;     ///< null if there are none
+    bool comment_keeps_columns;         ///< blanks behind a comment belong to what follows it
+    std::u16string_view skipped_starts; ///< delimiters passed in front of content
     std::u16string_view unplain_starts; ///< units with which no plain record starts, behind blanks
     bool keeps_empty_lines;             ///< an empty line becomes a line without fields
     bool blank_lines_are_empty;         ///< so does a line of blanks
