@@ -131,9 +131,9 @@ protected:
     enums::StrategyMode mode_;           ///< the layout
 
 private:
+    TEXTIO_NO_EXPORT void measure_regular_lines(std::size_t lines, std::size_t fields);
     TEXTIO_NO_EXPORT void measure_counts(const std::vector<std::size_t>& counts);
-    TEXTIO_NO_EXPORT void measure_table(const std::vector<std::size_t>& counts, std::size_t h_min,
-                                        bool is_regular);
+    TEXTIO_NO_EXPORT void measure_table(const std::vector<std::size_t>& counts, std::size_t h_min);
 };
 
 /// One field per line, blanks included. It never has header lines.

@@ -24,18 +24,27 @@ public:
 private:
     static constexpr std::size_t ascii_units = 128;
 
+    /// Units that are compared at once.
     static constexpr std::ptrdiff_t block_units = 16;
 
     /// With more known units than this, the text is looked at unit by unit.
     static constexpr std::size_t most_compared_units = 8;
 
+    /// For each known unit a block of its byte, as the comparison wants it.
+    using Known = std::array<std::array<unsigned char, block_units>, most_compared_units>;
+
+    template <std::size_t count>
+    static const char16_t* skip_blocks(const Known& known, const char16_t* begin,
+                                       const char16_t* end) noexcept;
+
     [[nodiscard]] bool is_wanted(char16_t unit) const noexcept;
-    [[nodiscard]] bool is_familiar_block(const char16_t* units) const noexcept;
+
+    /// The start of a block that may hold such a unit, or `end`.
     [[nodiscard]] const char16_t* skip_familiar_blocks(const char16_t* begin,
                                                        const char16_t* end) const noexcept;
 
     std::array<bool, ascii_units> is_familiar_{}; ///< known, or a letter or digit
-    alignas(16) std::array<std::array<unsigned char, 16>, most_compared_units> compared_{};
+    alignas(16) Known compared_{};
     std::size_t known_count_ = 0;
 };
 

@@ -23,6 +23,23 @@ const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t 
     return std::find_if(begin, end, [unit](char16_t other) { return other != unit; });
 }
 
+/// Appends `value` so many times, which may be millions.
+void append(std::vector<std::size_t>& values, std::size_t count, std::size_t value) {
+    constexpr std::size_t block = 64;
+    constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
+    if (count > values.capacity() - values.size()) {
+        values.reserve(values.size() + std::max(values.size(), count));
+    }
+    while (count > 0) {
+        const std::size_t added = std::min(count, block);
+        const auto first = values.insert(values.end(), added, value);
+        for (std::size_t i = 0; i < added; i += line) {
+            fetch_ahead(&first[static_cast<std::ptrdiff_t>(i)]);
+        }
+        count -= added;
+    }
+}
+
 } // namespace
 
 PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& text,
@@ -156,7 +173,7 @@ void PlainRecords::take_empty_lines(const char16_t* next, std::size_t count) {
     if (count == 1) {
         line_ends.push_back(fields);
     } else {
-        line_ends.insert(line_ends.end(), count, fields);
+        append(line_ends, count, fields);
     }
     empty_lines_ += count;
     limit_taken();
@@ -164,14 +181,8 @@ void PlainRecords::take_empty_lines(const char16_t* next, std::size_t count) {
 }
 
 void PlainRecords::add_empty_fields(const char16_t* begin, const char16_t* end) {
-    constexpr std::ptrdiff_t few_fields = 256; // which are still at hand when they are filled in
-    while (begin != end) {
-        const std::size_t first = array_.fields.size();
-        array_.fields.resize(first + static_cast<std::size_t>(std::min(end - begin, few_fields)));
-        for (auto field = array_.fields.begin() + static_cast<std::ptrdiff_t>(first);
-             field != array_.fields.end(); ++field) {
-            field->data = begin++;
-        }
+    for (; begin != end; ++begin) {
+        add_field(begin, begin);
     }
 }
 

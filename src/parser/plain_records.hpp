@@ -11,6 +11,7 @@
 #include "parser/guarded_delim.hpp"
 #include "parser/plain_comments.hpp"
 #include "parser/unit_search.hpp"
+#include "parser/write_ahead.hpp"
 #include "textio/field.hpp"
 
 #include <cstddef>
@@ -78,7 +79,7 @@ public:
     }
 
     void add_field(const char16_t* begin, const char16_t* end) {
-        array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin));
+        fetch_ahead(&array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin)));
     }
 
     /// Adds an empty field at each unit from `begin` up to `end`.

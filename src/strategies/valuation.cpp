@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <functional>
 #include <limits>
 #include <numeric>
 #include <span>
@@ -33,9 +32,19 @@ std::vector<std::size_t> fields_per_line(const std::vector<std::size_t>& line_en
     return counts;
 }
 
-/// Whether every line of one or more has as many fields as the first.
-bool are_alike(const std::vector<std::size_t>& counts) {
-    return std::adjacent_find(counts.begin(), counts.end(), std::not_equal_to<>()) == counts.end();
+/// Whether there are lines, and each has as many fields as the first. The last end rules most
+/// others out; all ends are looked at then, for that can be done with several at once.
+bool are_alike(const std::vector<std::size_t>& line_ends) {
+    if (line_ends.empty() || line_ends.back() != line_ends.front() * line_ends.size()) {
+        return false;
+    }
+    std::size_t expected = 0;
+    std::size_t differences = 0;
+    for (const std::size_t end : line_ends) {
+        expected += line_ends.front();
+        differences |= end ^ expected;
+    }
+    return differences == 0;
 }
 
 std::vector<std::size_t> lines_without_fields(const std::vector<std::size_t>& counts) {
@@ -92,10 +101,34 @@ const StrategyValuation& GenericStrategy::measure_lines() {
     if (!lines_measured_) {
         drop_trailing_empty_lines(fields_->line_ends);
         valuation_record_.num_lines = fields_->line_count();
-        measure_counts(fields_per_line(fields_->line_ends));
+        if (are_alike(fields_->line_ends)) {
+            measure_regular_lines(fields_->line_count(), fields_->line_ends.front());
+        } else {
+            measure_counts(fields_per_line(fields_->line_ends));
+        }
         lines_measured_ = true;
     }
     return valuation_record_;
+}
+
+/// What `measure_counts` finds for one or more lines of `fields` fields each, without a look at
+/// each.
+void GenericStrategy::measure_regular_lines(std::size_t lines, std::size_t fields) {
+    StrategyValuation& record = valuation_record_;
+    record.median_fields = static_cast<std::int32_t>(fields);
+    has_data_lines_ = fields > 1 || !auto_header_lines_;
+    if (record.median_fields < 2) {
+        header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
+        return;
+    }
+    const bool is_all_header = header_lines_value_ == lines;
+    if (header_lines_value_ == SIZE_MAX || (is_all_header && auto_header_lines_)) {
+        header_lines_value_ = 0;
+    }
+    record.overall_variation = 0;
+    record.data_variation = header_lines_value_ == lines ? undefined_variation : 0;
+    record.num_variables =
+        header_lines_value_ < lines ? static_cast<std::size_t>(record.median_fields) : 1;
 }
 
 void GenericStrategy::measure_counts(const std::vector<std::size_t>& counts) {
@@ -105,34 +138,25 @@ void GenericStrategy::measure_counts(const std::vector<std::size_t>& counts) {
         header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
         return;
     }
-    const bool is_regular = are_alike(counts);
-    const std::size_t median =
-        is_regular ? counts.front() : detection::get_modified_median(counts, h_min);
-    valuation_record_.median_fields = static_cast<std::int32_t>(median);
+    valuation_record_.median_fields =
+        static_cast<std::int32_t>(detection::get_modified_median(counts, h_min));
     if (valuation_record_.median_fields >= 2) {
-        measure_table(counts, h_min, is_regular);
+        measure_table(counts, h_min);
     } else if (auto_header_lines_) {
         header_lines_value_ = h_min;
     }
 }
 
-void GenericStrategy::measure_table(const std::vector<std::size_t>& counts, std::size_t h_min,
-                                    bool is_regular) {
+void GenericStrategy::measure_table(const std::vector<std::size_t>& counts, std::size_t h_min) {
     StrategyValuation& record = valuation_record_;
-    std::vector<std::size_t> empty_lines;
-    std::vector<std::size_t> diffs;
-    if (is_regular) {
-        diffs.assign(counts.size(), 0);
-    } else {
-        empty_lines = lines_without_fields(counts);
-        diffs =
-            detection::absolute_differences(counts, static_cast<std::size_t>(record.median_fields));
-    }
+    const auto empty_lines = lines_without_fields(counts);
+    const auto diffs =
+        detection::absolute_differences(counts, static_cast<std::size_t>(record.median_fields));
     if (diffs.empty()) {
         header_lines_value_ = std::max(h_min, detection::adjust_header(0, empty_lines, counts));
         return;
     }
-    record.overall_variation = is_regular ? 0.0 : mean_from(diffs, 0);
+    record.overall_variation = mean_from(diffs, 0);
     calculate_headerlines(diffs, h_min);
     record.data_variation = get_data_variation(diffs);
     if (auto_header_lines_) {
@@ -143,10 +167,7 @@ void GenericStrategy::measure_table(const std::vector<std::size_t>& counts, std:
         // From here on the header is counted in lines of the text, no longer in non-empty lines.
         header_lines_value_ = detection::adjust_header(header_lines_value_, empty_lines, counts);
     }
-    // Lines that are alike need no second look.
-    record.num_variables = is_regular && header_lines_value_ < counts.size()
-                               ? static_cast<std::size_t>(record.median_fields)
-                               : get_number_of_variables(counts);
+    record.num_variables = get_number_of_variables(counts);
 }
 
 void GenericStrategy::calculate_headerlines(const std::vector<std::size_t>& diffs,
