@@ -155,14 +155,15 @@ void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& reco
     while (records.at_record()) {
         const char16_t* const line_end = stops.next(records.start());
         const char16_t* position = records.start();
-        for (const std::size_t width : reader.widths) {
-            const auto left = static_cast<std::size_t>(line_end - position);
-            const char16_t* const end = width < left ? position + width : line_end;
-            records.add_field(position, end);
-            position = end;
-            if (position == line_end) {
-                break;
-            }
+        auto width = reader.widths.begin();
+        for (;
+             width != reader.widths.end() && *width < static_cast<std::size_t>(line_end - position);
+             ++width) {
+            records.add_field(position, position + *width);
+            position += *width;
+        }
+        if (width != reader.widths.end()) {
+            records.add_field(position, line_end);
         }
         if (!records.end_record(line_end)) {
             records.give_record_back();

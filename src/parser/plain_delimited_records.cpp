@@ -48,6 +48,10 @@ public:
     /// The stop behind the last one.
     const char16_t* next_stop() { return stops_.next(); }
 
+    /// Whether the stop behind the last one is known already, and that stop.
+    [[nodiscard]] bool has_stop_at_hand() const { return stops_.has_hit_at_hand(); }
+    const char16_t* stop_at_hand() { return stops_.hit_at_hand(); }
+
     /// Whether the last stop may begin a long run of delimiters.
     [[nodiscard]] bool is_at_run() const { return stops_.is_at_full_block(); }
 
@@ -126,8 +130,9 @@ private:
     const char16_t* run_end_ = nullptr; ///< of the last run looked at
 };
 
-/// Takes the fields that end at the usual delimiter and before `checkpoint`. The first begins at
-/// `begin` and has its first stop at `end`, and so does then the field that was not taken.
+/// Takes the fields that end at the usual delimiter, up to a block's end behind `checkpoint`. The
+/// first begins at `begin` and has its first stop at `end`, and so does then the field that was not
+/// taken.
 void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_t* checkpoint,
                        const char16_t*& begin, const char16_t*& end) {
     while (end < checkpoint && fields.is_usual_delimiter(*end)) {
@@ -138,9 +143,17 @@ void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_
             records.add_empty_fields(begin, run_end);
             begin = run_end;
             end = fields.next_stop(begin);
-        } else {
-            end = fields.next_stop();
+            continue;
         }
+        while (fields.has_stop_at_hand()) {
+            end = fields.stop_at_hand();
+            if (!fields.is_usual_delimiter(*end)) {
+                return;
+            }
+            records.add_field(begin, end);
+            begin = end + 1;
+        }
+        end = fields.next_stop();
     }
 }
 

@@ -1,6 +1,8 @@
 #include "parser/plain_records.hpp"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <string>
 
 namespace textio::parser {
@@ -110,8 +112,18 @@ bool PlainRecords::at_record_behind_blanks() {
     return false;
 }
 
+/// Whole blocks are looked at from the start: how many blanks there are, nobody can foretell.
 const char16_t* PlainRecords::end_of_blanks(const char16_t* at) const noexcept {
-    return at + blanks_.skip(Field(at, static_cast<std::size_t>(end_ - at)), 0);
+    constexpr auto block = static_cast<std::ptrdiff_t>(UnitSearch::block_units);
+    while (at != end_) {
+        const char16_t* const block_end = end_ - at < block ? end_ : at + block;
+        const std::uint64_t others = ~blanks_.mask(at, block_end);
+        if (others != 0) {
+            return at + std::countr_zero(others);
+        }
+        at = block_end;
+    }
+    return at;
 }
 
 /// Takes the comment at `at`, with the rest of its line unless a record stands there. Gives whether

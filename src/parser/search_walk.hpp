@@ -27,6 +27,14 @@ public:
                 return end_;
             }
         }
+        return hit_at_hand();
+    }
+
+    /// Whether the block with the unit given last has further wanted units.
+    [[nodiscard]] bool has_hit_at_hand() const noexcept { return hits_ != 0; }
+
+    /// The first of these, which must be there.
+    [[nodiscard]] const char16_t* hit_at_hand() noexcept {
         const char16_t* const hit = block_ + static_cast<unsigned>(std::countr_zero(hits_));
         hits_ &= hits_ - 1;
         return hit;
