@@ -2,6 +2,7 @@
 // walk from stop to stop, that is from one delimiter, line ending, quote or end of text to the
 // next, and look at nothing in between. A field is added where its last stop is found.
 #include "parser/delimited_reader.hpp"
+#include "parser/run_walk.hpp"
 #include "parser/search_walk.hpp"
 
 #include <algorithm>
@@ -40,7 +41,9 @@ public:
           usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1),
           stops_(reader.stops, records.start(), records.end()),
-          others_(reader.other_units, records.start(), records.end()), text_end_(records.end()) {}
+          others_(reader.other_units, records.start(), records.end()),
+          edges_(reader.stops, reader.other_units, records.start(), records.end()),
+          text_end_(records.end()) {}
 
     /// The first stop from `begin` on, or the end of the text.
     const char16_t* next_stop(const char16_t* begin) { return stops_.next(begin); }
@@ -63,6 +66,12 @@ public:
         return run_end_;
     }
 
+    /// The first edge of a run of delimiters from `begin` on, other stop, or the end of the text.
+    const char16_t* next_edge(const char16_t* begin) { return edges_.next(begin); }
+
+    /// The same behind the last one.
+    const char16_t* next_edge() { return edges_.next(); }
+
     /// Where the field that begins at `begin` and whose first stop is `stop` ends: at a delimiter,
     /// at what may be a line ending, or at the end of the text. Null if the field is not plain.
     const char16_t* end_of_field(const char16_t* begin, const char16_t* stop) {
@@ -81,12 +90,13 @@ public:
         return unit == usual_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
     }
 
-private:
-    static constexpr char32_t no_unit = 0x10000;
-
+    /// Whether a field with such a stop may go on behind it.
     [[nodiscard]] bool is_quote_or_end(char16_t unit) const {
         return unit == quote_ || unit == end_of_text;
     }
+
+private:
+    static constexpr char32_t no_unit = 0x10000;
 
     /// The same for a field whose first stop is a quote or an end of text. Either means something
     /// only where the field begins, behind blanks; anywhere else it is text.
@@ -126,6 +136,7 @@ private:
     const bool has_more_delimiters_;
     SearchWalk stops_;
     SearchWalk others_; ///< finds the ends of runs of delimiters
+    RunWalk edges_;
     const char16_t* const text_end_;
     const char16_t* run_end_ = nullptr; ///< of the last run looked at
 };
@@ -185,22 +196,21 @@ bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& rec
     return records.end_record(end);
 }
 
-/// The same where a run of delimiters ends a field.
-bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                        PlainFields& fields) {
-    const char16_t* begin = records.start();
-    if (fields.is_delimiter(*begin) &&
-        reader.options->leading_delimiters_rule == leading_delimiters::skip) {
-        begin = fields.end_of_run(begin);
-    }
-    if (records.is_unplain_start(begin) || fields.is_delimiter(*begin)) {
-        return false;
-    }
+/// Whether a record whose last field ends at a run of delimiters may end behind the run, at `at`.
+bool ends_behind_delimiters(const DelimitedRecordReader& reader, PlainRecords& records,
+                            const char16_t* at) {
+    return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
+           records.end_record(at);
+}
+
+/// Takes what is left of a record, from the field at `begin` on, where a run of delimiters ends a
+/// field and fields may hold quoted parts. Gives whether the record was plain.
+bool take_rest_of_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                                PlainFields& fields, const char16_t* begin) {
     for (;;) {
         const char16_t* const stop = fields.next_stop(begin);
-        if (stop == begin && fields.may_end_line(stop)) { // behind delimiters
-            return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
-                   records.end_record(begin);
+        if (stop == begin && fields.may_end_line(stop)) {
+            return ends_behind_delimiters(reader, records, stop);
         }
         const char16_t* const end = fields.end_of_field(begin, stop);
         if (end == nullptr) {
@@ -214,18 +224,57 @@ bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& recor
     }
 }
 
-} // namespace
+/// Takes the record at which `records` stands, where a run of delimiters ends a field. Gives
+/// whether it was plain.
+bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                        PlainFields& fields) {
+    const char16_t* begin = records.start();
+    const char16_t* stop = fields.next_edge(begin);
+    if (stop == begin && fields.is_delimiter(*begin) &&
+        reader.options->leading_delimiters_rule == leading_delimiters::skip) {
+        begin = fields.next_edge();
+        stop = fields.next_edge(begin);
+    }
+    if (records.is_unplain_start(begin) || fields.is_delimiter(*begin)) {
+        return false;
+    }
+    while (stop != records.end() && fields.is_delimiter(*stop)) {
+        records.add_field(begin, stop);
+        begin = fields.next_edge();
+        if (fields.may_end_line(begin)) {
+            return ends_behind_delimiters(reader, records, begin);
+        }
+        if (fields.is_quote_or_end(*begin)) {
+            return take_rest_of_merged_record(reader, records, fields, begin);
+        }
+        stop = fields.next_edge();
+    }
+    if (stop != records.end() && fields.is_quote_or_end(*stop)) {
+        return take_rest_of_merged_record(reader, records, fields, begin);
+    }
+    records.add_field(begin, stop);
+    return records.end_record(stop);
+}
 
-void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records) {
-    const bool merges =
-        reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge;
+/// Takes records, each with `take_record`, until one is not plain.
+template <auto take_record>
+void take_records(const DelimitedRecordReader& reader, PlainRecords& records) {
     PlainFields fields(reader, records);
     while (records.at_record()) {
-        if (!(merges ? take_merged_record(reader, records, fields)
-                     : take_separate_record(reader, records, fields))) {
+        if (!take_record(reader, records, fields)) {
             records.give_record_back();
             return;
         }
+    }
+}
+
+} // namespace
+
+void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records) {
+    if (reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge) {
+        take_records<take_merged_record>(reader, records);
+    } else {
+        take_records<take_separate_record>(reader, records);
     }
 }
 
