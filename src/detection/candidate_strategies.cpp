@@ -32,9 +32,10 @@ bool lines_look_padded(const FieldArray& line_sample, std::size_t first_line) {
     std::size_t shortest = SIZE_MAX;
     std::size_t longest_text = 0;
     for (std::size_t line = first_line; line < line_sample.line_count(); ++line) {
-        const std::size_t length = line_length(line_sample, line);
+        const std::span<const Field> fields = line_sample.line(line);
+        const std::size_t length = length_of(fields);
         shortest = std::min(shortest, length);
-        longest_text = text_length(line_sample.line(line), longest_text);
+        longest_text = text_length(fields, longest_text);
         if (length != 0 && longest_text > shortest) {
             return false;
         }

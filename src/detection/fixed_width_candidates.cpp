@@ -5,6 +5,7 @@
 #include "textio/statistics.hpp"
 
 #include <limits>
+#include <span>
 #include <utility>
 
 namespace textio::detection {
@@ -31,8 +32,9 @@ FixedColumns find_fixed_columns(const Field& text, const FieldArray& line_sample
     BlankColumns columns(line_length(line_sample, first_line), text);
     std::size_t column_count = 0;
     for (std::size_t line = first_line; line < lines; ++line) {
-        if (const std::size_t length = line_length(line_sample, line); length != 0) {
-            columns.add_line(line_sample.line(line).front(), length);
+        const std::span<const Field> fields = line_sample.line(line);
+        if (const std::size_t length = length_of(fields); length != 0) {
+            columns.add_line(fields.front(), length);
             column_count = columns.columns();
         }
         found.column_counts.push_back(column_count);

@@ -86,11 +86,13 @@ std::vector<std::size_t> absolute_differences(const std::vector<std::size_t>& co
     // A ragged tail, such as a footnote, is no sign of an irregular table.
     const auto tail = std::find(counts.rbegin(), counts.rend(), median).base();
 
-    std::vector<std::size_t> diffs(counts.begin(), tail);
-    std::erase(diffs, std::size_t{0});
-    std::transform(diffs.begin(), diffs.end(), diffs.begin(), [median](std::size_t count) {
-        return count > median ? count - median : median - count;
-    });
+    std::vector<std::size_t> diffs(static_cast<std::size_t>(tail - counts.begin()));
+    std::size_t found = 0;
+    for (auto count = counts.begin(); count != tail; ++count) {
+        diffs[found] = *count > median ? *count - median : median - *count;
+        found += *count == 0 ? 0 : 1;
+    }
+    diffs.resize(found);
     return diffs;
 }
 
