@@ -96,12 +96,18 @@ void add_possible_fixed_strategy(std::shared_ptr<GenericStrategy> space_candidat
                                  const parser::options& options,
                                  const TypeAnalyzerOptions& type_options,
                                  output::DetectionOutputBuilder& builder) {
+    const bool is_sought = options.layout_hint == parser::layout::fixed_width;
+    const StrategyValuation& space_value =
+        is_sought ? space_candidate->measure_lines() : space_candidate->valuation();
+    if (!is_sought && space_value.data_variation == 0) {
+        candidates.push_back(std::move(space_candidate)); // no columns are more regular
+        return;
+    }
     const std::size_t header_lines =
         detect_header_lines_fixed_width(space_candidate, line_sample, options);
     FixedColumns found = find_fixed_columns(text, line_sample, header_lines);
-    if (options.layout_hint != parser::layout::fixed_width &&
-        !isFixedWidthStrategyBetterThanSpaceAlignedStrategy(expected_valuation(found.column_counts),
-                                                            space_candidate->valuation())) {
+    if (!is_sought && !isFixedWidthStrategyBetterThanSpaceAlignedStrategy(
+                          expected_valuation(found.column_counts), space_value)) {
         candidates.push_back(std::move(space_candidate));
         return;
     }

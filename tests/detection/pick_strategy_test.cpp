@@ -133,10 +133,11 @@ TEST(Candidates, ComeFromTheMiddleOfTheSample) {
     EXPECT_EQ(found, u"") << "of two lines the second counts, up to the end of text";
     const std::u16string delims = delimiters({all});
     for (std::size_t unit = 0; unit < 0x10000; ++unit) {
-        std::u16string line(40, u'x');
-        line[5] = static_cast<char16_t>(unit);
-        const bool is_delim = delims.find(line[5]) != std::u16string::npos;
-        ASSERT_EQ(delimiters({line}), is_delim ? line.substr(5, 1) : u"") << unit;
+        std::u16string line(117, u'x'); // no multiple of what is compared at once
+        const std::size_t place = unit % line.size();
+        line[place] = static_cast<char16_t>(unit);
+        const bool is_delim = delims.find(line[place]) != std::u16string::npos;
+        ASSERT_EQ(delimiters({line}), is_delim ? line.substr(place, 1) : u"") << unit;
     }
 }
 
@@ -184,21 +185,25 @@ TEST(Candidates, AreKeptUpToTheLimits) {
     EXPECT_EQ(modes(u"a b c d\nabc  d\n"), "d") << "the second line is short";
 }
 
-TEST(Candidates, FixedWidthsBehindTheLastLine) {
-    const std::u16string line = u"a b";
-    const Field fields[] = {Field(line), Field(line)};
-    FieldArray lines;
-    lines.add_line(fields, fields + 1, 1);
-    lines.add_line(fields + 1, fields + 2, 1);
+TEST(Candidates, FixedWidthsStartBehindTheHeader) {
+    const Field text(u"title\na  b\nc  d\ne  f\n");
     const parser::options options{.layout_hint = parser::layout::fixed_width};
-    const auto aligned = std::make_shared<SpaceAlignedStrategy>(options, Types());
-    aligned->header_lines(2);
-    EXPECT_EQ(detection::detect_header_lines_fixed_width(aligned, lines, options), 2U);
     output::DetectionOutputBuilder builder;
-    builder.text = fields;
-    std::vector<std::shared_ptr<GenericStrategy>> candidates;
-    detection::add_possible_fixed_strategy(aligned, fields[0], lines, candidates, options, Types(), builder);
-    EXPECT_EQ(candidates.front()->options().field_widths, Widths{1});
+    builder.text = &text;
+    builder.sample_lines = SIZE_MAX;
+    const auto lines = std::make_shared<LineReaderStrategy>(options, Types());
+    parser::read_sample(builder, lines, true);
+    const auto aligned = std::make_shared<SpaceAlignedStrategy>(options, Types());
+    parser::read_sample(builder, aligned, false);
+    const auto widths = [&] {
+        std::vector<std::shared_ptr<GenericStrategy>> candidates;
+        detection::add_possible_fixed_strategy(aligned, text, *lines->field_array(), candidates, options, Types(), builder);
+        return candidates.front()->options().field_widths;
+    };
+    EXPECT_EQ(widths(), (Widths{1, 3})) << "the header is found first";
+    aligned->header_lines(4);
+    EXPECT_EQ(detection::detect_header_lines_fixed_width(aligned, *lines->field_array(), options), 4U);
+    EXPECT_EQ(widths(), Widths{1}) << "nothing stands behind the last line";
 }
 
 TEST(Candidates, FixedWidthsMustExplainMoreWithNoMoreVariables) {
