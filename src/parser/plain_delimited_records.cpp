@@ -32,17 +32,15 @@ std::u16string_view DelimitedRecordReader::skipped_starts() const noexcept {
 
 namespace {
 
-/// Finds the ends of plain fields, from left to right.
+/// Finds the ends of plain fields, from left to right, by walking to their stops.
+template <class Walk>
 class PlainFields {
 public:
-    PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records)
+    PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records, const Walk& stops)
         : blanks_(reader.blanks().set()), delimiters_(reader.delimiter_units),
           line_ends_(reader.guarded_line_ends.first_units()), quote_(reader.options->quote),
           usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
-          has_more_delimiters_(delimiters_.units().size() > 1),
-          stops_(reader.stops, records.start(), records.end()),
-          others_(reader.other_units, records.start(), records.end()),
-          edges_(reader.stops, reader.other_units, records.start(), records.end()),
+          has_more_delimiters_(delimiters_.units().size() > 1), stops_(stops),
           text_end_(records.end()) {}
 
     /// The first stop from `begin` on, or the end of the text.
@@ -58,20 +56,6 @@ public:
     /// Whether the last stop may begin a long run of delimiters.
     [[nodiscard]] bool is_at_run() const { return stops_.is_at_full_block(); }
 
-    /// Where the run of delimiters that may stand at `begin` ends.
-    const char16_t* end_of_run(const char16_t* begin) {
-        if (run_end_ == nullptr || run_end_ < begin) {
-            run_end_ = others_.next(begin);
-        }
-        return run_end_;
-    }
-
-    /// The first edge of a run of delimiters from `begin` on, other stop, or the end of the text.
-    const char16_t* next_edge(const char16_t* begin) { return edges_.next(begin); }
-
-    /// The same behind the last one.
-    const char16_t* next_edge() { return edges_.next(); }
-
     /// Where the field that begins at `begin` and whose first stop is `stop` ends: at a delimiter,
     /// at what may be a line ending, or at the end of the text. Null if the field is not plain.
     const char16_t* end_of_field(const char16_t* begin, const char16_t* stop) {
@@ -81,18 +65,18 @@ public:
     /// Whether `unit` is the delimiter that nearly all layouts have alone. It is no quote then.
     [[nodiscard]] bool is_usual_delimiter(char16_t unit) const { return unit == usual_delimiter_; }
 
-    /// Whether the text or, perhaps, a line ends at `stop`.
-    [[nodiscard]] bool may_end_line(const char16_t* stop) const {
-        return stop == text_end_ || line_ends_.contains(*stop);
-    }
-
     [[nodiscard]] bool is_delimiter(char16_t unit) const {
         return unit == usual_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
     }
 
-    /// Whether a field with such a stop may go on behind it.
+    /// Whether `unit` is a stop at which a field may go on.
     [[nodiscard]] bool is_quote_or_end(char16_t unit) const {
         return unit == quote_ || unit == end_of_text;
+    }
+
+    /// Whether the text or, perhaps, a line ends at `at`.
+    [[nodiscard]] bool may_end_line(const char16_t* at) const {
+        return at == text_end_ || line_ends_.contains(*at);
     }
 
 private:
@@ -134,23 +118,38 @@ private:
     const char16_t quote_;
     const char32_t usual_delimiter_;
     const bool has_more_delimiters_;
-    SearchWalk stops_;
-    SearchWalk others_; ///< finds the ends of runs of delimiters
-    RunWalk edges_;
+    Walk stops_;
     const char16_t* const text_end_;
-    const char16_t* run_end_ = nullptr; ///< of the last run looked at
+};
+
+/// Finds the ends of runs of delimiters, from left to right.
+class RunEnds {
+public:
+    explicit RunEnds(const SearchWalk& others) : others_(others) {}
+
+    /// Where the run of delimiters that may stand at `begin` ends.
+    const char16_t* end_of_run(const char16_t* begin) {
+        if (run_end_ == nullptr || run_end_ < begin) {
+            run_end_ = others_.next(begin);
+        }
+        return run_end_;
+    }
+
+private:
+    SearchWalk others_; ///< finds what is no delimiter
+    const char16_t* run_end_ = nullptr;
 };
 
 /// Takes the fields that end at the usual delimiter, up to a block's end behind `checkpoint`. The
 /// first begins at `begin` and has its first stop at `end`, and so does then the field that was not
 /// taken.
-void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_t* checkpoint,
-                       const char16_t*& begin, const char16_t*& end) {
+void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, RunEnds& runs,
+                       const char16_t* checkpoint, const char16_t*& begin, const char16_t*& end) {
     while (end < checkpoint && fields.is_usual_delimiter(*end)) {
         records.add_field(begin, end);
         begin = end + 1;
         if (fields.is_at_run()) [[unlikely]] {
-            const char16_t* const run_end = std::min(fields.end_of_run(begin), checkpoint);
+            const char16_t* const run_end = std::min(runs.end_of_run(begin), checkpoint);
             records.add_empty_fields(begin, run_end);
             begin = run_end;
             end = fields.next_stop(begin);
@@ -170,13 +169,13 @@ void take_usual_fields(PlainRecords& records, PlainFields& fields, const char16_
 
 /// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
 /// was plain.
-bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                          PlainFields& fields) {
+inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                                 PlainFields<SearchWalk>& fields, RunEnds& runs) {
     const char16_t* begin = records.start();
     const char16_t* checkpoint = records.first_checkpoint();
     const char16_t* end = fields.next_stop(begin);
     for (;;) {
-        take_usual_fields(records, fields, checkpoint, begin, end);
+        take_usual_fields(records, fields, runs, checkpoint, begin, end);
         end = fields.end_of_field(begin, end);
         if (end == nullptr || end == records.end() || !fields.is_delimiter(*end)) {
             break;
@@ -196,72 +195,47 @@ bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& rec
     return records.end_record(end);
 }
 
-/// Whether a record whose last field ends at a run of delimiters may end behind the run, at `at`.
-bool ends_behind_delimiters(const DelimitedRecordReader& reader, PlainRecords& records,
-                            const char16_t* at) {
-    return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
-           records.end_record(at);
-}
-
-/// Takes what is left of a record, from the field at `begin` on, where a run of delimiters ends a
-/// field and fields may hold quoted parts. Gives whether the record was plain.
-bool take_rest_of_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                                PlainFields& fields, const char16_t* begin) {
-    for (;;) {
-        const char16_t* const stop = fields.next_stop(begin);
-        if (stop == begin && fields.may_end_line(stop)) {
-            return ends_behind_delimiters(reader, records, stop);
-        }
-        const char16_t* const end = fields.end_of_field(begin, stop);
-        if (end == nullptr) {
-            return false;
-        }
-        records.add_field(begin, end);
-        if (end == records.end() || !fields.is_delimiter(*end)) {
-            return records.end_record(end);
-        }
-        begin = fields.end_of_run(end);
-    }
-}
-
-/// Takes the record at which `records` stands, where a run of delimiters ends a field. Gives
-/// whether it was plain.
-bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                        PlainFields& fields) {
+/// The same where a run of delimiters ends a field. A stop is the first unit of a run then, the
+/// first behind it, or what else may end a field.
+inline bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                               PlainFields<RunWalk>& fields) {
     const char16_t* begin = records.start();
-    const char16_t* stop = fields.next_edge(begin);
-    if (stop == begin && fields.is_delimiter(*begin) &&
+    const char16_t* stop = fields.next_stop(begin);
+    if (fields.is_delimiter(*begin) &&
         reader.options->leading_delimiters_rule == leading_delimiters::skip) {
-        begin = fields.next_edge();
-        stop = fields.next_edge(begin);
+        begin = fields.next_stop();
+        stop = fields.next_stop(begin);
     }
     if (records.is_unplain_start(begin) || fields.is_delimiter(*begin)) {
         return false;
     }
-    while (stop != records.end() && fields.is_delimiter(*stop)) {
+    for (;;) {
+        if (stop == records.end() || !fields.is_delimiter(*stop)) {
+            stop = fields.end_of_field(begin, stop);
+            if (stop == nullptr) {
+                return false;
+            }
+            if (stop == records.end() || !fields.is_delimiter(*stop)) {
+                records.add_field(begin, stop);
+                return records.end_record(stop);
+            }
+        }
         records.add_field(begin, stop);
-        begin = fields.next_edge();
+        begin = fields.next_stop();
         if (fields.may_end_line(begin)) {
-            return ends_behind_delimiters(reader, records, begin);
+            return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
+                   records.end_record(begin);
         }
-        if (fields.is_quote_or_end(*begin)) {
-            return take_rest_of_merged_record(reader, records, fields, begin);
-        }
-        stop = fields.next_edge();
+        stop = fields.is_quote_or_end(*begin) ? begin : fields.next_stop();
     }
-    if (stop != records.end() && fields.is_quote_or_end(*stop)) {
-        return take_rest_of_merged_record(reader, records, fields, begin);
-    }
-    records.add_field(begin, stop);
-    return records.end_record(stop);
 }
 
-/// Takes records, each with `take_record`, until one is not plain.
-template <auto take_record>
-void take_records(const DelimitedRecordReader& reader, PlainRecords& records) {
-    PlainFields fields(reader, records);
+/// Takes records, each with `take_record`, until one is not plain. The walks are local, so that
+/// what they keep stays in registers.
+template <auto take_record, class... Walks>
+void take_records(const DelimitedRecordReader& reader, PlainRecords& records, Walks... walks) {
     while (records.at_record()) {
-        if (!take_record(reader, records, fields)) {
+        if (!take_record(reader, records, walks...)) {
             records.give_record_back();
             return;
         }
@@ -271,10 +245,16 @@ void take_records(const DelimitedRecordReader& reader, PlainRecords& records) {
 } // namespace
 
 void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records) {
+    const char16_t* const begin = records.start();
+    const char16_t* const end = records.end();
     if (reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge) {
-        take_records<take_merged_record>(reader, records);
+        const RunWalk edges(reader.stops, reader.other_units, begin, end);
+        take_records<take_merged_record>(reader, records, PlainFields(reader, records, edges));
     } else {
-        take_records<take_separate_record>(reader, records);
+        const SearchWalk stops(reader.stops, begin, end);
+        const SearchWalk others(reader.other_units, begin, end);
+        take_records<take_separate_record>(reader, records, PlainFields(reader, records, stops),
+                                           RunEnds(others));
     }
 }
 
