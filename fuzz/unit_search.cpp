@@ -1,6 +1,7 @@
 // The search that all reading stands on, beside the plain loop.
 #include "parser/unit_search.hpp"
 #include "input.hpp"
+#include "parser/run_walk.hpp"
 #include "parser/search_walk.hpp"
 
 namespace {
@@ -8,6 +9,39 @@ namespace {
 using namespace textio::parser;
 using fuzz::require;
 using textio::Field;
+
+/// The first edge at or behind `at` that a walk from `from` gives, found by looking at one unit
+/// after the other.
+std::size_t plain_edge(const UnitSet& stops, const UnitSet& delimiters, const Field& text,
+                       std::size_t from, std::size_t at) {
+    for (; at < text.size; ++at) {
+        const bool is_delimiter = delimiters.contains(text.data[at]);
+        const bool is_behind_delimiter = at > from && delimiters.contains(text.data[at - 1]);
+        if (is_delimiter != is_behind_delimiter ||
+            (!is_delimiter && stops.contains(text.data[at]))) {
+            break;
+        }
+    }
+    return std::min(at, text.size);
+}
+
+/// Walks along the edges where the first half of `units` are delimiters.
+void check_edges(const std::u16string& units, const Field& text, fuzz::Input& input) {
+    const std::u16string delimiter_units = units.substr(0, units.size() / 2);
+    const UnitSearch stops(units);
+    const UnitSearch others(delimiter_units, UnitSearch::Wanted::outside);
+    const UnitSet delimiters(delimiter_units);
+    RunWalk walk(stops, others, text.data, text.data + text.size);
+    for (std::size_t from = 0; from <= text.size; from += input.byte() % 80U) {
+        std::size_t edge = plain_edge(stops.set(), delimiters, text, from, from);
+        require(walk.next(text.data + from) == text.data + edge, "a walk finds an edge");
+        for (std::uint8_t more = input.byte() % 8; more > 0 && edge < text.size; --more) {
+            edge = plain_edge(stops.set(), delimiters, text, from, edge + 1);
+            require(walk.next() == text.data + edge, "a walk finds the next edge");
+        }
+        from = edge + (input.byte() == 0 ? 1 : 0);
+    }
+}
 
 } // namespace
 
@@ -53,5 +87,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             other_walked += other == text.size ? 0 : 1;
         }
     }
+    check_edges(units, text, input);
     return 0;
 }

@@ -104,9 +104,10 @@ private:
     /// The place behind the quoted part that opens at `quote`, or the end of the text.
     const char16_t* behind_quoted_part(const char16_t* quote) {
         do {
-            do {
-                quote = stops_.next(quote + 1);
-            } while (quote != text_end_ && *quote != quote_);
+            quote = stops_.next(quote + 1);
+            while (quote != text_end_ && *quote != quote_) {
+                quote = stops_.next();
+            }
             quote += quote == text_end_ ? 0 : 1;
         } while (quote != text_end_ && *quote == quote_);
         return quote;

@@ -34,7 +34,7 @@ public:
     }
 
     /// The first edge from `from` on, or the end. What stands before `from` is not looked at, so a
-    /// delimiter there is an edge. `from` is behind what earlier calls gave.
+    /// delimiter there is an edge. `from` is not before what earlier calls gave.
     [[nodiscard]] const char16_t* next(const char16_t* from) noexcept {
         if (from < block_end_) [[likely]] {
             const auto passed = static_cast<unsigned>(from - block_);

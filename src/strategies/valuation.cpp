@@ -133,11 +133,7 @@ void GenericStrategy::measure_regular_lines(std::size_t lines, std::size_t field
 
 void GenericStrategy::measure_counts(const std::vector<std::size_t>& counts) {
     const std::size_t h_min = auto_header_lines_ ? detection::get_h_min(counts) : 0;
-    has_data_lines_ = h_min < counts.size();
-    if (!has_data_lines_) {
-        header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
-        return;
-    }
+    has_data_lines_ = !counts.empty(); // if each had one field, they would be alike
     valuation_record_.median_fields =
         static_cast<std::int32_t>(detection::get_modified_median(counts, h_min));
     if (valuation_record_.median_fields >= 2) {

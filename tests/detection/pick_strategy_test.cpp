@@ -124,6 +124,8 @@ TEST(Candidates, ComeFromTheMiddleOfTheSample) {
     EXPECT_EQ(delimiters({u"0;", u"", u"1,", u"", u"2:", u"3|", u"4~"}), u",:|~");
     EXPECT_EQ(delimiters({u"0;", u"1,", u"2:", u"3|", u"4:", u"5~"}), u":|");
     EXPECT_EQ(delimiters({u"0;", u"1,", u"2.", u"3|", u"4:", u"5~", u"6/"}), u"|:");
+    const std::u16string gap(80, u'x');
+    EXPECT_EQ(delimiters({u":" + gap + u";" + gap + u"<"}), u":;<") << "neighbours are told apart";
     std::u16string all;
     for (char16_t unit = 0; unit < 0x180; ++unit) {
         all += unit;
