@@ -70,7 +70,9 @@ private:
     }
 
     void find_edges(std::uint64_t delimiter_before) noexcept {
-        edges_ = (delimiters_ ^ (delimiters_ << 1U | delimiter_before)) | stops_;
+        constexpr std::uint64_t all_but_last = ~std::uint64_t{0} >> 1U;
+        const std::uint64_t behind = (delimiters_ & all_but_last) << 1U | delimiter_before;
+        edges_ = (delimiters_ ^ behind) | stops_;
     }
 
     const UnitSearch& search_;
