@@ -106,9 +106,9 @@ const char16_t* PunctuationSearch::skip_familiar_blocks(const char16_t* begin,
     static constexpr std::array<Skip, most_compared_units + 1> skips{
         &skip_blocks<0>, &skip_blocks<1>, &skip_blocks<2>, &skip_blocks<3>, &skip_blocks<4>,
         &skip_blocks<5>, &skip_blocks<6>, &skip_blocks<7>, &skip_blocks<8>};
-    return end - begin < block_units || known_count_ > most_compared_units
-               ? begin
-               : skips[known_count_](compared_, begin, end);
+    return end - begin >= block_units && known_count_ < skips.size()
+               ? skips[known_count_](compared_, begin, end)
+               : begin;
 }
 
 #else

@@ -69,6 +69,11 @@ public:
         return unit == usual_delimiter_ || (has_more_delimiters_ && delimiters_.contains(unit));
     }
 
+    /// Whether a delimiter stands at `at` and not the end of the text.
+    [[nodiscard]] bool is_delimiter_at(const char16_t* at) const {
+        return at != text_end_ && is_delimiter(*at);
+    }
+
     /// Whether `unit` is a stop at which a field may go on.
     [[nodiscard]] bool is_quote_or_end(char16_t unit) const {
         return unit == quote_ || unit == end_of_text;
@@ -178,7 +183,7 @@ inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecor
     for (;;) {
         take_usual_fields(records, fields, runs, checkpoint, begin, end);
         end = fields.end_of_field(begin, end);
-        if (end == nullptr || end == records.end() || !fields.is_delimiter(*end)) {
+        if (end == nullptr || !fields.is_delimiter_at(end)) {
             break;
         }
         if (end >= checkpoint) {
@@ -196,27 +201,19 @@ inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecor
     return records.end_record(end);
 }
 
-/// The same where a run of delimiters ends a field. A stop is the first unit of a run then, the
-/// first behind it, or what else may end a field.
-inline bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                               PlainFields<RunWalk>& fields) {
-    const char16_t* begin = records.start();
-    const char16_t* stop = fields.next_stop(begin);
-    if (fields.is_delimiter(*begin) &&
-        reader.options->leading_delimiters_rule == leading_delimiters::skip) {
-        begin = fields.next_stop();
-        stop = fields.next_stop(begin);
-    }
-    if (records.is_unplain_start(begin) || fields.is_delimiter(*begin)) {
-        return false;
-    }
+/// Takes the fields of a record where a run of delimiters ends a field. A stop is the first unit of
+/// a run then, the first behind it, or what else may end a field. The first field begins at `begin`
+/// and has its first stop at `stop`. Gives whether the record was plain.
+inline bool take_merged_fields(const DelimitedRecordReader& reader, PlainRecords& records,
+                               PlainFields<RunWalk>& fields, const char16_t* begin,
+                               const char16_t* stop) {
     for (;;) {
-        if (stop == records.end() || !fields.is_delimiter(*stop)) {
+        if (!fields.is_delimiter_at(stop)) {
             stop = fields.end_of_field(begin, stop);
             if (stop == nullptr) {
                 return false;
             }
-            if (stop == records.end() || !fields.is_delimiter(*stop)) {
+            if (!fields.is_delimiter_at(stop)) {
                 records.add_field(begin, stop);
                 return records.end_record(stop);
             }
@@ -229,6 +226,21 @@ inline bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords
         }
         stop = fields.is_quote_or_end(*begin) ? begin : fields.next_stop();
     }
+}
+
+/// Takes the record at which `records` stands, where a run of delimiters ends a field. Gives
+/// whether it was plain.
+inline bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                               PlainFields<RunWalk>& fields) {
+    const char16_t* begin = records.start();
+    const char16_t* stop = fields.next_stop(begin);
+    if (fields.is_delimiter(*begin) &&
+        reader.options->leading_delimiters_rule == leading_delimiters::skip) {
+        begin = fields.next_stop();
+        stop = fields.next_stop(begin);
+    }
+    return !records.is_unplain_start(begin) && !fields.is_delimiter(*begin) &&
+           take_merged_fields(reader, records, fields, begin, stop);
 }
 
 /// Takes records, each with `take_record`, until one is not plain. The walks are local, so that

@@ -114,14 +114,12 @@ bool PlainRecords::at_record_behind_blanks() {
 
 /// Whole blocks are looked at from the start: how many blanks there are, nobody can foretell.
 const char16_t* PlainRecords::end_of_blanks(const char16_t* at) const noexcept {
-    constexpr auto block = static_cast<std::ptrdiff_t>(UnitSearch::block_units);
-    while (at != end_) {
+    constexpr int block = static_cast<int>(UnitSearch::block_units);
+    int blanks = block;
+    while (blanks == block && at != end_) {
         const char16_t* const block_end = end_ - at < block ? end_ : at + block;
-        const std::uint64_t others = ~blanks_.mask(at, block_end);
-        if (others != 0) {
-            return at + std::countr_zero(others);
-        }
-        at = block_end;
+        blanks = std::countr_one(blanks_.mask(at, block_end));
+        at += blanks;
     }
     return at;
 }
