@@ -22,6 +22,10 @@ TEST(Field, MovingLeavesNothingBehind) {
     EXPECT_EQ(source.size, 3U);
     const Field target(std::move(source));
     EXPECT_EQ(target.view(), u"abc");
+    Field copy;
+    EXPECT_EQ(copy.view(), u"");
+    copy = target;
+    EXPECT_EQ(copy.view(), target.view()) << "copying leaves the source its text";
     EXPECT_EQ(std::pair(source.data, source.size), std::pair(static_cast<const char16_t*>(nullptr), std::size_t{0}));
 }
 
