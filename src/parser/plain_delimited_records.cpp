@@ -244,7 +244,7 @@ inline bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords
 }
 
 /// Takes records, each with `take_record`, until one is not plain. The walks are local, so that
-/// what they keep stays in registers.
+/// what they keep can stay in registers.
 template <auto take_record, class... Walks>
 void take_records(const DelimitedRecordReader& reader, PlainRecords& records, Walks... walks) {
     while (records.at_record()) {
