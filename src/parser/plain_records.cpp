@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstdint>
+#include <span>
 #include <string>
 
 namespace textio::parser {
@@ -14,12 +16,21 @@ std::u16string opener_start(const CommentScanner* comments) {
     return comments == nullptr ? std::u16string() : comments->opener.substr(0, 1);
 }
 
-/// Where the run of `unit` that starts at `begin` ends. A long run is passed in whole blocks, whose
-/// units can be compared at once.
+/// Whether nothing but `unit` stands in the block at `begin`, found by looking at all its units at
+/// once.
+template <std::size_t size>
+bool is_block_of(const char16_t* begin, char16_t unit) {
+    char16_t difference = 0;
+    for (const char16_t other : std::span<const char16_t, size>(begin, size)) {
+        difference = static_cast<char16_t>(difference | (other ^ unit));
+    }
+    return difference == 0;
+}
+
+/// Where the run of `unit` that starts at `begin` ends. A long run is passed in whole blocks.
 const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t unit) {
     constexpr std::ptrdiff_t block = 64;
-    while (end - begin >= block && begin[block - 1] == unit &&
-           std::count(begin, begin + block, unit) == block) {
+    while (end - begin >= block && begin[block - 1] == unit && is_block_of<block>(begin, unit)) {
         begin += block;
     }
     return std::find_if(begin, end, [unit](char16_t other) { return other != unit; });
@@ -210,11 +221,12 @@ const char16_t* PlainRecords::make_room_within_record(const char16_t* at) {
 /// Makes room for as many fields as the whole text gives if it goes on as it began, up to `at` in
 /// the row of number `rows`, so that a long sample is moved once and not at every doubling. The
 /// first lines of a text can mislead, so they count for little. Later ones are believed as long as
-/// little memory is at stake, for pages that are never written to cost nothing.
+/// little memory is at stake, for pages that are never written to cost nothing. More room than is
+/// trusted is come to in two like steps, for then the first holds little that must be moved.
 void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
     constexpr double margin = 1.05; // lines are not all alike
     constexpr double least_growth = 1.5;
-    constexpr double most_growth = 64;
+    constexpr double most_growth = 100;
     constexpr std::size_t telling_rows = 32;
     constexpr std::size_t little_room = (64U << 20U) / sizeof(Field);
     const auto share = [](std::size_t whole, std::size_t part) {
@@ -225,7 +237,9 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
                                             share(limits_.rows, rows));
     const auto held = static_cast<double>(array_.fields.size());
     const double believed = rows < telling_rows ? 0 : static_cast<double>(little_room) / held;
-    const double wanted = std::clamp(growth, least_growth, std::max(believed, most_growth));
+    const double trusted = std::max(believed, most_growth);
+    const double step = growth > trusted ? std::sqrt(growth) : growth;
+    const double wanted = std::clamp(step, least_growth, trusted);
     array_.fields.reserve(static_cast<std::size_t>(held * wanted) + spare_fields);
     roomy_fields_ = array_.fields.capacity() - spare_fields;
     array_.line_ends.reserve(
