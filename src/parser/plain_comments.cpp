@@ -33,16 +33,18 @@ PlainComments::PlainComments(const CommentScanner& comments, const GuardedDelim&
 
 const char16_t* PlainComments::pass(const char16_t* line, const char16_t* start,
                                     std::size_t& lines) noexcept {
-    if (!rest_from(start).starts_with(comments_.opener)) {
+    if (!stands_at(comments_.opener, start)) {
         return nullptr;
     }
     lines = 1;
     const char16_t* stop = walk_.next(start + comments_.opener_size);
     while (stop != end_ && *stop != end_of_text) {
+        if (are_blocks() && stands_at(closer_, stop)) {
+            return stop + closer_.size();
+        }
         const std::size_t line_end = line_ending_at(stop);
-        const std::size_t closer = are_blocks() ? closer_at(stop) : line_end;
-        if (closer != 0) {
-            return stop + closer;
+        if (line_end != 0 && !are_blocks()) {
+            return stop + line_end;
         }
         lines += line_end == 0 ? 0 : 1;
         stop = walk_.next(stop + std::max<std::size_t>(line_end, 1));
@@ -55,12 +57,21 @@ const char16_t* PlainComments::pass(const char16_t* line, const char16_t* start,
     return end_;
 }
 
-std::size_t PlainComments::line_ending_at(const char16_t* at) const noexcept {
-    return *at == usual_line_end_ ? 1 : line_ends_.match_at(Field(rest_from(at)), 0);
+/// Markers are a few units long: a loop over them beats a call.
+bool PlainComments::stands_at(const std::u16string& marker, const char16_t* at) const noexcept {
+    if (static_cast<std::size_t>(end_ - at) < marker.size()) {
+        return false;
+    }
+    for (const char16_t unit : marker) {
+        if (*at++ != unit) {
+            return false;
+        }
+    }
+    return true;
 }
 
-std::size_t PlainComments::closer_at(const char16_t* at) const noexcept {
-    return rest_from(at).starts_with(closer_) ? closer_.size() : 0;
+std::size_t PlainComments::line_ending_at(const char16_t* at) const noexcept {
+    return *at == usual_line_end_ ? 1 : line_ends_.match_at(Field(rest_from(at)), 0);
 }
 
 } // namespace textio::parser

@@ -41,7 +41,7 @@ private:
         return {at, static_cast<std::size_t>(end_ - at)};
     }
     [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept;
-    [[nodiscard]] std::size_t closer_at(const char16_t* at) const noexcept;
+    [[nodiscard]] bool stands_at(const std::u16string& marker, const char16_t* at) const noexcept;
 
     const CommentScanner& comments_;
     const GuardedDelim& line_ends_;
