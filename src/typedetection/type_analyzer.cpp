@@ -65,8 +65,9 @@ void TypeAnalyzer<false>::prepare(textio::MutableField& field) const {
     if (do_trim_whitespace_) {
         whitespace_trimmer_.process(field);
     }
+    const std::size_t trimmed_size = field.size;
     unquoter_.process(field);
-    if (do_trim_whitespace_) {
+    if (do_trim_whitespace_ && field.size != trimmed_size) {
         whitespace_trimmer_.process(field);
     }
     if (do_treat_as_missing_) {
