@@ -8,6 +8,7 @@
 #include "textio/textio.hpp"
 #include "texts.hpp"
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,37 +21,42 @@ using textio::Field;
 constexpr std::size_t most_units = 50'000'000;
 constexpr std::size_t usual_units = 10'000'000;
 
-/// How many times the time of an ordinary table a text of the same size may take.
-constexpr double most_times = 2;
+struct Rows {
+    std::size_t columns;
+    std::size_t width; ///< of a column, in code units
+};
+
+/// A field of 5 units is the mean of the fields of 234 delimited files of many makers.
+constexpr Rows ordinary_rows = {.columns = table_columns, .width = 5};
 
 struct Shape {
     std::string name;
     std::u16string (*make_text)();
     textio::parser::options options = {};
-    /// False where lines are a few units long, each a comment: the time is only told.
-    bool has_limit = true;
+    /// Where lines are a few units long, rows about as short. They are what has the limit then, as
+    /// a line has its price: the time against an ordinary table is only told.
+    std::optional<Rows> short_rows = {};
 };
 
-/// Rows of ten columns, separated by a comma if `candidates` holds one, else by its first unit.
-/// All other candidates stand here and there inside the fields, so that they are tried too. A field
-/// has 5 units, which is the mean of the fields of 234 delimited files of many makers.
-std::u16string ordinary_table(std::size_t units, std::u16string_view candidates) {
-    constexpr std::size_t width = 5;
+/// Rows separated by a comma if `candidates` holds one, else by its first unit. All other
+/// candidates stand here and there inside the fields, so that they are tried too.
+std::u16string table_of(const Rows& rows, std::size_t units, std::u16string_view candidates) {
     constexpr std::size_t strays = 3;
+    const auto [columns, width] = rows;
     RandomSource random;
     const bool has_comma = candidates.find(u',') != std::u16string_view::npos;
     std::u16string text;
-    text.reserve(units + table_columns * (width + 1));
+    text.reserve(units + columns * (width + 1));
     while (text.size() < units) {
         std::u16string row;
-        for (std::size_t column = 0; column < table_columns; ++column) {
+        for (std::size_t column = 0; column < columns; ++column) {
             if (column > 0 && !candidates.empty()) {
                 row += has_comma ? u',' : candidates.front();
             }
             row += random.letters(width);
         }
         for (std::size_t stray = 0; candidates.size() > 1 && stray < strays; ++stray) {
-            row[random.between(0, table_columns - 1) * (width + 1) + width / 2] =
+            row[random.between(0, columns - 1) * (width + 1) + width / 2] =
                 random.one_of(candidates);
         }
         text += row + u'\n';
@@ -85,39 +91,67 @@ void report_memory(benchmark::State& state, std::size_t peak_bytes, std::size_t 
     }
 }
 
+/// A table that a text is compared with.
+class Peer {
+public:
+    Peer(const Rows& rows, std::size_t units, const OwnReads& own)
+        : table_(table_of(rows, units, own.delimiters)),
+          figure_("x rows of " + std::to_string(rows.columns * (rows.width + 1)) + " units, " +
+                  std::to_string(own.delimiters.size()) + " cand.") {}
+
+    void measure(const DetectionOptions& options) {
+        std::size_t peak_bytes = 0;
+        time_.add(seconds_of_pick(table_, options, peak_bytes));
+    }
+
+    [[nodiscard]] const std::u16string& table() const { return table_; }
+    [[nodiscard]] const std::string& figure() const { return figure_; }
+    [[nodiscard]] double seconds() const { return time_.seconds(); }
+
+private:
+    std::u16string table_;
+    std::string figure_;
+    BestTime time_;
+};
+
 void measure_shape(benchmark::State& state, const Shape& shape) {
     constexpr double nano = 1e9;
+    constexpr double most_times = 2;
     const DetectionOptions options{.read = shape.options, .type = {}};
     const std::u16string hostile = shape.make_text();
     const OwnReads own = own_reads(Field(hostile), options);
-    const std::u16string ordinary = ordinary_table(hostile.size(), own.delimiters);
-    BestTime hostile_time;
-    BestTime ordinary_time;
+    Peer ordinary(ordinary_rows, hostile.size(), own);
+    std::optional<Peer> alike;
+    if (shape.short_rows) {
+        alike.emplace(*shape.short_rows, hostile.size(), own);
+    }
+    BestTime time;
     std::size_t peak_bytes = 0;
     for ([[maybe_unused]] auto _ : state) {
-        std::size_t ordinary_peak = 0;
         const double seconds = seconds_of_pick(hostile, options, peak_bytes);
-        hostile_time.add(seconds);
-        ordinary_time.add(seconds_of_pick(ordinary, options, ordinary_peak));
+        time.add(seconds);
+        ordinary.measure(options);
+        if (alike) {
+            alike->measure(options);
+        }
         state.SetIterationTime(seconds);
     }
     const double units = static_cast<double>(hostile.size());
     const double reads = static_cast<double>(own.reads.size());
-    report_best_time(state, hostile_time);
-    report(state, "ns per unit and read", hostile_time.seconds() * nano / units / reads);
-    const std::string compared =
-        "x an ordinary table, " + std::to_string(own.delimiters.size()) + " cand.";
-    const double times = hostile_time.seconds() / ordinary_time.seconds();
-    if (shape.has_limit) {
-        report(state, compared, times, most_times);
+    const double times_ordinary = time.seconds() / ordinary.seconds();
+    report_best_time(state, time);
+    report(state, "ns per unit and read", time.seconds() * nano / units / reads);
+    if (alike) {
+        report(state, ordinary.figure(), times_ordinary);
+        report(state, alike->figure(), time.seconds() / alike->seconds(), most_times);
     } else {
-        report(state, compared, times);
+        report(state, ordinary.figure(), times_ordinary, most_times);
     }
-    if (const std::size_t ordinary_fields = own_reads(Field(ordinary), options).fields;
-        own.fields > ordinary_fields && ordinary_fields > 0) {
-        const double times_the_fields =
-            static_cast<double>(own.fields) / static_cast<double>(ordinary_fields);
-        report(state, "x an ordinary table, per field read", times / times_the_fields);
+    const std::size_t ordinary_fields = own_reads(Field(ordinary.table()), options).fields;
+    if (own.fields > ordinary_fields && ordinary_fields > 0) {
+        report(state, "x an ordinary table, per field read",
+               times_ordinary * static_cast<double>(ordinary_fields) /
+                   static_cast<double>(own.fields));
     }
     report_memory(state, peak_bytes, own.fields);
 }
@@ -233,9 +267,11 @@ const bool added = [] {
         {"51 candidates on every line", all_candidates_on_every_line, without_excluded_delimiter()},
         {"an unclosed quote at the start", unclosed_quote},
         {"block comments in a row", comments_in_a_row, with_block_comments()},
-        {"short block comments, one per line", comment_lines, with_block_comments(), false},
+        {"short block comments, one per line", comment_lines, with_block_comments(),
+         Rows{.columns = 1, .width = 5}},
         {"block comments of 60 units, one per line", comment_lines_of_60, with_block_comments()},
-        {"short block comments between rows", comments_between_rows, with_block_comments(), false},
+        {"short block comments between rows", comments_between_rows, with_block_comments(),
+         Rows{.columns = 2, .width = 3}},
         {"block comments never closed", comment_openers, with_block_comments()},
     };
     constexpr int runs = 7;

@@ -29,7 +29,8 @@ namespace textio::detection {
 /// changes those.
 class TEXTIO_EXPORT StrategySelector {
 public:
-    /// Keeps references to both records, which must outlive the selector.
+    /// Keeps references to both records, which must outlive the selector: give it no temporary,
+    /// such as `{}`, if it outlives the statement.
     StrategySelector(const parser::options& options,
                      const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options);
 

@@ -47,7 +47,7 @@ const char16_t* PlainComments::pass(const char16_t* line, const char16_t* start,
             return stop + line_end;
         }
         lines += line_end == 0 ? 0 : 1;
-        stop = walk_.next(stop + std::max<std::size_t>(line_end, 1));
+        stop = line_end > 1 ? walk_.next(stop + line_end) : walk_.next();
     }
     if (stop != end_) {
         return nullptr;
@@ -59,11 +59,11 @@ const char16_t* PlainComments::pass(const char16_t* line, const char16_t* start,
 
 /// Markers are a few units long: a loop over them beats a call.
 bool PlainComments::stands_at(const std::u16string& marker, const char16_t* at) const noexcept {
-    if (static_cast<std::size_t>(end_ - at) < marker.size()) {
+    if (*at != marker.front() || static_cast<std::size_t>(end_ - at) < marker.size()) {
         return false;
     }
-    for (const char16_t unit : marker) {
-        if (*at++ != unit) {
+    for (std::size_t i = 1; i < marker.size(); ++i) {
+        if (at[i] != marker[i]) {
             return false;
         }
     }

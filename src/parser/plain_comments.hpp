@@ -41,6 +41,7 @@ private:
         return {at, static_cast<std::size_t>(end_ - at)};
     }
     [[nodiscard]] std::size_t line_ending_at(const char16_t* at) const noexcept;
+    /// Whether `marker`, which is not empty, stands at `at`, where no text ends.
     [[nodiscard]] bool stands_at(const std::u16string& marker, const char16_t* at) const noexcept;
 
     const CommentScanner& comments_;

@@ -36,21 +36,14 @@ const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t 
     return std::find_if(begin, end, [unit](char16_t other) { return other != unit; });
 }
 
-/// Appends `value` so many times, which may be millions.
-void append(std::vector<std::size_t>& values, std::size_t count, std::size_t value) {
-    constexpr std::size_t block = 64;
-    constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
-    if (count > values.capacity() - values.size()) {
-        values.reserve(values.size() + std::max(values.size(), count));
-    }
-    while (count > 0) {
-        const std::size_t added = std::min(count, block);
-        const auto first = values.insert(values.end(), added, value);
-        for (std::size_t i = 0; i < added; i += line) {
-            fetch_ahead(&first[static_cast<std::ptrdiff_t>(i)]);
-        }
-        count -= added;
-    }
+constexpr double most_growth = 100; ///< what a few lines are trusted with
+
+/// By how much an array grows of which `expected` is foretold. More than `trusted` is come to in
+/// two like steps, for then the first holds little that must be moved.
+double trusted_growth(double expected, double trusted) {
+    constexpr double least_growth = 1.5;
+    const double step = expected > trusted ? std::sqrt(expected) : expected;
+    return std::clamp(step, least_growth, trusted);
 }
 
 } // namespace
@@ -83,7 +76,9 @@ void PlainRecords::resume() noexcept {
     start_ = text_.data;
     taken_ = 0;
     empty_lines_ = 0;
-    limit_taken();
+    rows_wanted_ = limits_.rows - counts_.rows;
+    lines_wanted_ = limits_.lines - counts_.lines;
+    most_taken_ = std::min(rows_wanted_, lines_wanted_);
 }
 
 void PlainRecords::pause() noexcept {
@@ -92,11 +87,6 @@ void PlainRecords::pause() noexcept {
     counts_.consumed += consumed;
     counts_.rows += taken_;
     counts_.lines += taken_ + empty_lines_;
-}
-
-void PlainRecords::limit_taken() noexcept {
-    most_taken_ =
-        std::min(limits_.rows - counts_.rows, limits_.lines - counts_.lines - empty_lines_);
 }
 
 std::size_t PlainRecords::unusual_line_ending_at(const char16_t* at) const noexcept {
@@ -135,8 +125,8 @@ const char16_t* PlainRecords::end_of_blanks(const char16_t* at) const noexcept {
     return at;
 }
 
-/// Takes the comment at `at`, with the rest of its line unless a record stands there. Gives whether
-/// there is a comment and it is plain.
+/// Takes the comment at `at`, up to where its line ends or a record starts. Gives whether there is
+/// a comment and it is plain.
 bool PlainRecords::take_comment(const char16_t* at) {
     std::size_t lines = 0;
     const char16_t* const behind = comments_ ? comments_->pass(start_, at, lines) : nullptr;
@@ -147,7 +137,20 @@ bool PlainRecords::take_comment(const char16_t* at) {
         take_empty_lines(behind, lines);
         return true;
     }
-    const char16_t* content = skip_blanks(behind);
+    if (behind != end_ && *behind == usual_line_end_) {
+        take_empty_lines(behind + 1, lines);
+        return true;
+    }
+    return take_comment_line(behind, lines);
+}
+
+/// Takes the rest of the line on which a block comment of `lines` lines ends at `behind`, unless a
+/// record stands there. Gives whether it is plain.
+bool PlainRecords::take_comment_line(const char16_t* behind, std::size_t lines) {
+    const char16_t* content = behind;
+    if (content != end_ && blanks_.set().contains(*content)) {
+        content = skip_blanks(content + 1); // most often there is one
+    }
     while (content != end_ && skipped_starts_.contains(*content)) {
         ++content;
     }
@@ -188,17 +191,19 @@ void PlainRecords::take_usual_empty_lines() {
     take_empty_lines(run_end, static_cast<std::size_t>(run_end - start_));
 }
 
-void PlainRecords::take_empty_lines(const char16_t* next, std::size_t count) {
+/// There may be millions of them.
+void PlainRecords::add_line_ends(std::size_t count) {
+    constexpr std::size_t block = 64;
+    constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
     std::vector<std::size_t>& line_ends = array_.line_ends;
-    const std::size_t fields = array_.fields.size();
-    if (count == 1) {
-        line_ends.push_back(fields);
-    } else {
-        append(line_ends, count, fields);
+    while (count > 0) {
+        const std::size_t added = std::min(count, block);
+        const auto first = line_ends.insert(line_ends.end(), added, array_.fields.size());
+        for (std::size_t i = 0; i < added; i += line) {
+            fetch_ahead(&first[static_cast<std::ptrdiff_t>(i)]);
+        }
+        count -= added;
     }
-    empty_lines_ += count;
-    limit_taken();
-    start_ = next;
 }
 
 void PlainRecords::add_empty_fields(const char16_t* begin, const char16_t* end) {
@@ -218,32 +223,43 @@ const char16_t* PlainRecords::make_room_within_record(const char16_t* at) {
     return checkpoint(at);
 }
 
-/// Makes room for as many fields as the whole text gives if it goes on as it began, up to `at` in
-/// the row of number `rows`, so that a long sample is moved once and not at every doubling. The
-/// first lines of a text can mislead, so they count for little. Later ones are believed as long as
-/// little memory is at stake, for pages that are never written to cost nothing. More room than is
-/// trusted is come to in two like steps, for then the first holds little that must be moved.
-void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
+/// How many times what was read up to `at`, in the first so many rows, the whole text gives if it
+/// goes on as it began.
+double PlainRecords::expected_growth(const char16_t* at, std::size_t rows) const noexcept {
     constexpr double margin = 1.05; // lines are not all alike
-    constexpr double least_growth = 1.5;
-    constexpr double most_growth = 100;
-    constexpr std::size_t telling_rows = 32;
-    constexpr std::size_t little_room = (64U << 20U) / sizeof(Field);
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };
-    const double growth = margin * std::min(share(static_cast<std::size_t>(end_ - begin_),
-                                                  static_cast<std::size_t>(at - begin_)),
-                                            share(limits_.rows, rows));
+    return margin * std::min(share(static_cast<std::size_t>(end_ - begin_),
+                                   static_cast<std::size_t>(at - begin_)),
+                             share(limits_.rows, rows));
+}
+
+/// Makes room for as many fields as are to be expected, up to `at` in the row of number `rows`, so
+/// that a long sample is moved once and not at every doubling. The first lines of a text can
+/// mislead, so they count for little. Later ones are believed as long as little memory is at stake,
+/// for pages that are never written to cost nothing.
+void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
+    constexpr std::size_t telling_rows = 32;
+    constexpr std::size_t little_room = (64U << 20U) / sizeof(Field);
     const auto held = static_cast<double>(array_.fields.size());
     const double believed = rows < telling_rows ? 0 : static_cast<double>(little_room) / held;
-    const double trusted = std::max(believed, most_growth);
-    const double step = growth > trusted ? std::sqrt(growth) : growth;
-    const double wanted = std::clamp(step, least_growth, trusted);
-    array_.fields.reserve(static_cast<std::size_t>(held * wanted) + spare_fields);
+    const double growth =
+        trusted_growth(expected_growth(at, rows), std::max(believed, most_growth));
+    array_.fields.reserve(static_cast<std::size_t>(held * growth) + spare_fields);
     roomy_fields_ = array_.fields.capacity() - spare_fields;
     array_.line_ends.reserve(
-        static_cast<std::size_t>(static_cast<double>(array_.line_ends.size()) * wanted) + 1);
+        static_cast<std::size_t>(static_cast<double>(array_.line_ends.size()) * growth) + 1);
+}
+
+/// Makes room for as many lines as are to be expected, where the lines up to `at` have used it up
+/// without as many fields.
+void PlainRecords::make_room_for_lines(const char16_t* at, std::size_t count) {
+    const double growth =
+        trusted_growth(expected_growth(at, counts_.rows + taken_ + 1), most_growth);
+    const std::size_t held = array_.line_ends.size();
+    array_.line_ends.reserve(
+        std::max(static_cast<std::size_t>(static_cast<double>(held) * growth), held + count));
 }
 
 } // namespace textio::parser

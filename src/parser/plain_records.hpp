@@ -14,6 +14,7 @@
 #include "parser/write_ahead.hpp"
 #include "textio/field.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <string_view>
@@ -116,7 +117,7 @@ private:
     }
     [[nodiscard]] bool is_wanted() const noexcept { return taken_ < most_taken_ && start_ < end_; }
     [[nodiscard]] std::size_t lines_left() const noexcept {
-        return limits_.lines - counts_.lines - taken_ - empty_lines_;
+        return lines_wanted_ - taken_ - empty_lines_;
     }
 
     /// The length of the line ending at `at`, where no text ends; 0 if none is there.
@@ -142,11 +143,28 @@ private:
 
     [[nodiscard]] bool at_record_behind_blanks();
     [[nodiscard]] bool take_comment(const char16_t* at);
+    [[nodiscard]] bool take_comment_line(const char16_t* behind, std::size_t lines);
     [[nodiscard]] bool take_empty_line(const char16_t* at);
     void take_usual_empty_lines();
-    void take_empty_lines(const char16_t* next, std::size_t count);
-    void limit_taken() noexcept;
+
+    void take_empty_lines(const char16_t* next, std::size_t count) {
+        std::vector<std::size_t>& line_ends = array_.line_ends;
+        if (line_ends.capacity() - line_ends.size() < count) {
+            make_room_for_lines(next, count);
+        }
+        if (count == 1) {
+            line_ends.push_back(array_.fields.size());
+        } else {
+            add_line_ends(count);
+        }
+        empty_lines_ += count;
+        most_taken_ = std::min(rows_wanted_, lines_wanted_ - empty_lines_);
+        start_ = next;
+    }
+    void add_line_ends(std::size_t count);
+    [[nodiscard]] double expected_growth(const char16_t* at, std::size_t rows) const noexcept;
     void make_room(const char16_t* at, std::size_t rows);
+    void make_room_for_lines(const char16_t* at, std::size_t count);
 
     const UnitSearch& blanks_;
     const GuardedDelim& line_ends_;
@@ -171,9 +189,11 @@ private:
     std::size_t roomy_fields_ = 0;             ///< with fewer, the array has room for more
 
     // Since the last `resume()`:
-    std::size_t taken_ = 0;       ///< records taken
-    std::size_t most_taken_ = 0;  ///< how many of them the limits allow
-    std::size_t empty_lines_ = 0; ///< lines without fields taken
+    std::size_t taken_ = 0;        ///< records taken
+    std::size_t empty_lines_ = 0;  ///< lines without fields taken
+    std::size_t rows_wanted_ = 0;  ///< records that the limit of rows allows
+    std::size_t lines_wanted_ = 0; ///< lines that the limit of lines allows
+    std::size_t most_taken_ = 0;   ///< how many records both allow
 };
 
 } // namespace textio::parser
