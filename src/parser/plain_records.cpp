@@ -36,6 +36,9 @@ const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t 
     return std::find_if(begin, end, [unit](char16_t other) { return other != unit; });
 }
 
+/// So many values are added to an array at once: one by one, each waits for the array's new end.
+constexpr std::size_t added_at_once = 64;
+
 constexpr double most_growth = 100; ///< what a few lines are trusted with
 
 /// By how much an array grows of which `expected` is foretold. More than `trusted` is come to in
@@ -193,11 +196,10 @@ void PlainRecords::take_usual_empty_lines() {
 
 /// There may be millions of them.
 void PlainRecords::add_line_ends(std::size_t count) {
-    constexpr std::size_t block = 64;
     constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
     std::vector<std::size_t>& line_ends = array_.line_ends;
     while (count > 0) {
-        const std::size_t added = std::min(count, block);
+        const std::size_t added = std::min(count, added_at_once);
         const auto first = line_ends.insert(line_ends.end(), added, array_.fields.size());
         for (std::size_t i = 0; i < added; i += line) {
             fetch_ahead(&first[static_cast<std::ptrdiff_t>(i)]);
@@ -207,8 +209,13 @@ void PlainRecords::add_line_ends(std::size_t count) {
 }
 
 void PlainRecords::add_empty_fields(const char16_t* begin, const char16_t* end) {
-    for (; begin != end; ++begin) {
-        add_field(begin, begin);
+    while (begin != end) {
+        const std::size_t added = std::min(static_cast<std::size_t>(end - begin), added_at_once);
+        const auto first = array_.fields.insert(array_.fields.end(), added, Field(begin, 0));
+        for (Field& field : std::span(first, added)) {
+            field.data = begin++;
+            fetch_ahead(&field);
+        }
     }
 }
 
