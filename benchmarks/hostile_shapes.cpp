@@ -274,7 +274,7 @@ const bool added = [] {
          Rows{.columns = 2, .width = 3}},
         {"block comments never closed", comment_openers, with_block_comments()},
     };
-    constexpr int runs = 7;
+    constexpr int runs = 30;
     for (const Shape& shape : shapes) {
         benchmark::RegisterBenchmark(shape.name.c_str(), measure_shape, shape)
             ->UseManualTime()

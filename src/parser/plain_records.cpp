@@ -194,7 +194,7 @@ void PlainRecords::take_usual_empty_lines() {
     take_empty_lines(run_end, static_cast<std::size_t>(run_end - start_));
 }
 
-/// There may be millions of them.
+/// Adds so many lines without fields, of which there may be millions.
 void PlainRecords::add_line_ends(std::size_t count) {
     constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
     std::vector<std::size_t>& line_ends = array_.line_ends;
@@ -259,8 +259,8 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
         static_cast<std::size_t>(static_cast<double>(array_.line_ends.size()) * growth) + 1);
 }
 
-/// Makes room for as many lines as are to be expected, where the lines up to `at` have used it up
-/// without as many fields.
+/// Makes room for `count` more lines at least, and for as many as are to be expected, where the
+/// lines up to `at` need more room than their fields have asked for.
 void PlainRecords::make_room_for_lines(const char16_t* at, std::size_t count) {
     const double growth =
         trusted_growth(expected_growth(at, counts_.rows + taken_ + 1), most_growth);

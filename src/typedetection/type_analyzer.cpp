@@ -67,7 +67,8 @@ void TypeAnalyzer<false>::prepare(textio::MutableField& field) const {
     }
     const std::size_t trimmed_size = field.size;
     unquoter_.process(field);
-    if (do_trim_whitespace_ && field.size != trimmed_size) {
+    const bool lost_quotes = field.size != trimmed_size;
+    if (do_trim_whitespace_ && lost_quotes) {
         whitespace_trimmer_.process(field);
     }
     if (do_treat_as_missing_) {
