@@ -29,10 +29,8 @@ public:
     /// The units with which the strings of the set begin.
     [[nodiscard]] const UnitSet& first_units() const noexcept { return first_units_; }
 
-    /// A unit that is a string of the set and begins no other, or, if there is none, a value that
-    /// no unit equals.
+    /// A unit that is a string of the set and begins no other, or `no_unit`.
     [[nodiscard]] char32_t usual_unit() const noexcept {
-        constexpr char32_t no_unit = 0x10000;
         return lone_units_.units().empty() ? no_unit : lone_units_.units().front();
     }
 

@@ -11,6 +11,12 @@ std::u16string closer_of(const CommentScanner& comments) {
     return comments.closer_size == 0 ? std::u16string() : comments.to_closer.ends->strings.front();
 }
 
+/// The one unit that usually ends a line, or nothing.
+std::u16string usual_line_end(const GuardedDelim& line_ends) {
+    const char32_t unit = line_ends.usual_unit();
+    return unit == no_unit ? std::u16string() : std::u16string(1, static_cast<char16_t>(unit));
+}
+
 } // namespace
 
 bool can_have_plain_comments(const CommentScanner& comments) {
@@ -24,25 +30,26 @@ bool can_have_plain_comments(const CommentScanner& comments) {
                {closer_of(comments), line_end_units, std::u16string_view(&end_of_text, 1)});
 }
 
+bool Marker::rest_stands_at(const char16_t* at) const noexcept {
+    return std::equal(units_.begin() + 2, units_.end(), at + 2);
+}
+
 PlainComments::PlainComments(const CommentScanner& comments, const GuardedDelim& line_ends,
                              const char16_t* begin, const char16_t* end)
-    : comments_(comments), line_ends_(line_ends), usual_line_end_(line_ends.usual_unit()),
-      closer_(closer_of(comments)),
-      stops_(line_ends.first_units().units() + closer_.substr(0, 1) + end_of_text),
+    : comments_(comments), line_ends_(line_ends),
+      inner_line_end_(are_blocks() ? line_ends.usual_unit() : no_unit), opener_(comments.opener),
+      closer_(are_blocks() ? closer_of(comments) : usual_line_end(line_ends)),
+      stops_(line_ends.first_units().units() + closer_of(comments).substr(0, 1) + end_of_text),
       walk_(stops_, begin, end), end_(end) {}
 
-const char16_t* PlainComments::pass(const char16_t* line, const char16_t* start,
-                                    std::size_t& lines) noexcept {
-    if (!stands_at(comments_.opener, start)) {
-        return nullptr;
-    }
-    lines = 1;
-    const char16_t* stop = walk_.next(start + comments_.opener_size);
+/// Goes on at `stop`, where the comment that starts at `start` does not usually end.
+const char16_t* PlainComments::pass_on(const char16_t* line, const char16_t* start,
+                                       const char16_t* stop, std::size_t& lines) noexcept {
     while (stop != end_ && *stop != end_of_text) {
-        if (are_blocks() && stands_at(closer_, stop)) {
+        if (closer_.stands_at(stop, end_)) {
             return stop + closer_.size();
         }
-        const std::size_t line_end = line_ending_at(stop);
+        const std::size_t line_end = line_ends_.match_at(Field(rest_from(stop)), 0);
         if (line_end != 0 && !are_blocks()) {
             return stop + line_end;
         }
@@ -55,23 +62,6 @@ const char16_t* PlainComments::pass(const char16_t* line, const char16_t* start,
     const Field text(rest_from(line));
     lines = comments_.count_comment_lines(text, static_cast<std::size_t>(start - line), text.size);
     return end_;
-}
-
-/// Markers are a few units long: a loop over them beats a call.
-bool PlainComments::stands_at(const std::u16string& marker, const char16_t* at) const noexcept {
-    if (*at != marker.front() || static_cast<std::size_t>(end_ - at) < marker.size()) {
-        return false;
-    }
-    for (std::size_t i = 1; i < marker.size(); ++i) {
-        if (at[i] != marker[i]) {
-            return false;
-        }
-    }
-    return true;
-}
-
-std::size_t PlainComments::line_ending_at(const char16_t* at) const noexcept {
-    return *at == usual_line_end_ ? 1 : line_ends_.match_at(Field(rest_from(at)), 0);
 }
 
 } // namespace textio::parser

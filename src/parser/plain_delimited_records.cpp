@@ -85,8 +85,6 @@ public:
     }
 
 private:
-    static constexpr char32_t no_unit = 0x10000;
-
     /// The same for a field whose first stop is a quote or an end of text. Either means something
     /// only where the field begins, behind blanks; anywhere else it is text.
     const char16_t* end_of_odd_field(const char16_t* begin, const char16_t* stop) {

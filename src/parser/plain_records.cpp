@@ -69,6 +69,8 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
       end_(text.data + text.size), start_(text.data) {
     unplain_starts_ = UnitSet(unplain_behind_blanks_.units() + blanks_.set().units() +
                               line_ends_.first_units().units());
+    unusual_rests_ = UnitSet(unplain_rests_.units() + skipped_starts_.units() +
+                             line_ends_.first_units().units());
     if (shape.comments != nullptr && can_have_plain_comments(*shape.comments) &&
         !skipped_starts_.contains(shape.comments->opener.front())) {
         comments_.emplace(*shape.comments, line_ends_, begin_, end_);
@@ -144,16 +146,21 @@ bool PlainRecords::take_comment(const char16_t* at) {
         take_empty_lines(behind + 1, lines);
         return true;
     }
-    return take_comment_line(behind, lines);
-}
-
-/// Takes the rest of the line on which a block comment of `lines` lines ends at `behind`, unless a
-/// record stands there. Gives whether it is plain.
-bool PlainRecords::take_comment_line(const char16_t* behind, std::size_t lines) {
     const char16_t* content = behind;
     if (content != end_ && blanks_.set().contains(*content)) {
-        content = skip_blanks(content + 1); // most often there is one
+        ++content; // most often there is one
     }
+    if (content != end_ && !unusual_rests_.contains(*content)) {
+        start_behind_comment(behind, content, lines);
+        return true;
+    }
+    return take_unusual_rest(behind, skip_blanks(content), lines);
+}
+
+/// Takes the rest of the line on which a block comment of `lines` lines ends at `behind`, with
+/// blanks up to `content`, unless a record starts there. Gives whether it is plain.
+bool PlainRecords::take_unusual_rest(const char16_t* behind, const char16_t* content,
+                                     std::size_t lines) {
     while (content != end_ && skipped_starts_.contains(*content)) {
         ++content;
     }
@@ -165,8 +172,7 @@ bool PlainRecords::take_comment_line(const char16_t* behind, std::size_t lines) 
     if (unplain_rests_.contains(*content)) {
         return false;
     }
-    take_empty_lines(comment_keeps_columns_ ? behind : content, lines - 1);
-    behind_comment_ = start_;
+    start_behind_comment(behind, content, lines);
     return true;
 }
 
@@ -194,10 +200,13 @@ void PlainRecords::take_usual_empty_lines() {
     take_empty_lines(run_end, static_cast<std::size_t>(run_end - start_));
 }
 
-/// Adds so many lines without fields, of which there may be millions.
-void PlainRecords::add_line_ends(std::size_t count) {
+/// Adds so many lines without fields, of which there may be millions, up to `next`.
+void PlainRecords::add_line_ends(const char16_t* next, std::size_t count) {
     constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
     std::vector<std::size_t>& line_ends = array_.line_ends;
+    if (line_ends.capacity() - line_ends.size() < count) {
+        make_room_for_lines(next, count);
+    }
     while (count > 0) {
         const std::size_t added = std::min(count, added_at_once);
         const auto first = line_ends.insert(line_ends.end(), added, array_.fields.size());

@@ -143,25 +143,29 @@ private:
 
     [[nodiscard]] bool at_record_behind_blanks();
     [[nodiscard]] bool take_comment(const char16_t* at);
-    [[nodiscard]] bool take_comment_line(const char16_t* behind, std::size_t lines);
+    [[nodiscard]] bool take_unusual_rest(const char16_t* behind, const char16_t* content,
+                                         std::size_t lines);
     [[nodiscard]] bool take_empty_line(const char16_t* at);
     void take_usual_empty_lines();
 
     void take_empty_lines(const char16_t* next, std::size_t count) {
         std::vector<std::size_t>& line_ends = array_.line_ends;
-        if (line_ends.capacity() - line_ends.size() < count) {
-            make_room_for_lines(next, count);
-        }
-        if (count == 1) {
+        if (count == 1 && line_ends.size() < line_ends.capacity()) {
             line_ends.push_back(array_.fields.size());
         } else {
-            add_line_ends(count);
+            add_line_ends(next, count);
         }
         empty_lines_ += count;
         most_taken_ = std::min(rows_wanted_, lines_wanted_ - empty_lines_);
         start_ = next;
     }
-    void add_line_ends(std::size_t count);
+    /// Starts a record on the line on which a block comment of `lines` lines ends at `behind`, with
+    /// blanks and what else is passed up to `content`.
+    void start_behind_comment(const char16_t* behind, const char16_t* content, std::size_t lines) {
+        take_empty_lines(comment_keeps_columns_ ? behind : content, lines - 1);
+        behind_comment_ = start_;
+    }
+    void add_line_ends(const char16_t* next, std::size_t count);
     [[nodiscard]] double expected_growth(const char16_t* at, std::size_t rows) const noexcept;
     void make_room(const char16_t* at, std::size_t rows);
     void make_room_for_lines(const char16_t* at, std::size_t count);
@@ -172,6 +176,7 @@ private:
     UnitSet unplain_starts_;        ///< what a record may start with and not be plain
     UnitSet unplain_behind_blanks_; ///< the same without the blanks and what begins a line ending
     UnitSet unplain_rests_;         ///< what the rest of a line may start with and not be plain
+    UnitSet unusual_rests_;         ///< the same and what no content starts with
     UnitSet skipped_starts_;        ///< what is passed between a comment and the rest of its line
     const bool keeps_empty_lines_;
     const bool blank_lines_are_empty_;

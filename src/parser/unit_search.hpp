@@ -17,6 +17,9 @@
 
 namespace textio::parser {
 
+/// A value that no code unit equals.
+inline constexpr char32_t no_unit = 0x10000;
+
 /// A set of code units.
 class UnitSet {
 public:

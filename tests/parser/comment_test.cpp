@@ -33,6 +33,7 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
         {"three lines, then text", block, u"/*\n\n*/1\n", {}, "//[1]/ 8 3 1", "//[1]/ 8 3 1", "//[1]/ 8 3 1"},
         {"a second on the line is text", block, u"/**//*y*/\n", {}, "[/*y*/]/ 10 1 1", "[/*y*/]/ 10 1 1", "[/*][y*/]/ 10 1 1"},
         {"with an end of text", block, u"/*x\uFFFF\n*/1\n", {}, "/[1]/ 9 2 1", "/[1]/ 9 2 1", "/[1]/ 9 2 1"},
+        {"long ends", {u"<!--", u"-->"}, u"<!--\n--y-->1\n<!", {}, "/[1]/[<!]/ 15 3 2", "/[1]/[<!]/ 15 3 2", "/[1]/[<!]/ 15 3 2"},
         {"never closed", block, u"1\n/*x\ny", {}, "[1]// 7 2 1", "[1]// 7 2 1", "[1]// 7 2 1"},
         {"block opener alone", block, u"/*", {}, " 2 0 0", " 2 0 0", " 2 0 0"},
         {"closed at the end", block, u"/*x*/", {}, "/ 5 1 0", "/ 5 1 0", "/ 5 1 0"},
