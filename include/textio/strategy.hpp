@@ -131,7 +131,8 @@ protected:
     enums::StrategyMode mode_;           ///< the layout
 
 private:
-    TEXTIO_NO_EXPORT void measure_regular_lines(std::size_t lines, std::size_t fields);
+    TEXTIO_NO_EXPORT void measure_regular_lines(std::size_t fields);
+    TEXTIO_NO_EXPORT void settle_lines(std::size_t lines, std::size_t h_min);
     TEXTIO_NO_EXPORT void measure_counts(const std::vector<std::size_t>& counts);
     TEXTIO_NO_EXPORT void measure_table(const std::vector<std::size_t>& counts, std::size_t h_min);
 };

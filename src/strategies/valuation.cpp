@@ -32,19 +32,49 @@ std::vector<std::size_t> fields_per_line(const std::vector<std::size_t>& line_en
     return counts;
 }
 
-/// Whether there are lines, and each has as many fields as the first. The last end rules most
-/// others out; all ends are looked at then, for that can be done with several at once.
-bool are_alike(const std::vector<std::size_t>& line_ends) {
-    if (line_ends.empty() || line_ends.back() != line_ends.front() * line_ends.size()) {
-        return false;
-    }
+/// Whether each line has `fields` fields. All ends are looked at, for that can be done with several
+/// at once.
+bool are_alike(const std::vector<std::size_t>& line_ends, std::size_t fields) {
     std::size_t expected = 0;
     std::size_t differences = 0;
     for (const std::size_t end : line_ends) {
-        expected += line_ends.front();
+        expected += fields;
         differences |= end ^ expected;
     }
     return differences == 0;
+}
+
+/// Whether each line has `fields` fields or none.
+bool are_alike_or_empty(const std::vector<std::size_t>& line_ends, std::size_t fields) {
+    std::size_t before = 0;
+    for (const std::size_t end : line_ends) {
+        if (end != before && end - before != fields) {
+            return false;
+        }
+        before = end;
+    }
+    return true;
+}
+
+/// How many fields each line with fields has, if all have as many; 0 if they differ, or if there
+/// are none. The last end rules most lines that differ out.
+std::size_t common_fields(const std::vector<std::size_t>& line_ends) {
+    const auto first_filled = std::ranges::upper_bound(line_ends, std::size_t{0});
+    if (first_filled == line_ends.end() || line_ends.back() % *first_filled != 0) {
+        return 0;
+    }
+    const std::size_t fields = *first_filled;
+    const bool all_filled = line_ends.back() / fields == line_ends.size();
+    return (all_filled ? are_alike : are_alike_or_empty)(line_ends, fields) ? fields : 0;
+}
+
+/// How many lines of one field stand before the first without any.
+std::size_t lines_before_empty_one(const std::vector<std::size_t>& line_ends) {
+    std::size_t lines = 0;
+    while (lines < line_ends.size() && line_ends[lines] == lines + 1) {
+        ++lines;
+    }
+    return lines;
 }
 
 std::vector<std::size_t> lines_without_fields(const std::vector<std::size_t>& counts) {
@@ -101,8 +131,10 @@ const StrategyValuation& GenericStrategy::measure_lines() {
     if (!lines_measured_) {
         drop_trailing_empty_lines(fields_->line_ends);
         valuation_record_.num_lines = fields_->line_count();
-        if (are_alike(fields_->line_ends)) {
-            measure_regular_lines(fields_->line_count(), fields_->line_ends.front());
+        const std::size_t fields = common_fields(fields_->line_ends);
+        const bool header_is_guessed = auto_header_lines_ && header_lines_value_ != SIZE_MAX;
+        if (fields != 0 && !header_is_guessed) {
+            measure_regular_lines(fields);
         } else {
             measure_counts(fields_per_line(fields_->line_ends));
         }
@@ -111,35 +143,47 @@ const StrategyValuation& GenericStrategy::measure_lines() {
     return valuation_record_;
 }
 
-/// What `measure_counts` finds for one or more lines of `fields` fields each, without a look at
-/// each.
-void GenericStrategy::measure_regular_lines(std::size_t lines, std::size_t fields) {
+/// What `measure_counts` finds for lines of which each has `fields` fields or none, and the last
+/// has some, without a look at each. No header was guessed before.
+void GenericStrategy::measure_regular_lines(std::size_t fields) {
+    const std::vector<std::size_t>& line_ends = fields_->line_ends;
     StrategyValuation& record = valuation_record_;
     record.median_fields = static_cast<std::int32_t>(fields);
-    has_data_lines_ = fields > 1 || !auto_header_lines_;
+    const bool has_single_fields = auto_header_lines_ && fields == 1;
+    settle_lines(line_ends.size(), has_single_fields ? lines_before_empty_one(line_ends) : 0);
     if (record.median_fields < 2) {
-        header_lines_value_ = auto_header_lines_ ? 0 : header_lines_value_;
         return;
     }
-    const bool is_all_header = header_lines_value_ == lines;
-    if (header_lines_value_ == SIZE_MAX || (is_all_header && auto_header_lines_)) {
+    if (auto_header_lines_) {
+        const auto first_filled = std::ranges::upper_bound(line_ends, std::size_t{0});
+        header_lines_value_ = static_cast<std::size_t>(first_filled - line_ends.begin());
+    } else if (header_lines_value_ == SIZE_MAX) {
         header_lines_value_ = 0;
     }
+    const std::size_t filled_lines = line_ends.back() / fields;
+    const bool is_all_header = !auto_header_lines_ && header_lines_value_ == filled_lines;
     record.overall_variation = 0;
-    record.data_variation = header_lines_value_ == lines ? undefined_variation : 0;
+    record.data_variation = is_all_header ? undefined_variation : 0;
     record.num_variables =
-        header_lines_value_ < lines ? static_cast<std::size_t>(record.median_fields) : 1;
+        header_lines_value_ < line_ends.size() ? static_cast<std::size_t>(record.median_fields) : 1;
 }
 
 void GenericStrategy::measure_counts(const std::vector<std::size_t>& counts) {
     const std::size_t h_min = auto_header_lines_ ? detection::get_h_min(counts) : 0;
-    has_data_lines_ = !counts.empty(); // if each had one field, they would be alike
     valuation_record_.median_fields =
         static_cast<std::int32_t>(detection::get_modified_median(counts, h_min));
+    settle_lines(counts.size(), h_min);
     if (valuation_record_.median_fields >= 2) {
         measure_table(counts, h_min);
-    } else if (auto_header_lines_) {
-        header_lines_value_ = h_min;
+    }
+}
+
+/// Settles whether there are data lines and, for lines of one field, how many of these are the
+/// header.
+void GenericStrategy::settle_lines(std::size_t lines, std::size_t h_min) {
+    has_data_lines_ = h_min < lines;
+    if (auto_header_lines_ && valuation_record_.median_fields < 2) {
+        header_lines_value_ = has_data_lines_ ? h_min : 0;
     }
 }
 
