@@ -42,7 +42,7 @@ PlainComments::PlainComments(const CommentScanner& comments, const GuardedDelim&
       stops_(line_ends.first_units().units() + closer_of(comments).substr(0, 1) + end_of_text),
       walk_(stops_, begin, end), end_(end) {}
 
-/// Goes on at `stop`, where the comment that starts at `start` does not usually end.
+/// The rest of `pass`, from `stop` on, where no usual end of the comment stands.
 const char16_t* PlainComments::pass_on(const char16_t* line, const char16_t* start,
                                        const char16_t* stop, std::size_t& lines) noexcept {
     while (stop != end_ && *stop != end_of_text) {

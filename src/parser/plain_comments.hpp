@@ -73,7 +73,7 @@ private:
     const GuardedDelim& line_ends_;
     const char32_t inner_line_end_; ///< the usual line ending, if comments go on behind it
     const Marker opener_;
-    const Marker closer_;    ///< what comments usually end with: that, if they do not
+    const Marker closer_;    ///< what closes a block, or usually ends the line of any other comment
     const UnitSearch stops_; ///< finds all that may end a comment or a line
     SearchWalk walk_;
     const char16_t* const end_;
