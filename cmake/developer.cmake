@@ -21,6 +21,7 @@ function(textio_test_program target)
   gtest_discover_tests(${target} PROPERTIES ENVIRONMENT "TEST_TMPDIR=${CMAKE_CURRENT_BINARY_DIR}/")
 endfunction()
 
+option(TEXTIO_EXAMPLES "Build the examples, which want ICU and more" ON)
 option(TEXTIO_FUZZ "Build the fuzz targets; wants clang and the flags of the preset fuzz" OFF)
 if(TEXTIO_FUZZ)
   add_subdirectory(fuzz)
@@ -28,7 +29,9 @@ endif()
 
 include(CTest)
 # The examples come first, because the tests run them.
-add_subdirectory(examples)
+if(TEXTIO_EXAMPLES)
+  add_subdirectory(examples)
+endif()
 if(BUILD_TESTING)
   add_subdirectory(tests)
 endif()

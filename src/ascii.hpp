@@ -29,7 +29,8 @@ constexpr char16_t to_upper(char16_t unit) {
 }
 
 constexpr bool equals_ignoring_case(std::u16string_view left, std::u16string_view right) {
-    return std::ranges::equal(left, right, {}, to_upper, to_upper);
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                      [](char16_t a, char16_t b) { return to_upper(a) == to_upper(b); });
 }
 
 /// The position of the first unit at or after `position` that is no digit.

@@ -1,5 +1,6 @@
 #include "detection/blank_columns.hpp"
 
+#include "address.hpp"
 #include "detection/line_sample.hpp"
 
 #include <algorithm>
@@ -24,10 +25,9 @@ std::uint64_t lowest_bits(std::size_t count) {
 
 BlankColumns::BlankColumns(std::size_t positions, const Field& whole)
     : others_(std::u16string_view(&blank, 1), parser::UnitSearch::Wanted::outside),
-      first_block_(std::bit_cast<std::uintptr_t>(whole.data)),
-      last_block_(whole.size < word_positions
-                      ? 0
-                      : std::bit_cast<std::uintptr_t>(whole.data + whole.size - word_positions)),
+      first_block_(address_of(whole.data)),
+      last_block_(
+          whole.size < word_positions ? 0 : address_of(whole.data + whole.size - word_positions)),
       blank_(words_for(positions), ~std::uint64_t{0}), positions_(positions) {}
 
 void BlankColumns::add_line(const Field& text, std::size_t length) {
@@ -47,7 +47,7 @@ void BlankColumns::add_line(const Field& text, std::size_t length) {
 /// One bit for each of the `count` units, set where it is not blank. The end of a line is the start
 /// of the next, so most often a whole block can be looked at, which is quicker.
 std::uint64_t BlankColumns::others_among(const char16_t* units, std::size_t count) const noexcept {
-    const auto address = std::bit_cast<std::uintptr_t>(units);
+    const auto address = address_of(units);
     const bool is_within = first_block_ <= address && address <= last_block_;
     return is_within ? others_.mask(units, units + word_positions) & lowest_bits(count)
                      : others_.mask(units, units + count);

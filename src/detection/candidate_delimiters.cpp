@@ -1,8 +1,8 @@
+#include "address.hpp"
 #include "detection/punctuation_search.hpp"
 #include "textio/candidates.hpp"
 
 #include <algorithm>
-#include <bit>
 #include <cstdint>
 #include <string_view>
 
@@ -52,7 +52,7 @@ Lines find_entry(const std::vector<Field>& lines, std::size_t entries, std::size
     if (entries == lines.size()) {
         return lines.begin() + static_cast<std::ptrdiff_t>(number);
     }
-    auto line = std::ranges::find_if(lines, is_filled);
+    auto line = std::find_if(lines.begin(), lines.end(), is_filled);
     for (; number > 0; --number) {
         line = std::find_if(line + 1, lines.end(), is_filled);
     }
@@ -62,8 +62,8 @@ Lines find_entry(const std::vector<Field>& lines, std::size_t entries, std::size
 /// Whether nothing but a usual line ending, or nothing at all, stands between two lines.
 bool stand_together(const Field& line, const Field& next) {
     constexpr std::uintptr_t longest_gap = 2 * sizeof(char16_t);
-    const auto end = std::bit_cast<std::uintptr_t>(end_of(line));
-    const auto begin = std::bit_cast<std::uintptr_t>(next.data);
+    const auto end = address_of(end_of(line));
+    const auto begin = address_of(next.data);
     return begin >= end && begin - end <= longest_gap &&
            std::all_of(end_of(line), next.data,
                        [](char16_t unit) { return unit == u'\n' || unit == u'\r'; });
@@ -105,7 +105,8 @@ void add_delims_from_line(const Field& line, std::u16string& delims) {
 }
 
 std::u16string get_candidate_delims(const FieldArray& lines) {
-    const auto entries = static_cast<std::size_t>(std::ranges::count_if(lines.fields, is_filled));
+    const auto entries = static_cast<std::size_t>(
+        std::count_if(lines.fields.begin(), lines.fields.end(), is_filled));
     const auto [first, last] = telling_entries(entries);
     std::u16string delims;
     PunctuationSearch search(delims);

@@ -11,7 +11,7 @@ namespace {
 
 bool can_have_plain_records(const FixedWidthRecordReader& reader) {
     return reader.options->partial_field_rule == partial_field::keep && !reader.widths.empty() &&
-           std::ranges::find(reader.widths, 0U) == reader.widths.end() &&
+           std::count(reader.widths.begin(), reader.widths.end(), 0U) == 0 &&
            are_disjoint({reader.blank_units.set().units(), reader.stop_units,
                          std::u16string_view(&end_of_text, 1)});
 }

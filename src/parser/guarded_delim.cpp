@@ -11,9 +11,10 @@ namespace {
 std::u16string units_that_match_alone(const Delim& delim) {
     std::u16string units;
     for (const char16_t unit : delim.first_units) {
-        const bool is_alone = std::ranges::none_of(delim.strings, [unit](const auto& string) {
-            return string.size() > 1 && string.front() == unit;
-        });
+        const bool is_alone =
+            std::none_of(delim.strings.begin(), delim.strings.end(), [unit](const auto& string) {
+                return string.size() > 1 && string.front() == unit;
+            });
         if (is_alone && unit != end_of_text) {
             units.push_back(unit);
         }

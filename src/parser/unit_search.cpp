@@ -142,8 +142,9 @@ void UnitSearch::choose_mask() noexcept {
         &byte_mask<1>, &byte_mask<2>, &byte_mask<3>, &byte_mask<4>,
         &byte_mask<5>, &byte_mask<6>, &byte_mask<7>, &byte_mask<8>};
     const std::u16string& units = set_.units();
-    const bool fit_in_bytes = std::ranges::all_of(
-        units, [](char16_t unit) { return unit < 0x7F || unit == end_of_text; });
+    const bool fit_in_bytes = std::all_of(units.begin(), units.end(), [](char16_t unit) {
+        return unit < 0x7F || unit == end_of_text;
+    });
     mask_of_block_ = fit_in_bytes ? byte_masks[units.size() - 1] : &unit_mask;
     for (std::size_t i = 0; i < units.size(); ++i) {
         const __m128i copies = fit_in_bytes ? _mm_set1_epi8(static_cast<char>(units[i]))

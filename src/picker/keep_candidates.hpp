@@ -29,14 +29,20 @@ template <typename Predicate>
     return kept;
 }
 
+/// Compares two candidates by their `figure`.
+template <typename Figure>
+[[nodiscard]] auto by(const std::vector<StrategyValuation>& values, Figure figure) {
+    return [&values, figure](std::size_t left, std::size_t right) {
+        return std::invoke(figure, values[left]) < std::invoke(figure, values[right]);
+    };
+}
+
 /// The candidate with the lowest `figure`, the first of equals. There must be a candidate.
 template <typename Figure>
 [[nodiscard]] std::size_t first_lowest(const std::vector<std::size_t>& candidates,
                                        const std::vector<StrategyValuation>& values,
                                        Figure figure) {
-    return *std::ranges::min_element(candidates, {}, [&](std::size_t candidate) {
-        return std::invoke(figure, values[candidate]);
-    });
+    return *std::min_element(candidates.begin(), candidates.end(), by(values, figure));
 }
 
 /// The candidates that share the highest `figure`, in their given order.
@@ -47,9 +53,8 @@ template <typename Figure>
     if (candidates.empty()) {
         return {};
     }
-    const std::size_t best = *std::ranges::max_element(candidates, {}, [&](std::size_t candidate) {
-        return std::invoke(figure, values[candidate]);
-    });
+    const std::size_t best =
+        *std::max_element(candidates.begin(), candidates.end(), by(values, figure));
     const auto highest = std::invoke(figure, values[best]);
     return keep_if(candidates, values, [&](const StrategyValuation& valuation) {
         return std::invoke(figure, valuation) == highest;

@@ -10,11 +10,13 @@ std::vector<std::u16string> distinct_longest_first(const std::vector<std::u16str
     std::vector<std::u16string> kept;
     kept.reserve(strings.size());
     for (const std::u16string& string : strings) {
-        if (!string.empty() && std::ranges::find(kept, string) == kept.end()) {
+        if (!string.empty() && std::find(kept.begin(), kept.end(), string) == kept.end()) {
             kept.push_back(string);
         }
     }
-    std::ranges::stable_sort(kept, std::ranges::greater{}, &std::u16string::size);
+    std::stable_sort(kept.begin(), kept.end(), [](const auto& left, const auto& right) {
+        return left.size() > right.size();
+    });
     return kept;
 }
 
@@ -24,7 +26,7 @@ std::u16string first_units_of(const std::vector<std::u16string>& strings) {
     for (const std::u16string& string : strings) {
         units.push_back(string.front());
     }
-    std::ranges::sort(units);
+    std::sort(units.begin(), units.end());
     units.erase(std::unique(units.begin(), units.end()), units.end());
     return units;
 }
@@ -33,7 +35,7 @@ std::u16string first_units_of(const std::vector<std::u16string>& strings) {
 
 std::size_t Delim::match_any(const Field& text, std::size_t position,
                              char16_t unit) const noexcept {
-    if (std::ranges::find(first_units, unit) == first_units.end()) {
+    if (std::find(first_units.begin(), first_units.end(), unit) == first_units.end()) {
         return 0;
     }
     const std::u16string_view rest =

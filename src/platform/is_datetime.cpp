@@ -248,8 +248,8 @@ bool ShapeReader::take_one_of(std::string_view units, Reading& reading) const {
     }
     const char16_t unit = ascii::to_upper(text_[reading.position]);
     ++reading.position;
-    return std::ranges::any_of(
-        units, [unit](char candidate) { return static_cast<char16_t>(candidate) == unit; });
+    return std::any_of(units.begin(), units.end(),
+                       [unit](char candidate) { return static_cast<char16_t>(candidate) == unit; });
 }
 
 bool ShapeReader::take_month(Reading& reading) const {
@@ -290,10 +290,11 @@ bool is_possible(const Reading& reading) {
 bool is_datetime(const textio::Field& text, const std::u16string& /*context*/) {
     const ShapeReader reader(text.view());
     const Reading start = reader.after_weekday();
-    return std::ranges::any_of(date_shapes::dates, [&](std::string_view shape) {
-        const std::optional<Reading> reading = reader.read(shape, start);
-        return reading && reading->position == text.size && is_possible(*reading);
-    });
+    return std::any_of(
+        date_shapes::dates.begin(), date_shapes::dates.end(), [&](std::string_view shape) {
+            const std::optional<Reading> reading = reader.read(shape, start);
+            return reading && reading->position == text.size && is_possible(*reading);
+        });
 }
 
 } // namespace zentor::io::text::typeconversion

@@ -17,7 +17,7 @@ TextStream::~TextStream() = default;
 
 void TextStream::resizeInternalBuffer(std::size_t units) const {
     if (units > capacity_) {
-        auto grown = std::make_unique_for_overwrite<char16_t[]>(units);
+        std::unique_ptr<char16_t[]> grown(new char16_t[units]);
         std::copy(buffer_begin, data_end, grown.get());
         position = grown.get() + (position - buffer_begin);
         buffer_ = std::move(grown);

@@ -20,7 +20,7 @@ constexpr double most_data_variation = 1.0;
 /// fields, and it is found without a look at millions of empty lines.
 void drop_trailing_empty_lines(std::vector<std::size_t>& line_ends) {
     const std::size_t fields = line_ends.empty() ? 0 : line_ends.back();
-    const auto last_filled = std::ranges::lower_bound(line_ends, fields);
+    const auto last_filled = std::lower_bound(line_ends.begin(), line_ends.end(), fields);
     line_ends.erase(fields == 0 ? line_ends.begin() : last_filled + 1, line_ends.end());
 }
 
@@ -59,7 +59,7 @@ bool are_alike_or_empty(const std::vector<std::size_t>& line_ends, std::size_t f
 /// How many fields each line with fields has, if all have as many; 0 if they differ, or if there
 /// are none. The last end rules most lines that differ out.
 std::size_t common_fields(const std::vector<std::size_t>& line_ends) {
-    const auto first_filled = std::ranges::upper_bound(line_ends, std::size_t{0});
+    const auto first_filled = std::upper_bound(line_ends.begin(), line_ends.end(), std::size_t{0});
     if (first_filled == line_ends.end() || line_ends.back() % *first_filled != 0) {
         return 0;
     }
@@ -155,7 +155,8 @@ void GenericStrategy::measure_regular_lines(std::size_t fields) {
         return;
     }
     if (auto_header_lines_) {
-        const auto first_filled = std::ranges::upper_bound(line_ends, std::size_t{0});
+        const auto first_filled =
+            std::upper_bound(line_ends.begin(), line_ends.end(), std::size_t{0});
         header_lines_value_ = static_cast<std::size_t>(first_filled - line_ends.begin());
     } else if (header_lines_value_ == SIZE_MAX) {
         header_lines_value_ = 0;

@@ -46,8 +46,11 @@ bool spells_number_at(std::u16string_view text, std::size_t position) {
 
 template <class IsDigit>
 bool is_prefix_and_digits(std::u16string_view text, std::u16string_view prefix, IsDigit is_digit) {
-    return ascii::equals_ignoring_case(text.substr(0, prefix.size()), prefix) &&
-           std::ranges::all_of(text.substr(prefix.size()), is_digit);
+    if (!ascii::equals_ignoring_case(text.substr(0, prefix.size()), prefix)) {
+        return false;
+    }
+    const std::u16string_view digits = text.substr(prefix.size());
+    return std::all_of(digits.begin(), digits.end(), is_digit);
 }
 
 } // namespace

@@ -68,9 +68,10 @@ void replace_characters::process(MutableField& field) const {
     if (first == std::u16string_view::npos) {
         return;
     }
-    std::ranges::replace_if(
-        writable_units_from(field, first),
-        [this](char16_t unit) { return contains(replaced, unit); }, replacement);
+    const std::span<char16_t> units = writable_units_from(field, first);
+    std::replace_if(
+        units.begin(), units.end(), [this](char16_t unit) { return contains(replaced, unit); },
+        replacement);
 }
 
 void remove_characters::process(MutableField& field) const {

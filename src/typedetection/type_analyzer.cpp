@@ -21,7 +21,7 @@ std::u16string_view without_sign(std::u16string_view text) {
 }
 
 bool has_digit(std::u16string_view text) {
-    return std::ranges::any_of(text, ascii::is_digit);
+    return std::any_of(text.begin(), text.end(), ascii::is_digit);
 }
 
 bool is_lone_delimiter(std::u16string_view text) {

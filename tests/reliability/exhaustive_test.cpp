@@ -41,7 +41,7 @@ bool shows_whole_text(const GenericStrategy& strategy, std::u16string_view text)
             }
             const std::u16string_view gap = text.substr(position, start - position);
             const bool starts_line = &field == fields.data();
-            if (starts_line ? !is_blank(gap) || std::ranges::count(gap, u'\n') != lines_passed
+            if (starts_line ? !is_blank(gap) || std::count(gap.begin(), gap.end(), u'\n') != lines_passed
                             : !separates_fields(strategy, gap)) {
                 return false;
             }

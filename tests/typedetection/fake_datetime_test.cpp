@@ -16,7 +16,8 @@ bool zentor::io::text::typeconversion::is_datetime(const textio::Field& text, co
     if (context == u"throws" || (context == u"throws first" && asked.size() == 1)) {
         throw 0;
     }
-    return context == u"accepts all" || (context != u"accepts none" && std::ranges::find(known, text.view()) != known.end());
+    return context == u"accepts all" ||
+           (context != u"accepts none" && std::find(known.begin(), known.end(), text.view()) != known.end());
 }
 
 namespace zentor::io::text::typedetection {
