@@ -8,7 +8,7 @@ endif()
 target_compile_options(text_format_detection PRIVATE ${developer_warnings})
 
 function(textio_developer_target target)
-  target_compile_options(${target} PRIVATE ${developer_warnings})
+  target_compile_options(${target} PRIVATE ${developer_warnings} ${textio_arithmetic})
   target_link_libraries(${target} PRIVATE text_format_detection::text_format_detection)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()

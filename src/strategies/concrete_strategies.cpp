@@ -13,6 +13,7 @@ namespace {
 
 /// Behind the single delimiters that are common, and still below the limit of what is common.
 constexpr double space_aligned_rank = 3.5;
+constexpr double uncommon_rank = 0x1p64; ///< of any delimiter that is not among the common ones
 
 const std::vector<std::u16string>& blank_and_tab() {
     static const std::vector<std::u16string> strings{u" ", u"\t"};
@@ -67,7 +68,9 @@ DelimitedStrategy::DelimitedStrategy(const parser::options& options,
     : GenericStrategy(options, type_options, StrategyMode::delimited) {
     if (delimiters.size() == 1 && delimiters.front().size() == 1) {
         const char16_t delimiter = delimiters.front().front();
-        valuation_record_.prior_rank = static_cast<double>(common_delimiters.find(delimiter));
+        const std::size_t place = common_delimiters.find(delimiter);
+        valuation_record_.prior_rank =
+            place < common_delimiters.size() ? static_cast<double>(place) : uncommon_rank;
         space_separated_ = delimiter == u' ';
     }
     separate_instead_of_error(options_.consecutive_delimiters_rule);

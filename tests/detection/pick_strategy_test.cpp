@@ -40,6 +40,7 @@ TEST(PickStrategy, EachLayout) {
         {"aligned", u"1  2   3\n10 20 30\n 4   5 6\n", "aligned, header 0, 3 variables"},
         {"columns", padded, "widths 6 4, header 0, 2 variables"},
         {"colons lose against dates", u"a:1,2020-01-02\nb:2,2020-01-03\nc:3,2020-01-04\n", "by ',', header 0, 2 variables"},
+        {"equal shares of columns with a class", u",x,,;NA;\n,x,,;NA;\n", "by ';', header 0, 3 variables"},
         {"comments", u"# a,b,c,d\n1;2\n# x\n3;4\n5;6\n", "by ';', header 1, 2 variables"},
     });
 }

@@ -156,8 +156,10 @@ TEST(Valuation, HappensOnce) {
     EXPECT_EQ(strategy.valuation().num_lines, 3U);
     EXPECT_EQ(strategy.valuation().numeric_variables, 2U);
     strategy.header_lines(1);
-    constexpr std::size_t huge = std::size_t{1} << 53U;
-    EXPECT_EQ(strategy.get_data_variation({0, huge, 1, 1}), 0x1p53 / 3) << "added up one by one";
+    constexpr std::uint64_t huge = std::uint64_t{1} << 53U;
+    if (huge <= SIZE_MAX) {
+        EXPECT_EQ(strategy.get_data_variation({0, static_cast<std::size_t>(huge), 1, 1}), 0x1p53 / 3) << "added up one by one";
+    }
     strategy.field_array(std::make_unique<FieldArray>());
     EXPECT_EQ(strategy.valuation().num_lines, 3U);
     EXPECT_EQ(strategy.field_array()->line_count(), 0U);
