@@ -220,7 +220,7 @@ void PlainRecords::add_line_ends(const char16_t* next, std::size_t count) {
 void PlainRecords::add_empty_fields(const char16_t* begin, const char16_t* end) {
     while (begin != end) {
         const std::size_t added = std::min(static_cast<std::size_t>(end - begin), added_at_once);
-        const auto first = array_.fields.insert(array_.fields.end(), added, Field(begin, 0));
+        Field* const first = &*array_.fields.insert(array_.fields.end(), added, Field(begin, 0));
         for (Field& field : std::span(first, added)) {
             field.data = begin++;
             fetch_ahead(&field);

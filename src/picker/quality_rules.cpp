@@ -9,7 +9,8 @@ namespace textio::detection::picker_rules {
 namespace {
 
 /// How far above `best` a variation may lie and still count as good. The more lines were read, the
-/// likelier is an odd one among them, so a long sample is given more room.
+/// likelier is an odd one among them, so a long sample is given more room. The last bit of the
+/// logarithm is the one figure that can differ between standard libraries.
 double variation_margin(const StrategyValuation& best) {
     constexpr double margin_per_doubling_of_lines = 0.001;
     constexpr double share_of_best = 0.1;
