@@ -1,0 +1,380 @@
+#include "advice/advisor.hpp"
+
+#include "advice/comments.hpp"
+#include "advice/lines.hpp"
+#include "advice/one_length.hpp"
+#include "advice/proposing.hpp"
+#include "advice/weights.hpp"
+#include "parser/read_sample.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace textio::advice {
+
+using enums::StrategyMode;
+using zentor::io::text::typedetection::TypeAnalyzerOptions;
+
+namespace {
+
+/// Columns at positions hold no tabs; so many lines with some are too many.
+constexpr double some_tabs = 0.1;
+
+constexpr char16_t usual_quote = u'"';
+
+/// The score that a reading is compared with where no other shows a table at all.
+constexpr double no_rival = 0.05;
+
+/// A rival below this share of the best score is not proposed, unless it is the only one.
+constexpr double least_share_of_best = 1.0 / 3;
+
+/// Whether a reading shows that its quotes may be none: it is not regular, or cells hold half a
+/// pair.
+bool has_odd_quotes(const Reading& reading) {
+    return reading.run.consistency() < 1 || reading.figures.broken != 0;
+}
+
+parser::options options_of(const Settings& settings) {
+    parser::options options = settings.options;
+    options.delimiters.clear();
+    options.field_widths.clear();
+    options.excluded_delimiter.clear();
+    options.header_lines = SIZE_MAX;
+    options.detect_header_lines = true;
+    options.layout_hint = parser::layout::open;
+    options.comment_style = settings.comment_style.value_or(std::vector<std::u16string>());
+    options.quote = settings.quote.value_or(usual_quote);
+    options.empty_line_rule = parser::empty_line::keep;
+    options.leading_delimiters_rule = parser::leading_delimiters::keep;
+    options.trailing_delimiters_rule = parser::trailing_delimiters::keep;
+    options.consecutive_delimiters_rule = parser::consecutive_delimiters::separate;
+    options.partial_field_rule = parser::partial_field::keep;
+    return options;
+}
+
+/// Whether two readings are the same to a person: only the better one is proposed.
+bool are_alike(const Reading& one, const Reading& other) {
+    return one.mode == other.mode && one.delimiter == other.delimiter &&
+           one.columns == other.columns;
+}
+
+/// Columns of given widths, which all lines keep.
+Positions positions_of_widths(const std::vector<std::size_t>& widths, const FieldArray& lines) {
+    Positions positions;
+    std::size_t start = 0;
+    for (const std::size_t width : widths) {
+        positions.starts.push_back(start);
+        start = start < SIZE_MAX - width ? start + width : SIZE_MAX;
+    }
+    if (positions.starts.empty()) {
+        positions.starts.push_back(0);
+    }
+    positions.last_line = lines.line_count() - 1;
+    positions.kept = lines.fields.size();
+    positions.rows = positions.kept;
+    positions.all = positions.kept;
+    positions.alignment = 1;
+    positions.has_ruler = true;
+    positions.has_padding = true;
+    return positions;
+}
+
+TypeAnalyzerOptions type_options_of(const Settings& settings) {
+    TypeAnalyzerOptions options = settings.type_options;
+    options.decimal_separator = settings.decimal_mark.value_or(options.decimal_separator);
+    options.thousands_separator =
+        settings.thousands_separator.value_or(options.thousands_separator);
+    return options;
+}
+
+} // namespace
+
+Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
+    : text_(text), sample_lines_(sample_lines), settings_(settings), options_(options_of(settings)),
+      type_options_(type_options_of(settings)), analyzer_(type_options_) {}
+
+Advice Advisor::run() {
+    read_lines();
+    if (!survey_.lines.empty()) {
+        read_separators();
+        if (!has_delimited_table()) {
+            read_blanks();
+            find_columns_at_positions();
+        }
+    }
+    add_line_reading();
+    weigh_against_context(readings_, context());
+    std::stable_sort(
+        readings_.begin(), readings_.end(),
+        [](const Reading& left, const Reading& right) { return left.score > right.score; });
+    return propose();
+}
+
+/// Reads the text line by line, with and, where it has some, without its comments.
+void Advisor::read_lines() {
+    parser::options raw = options_;
+    raw.comment_style.clear();
+    raw_lines_ = std::make_shared<LineReaderStrategy>(raw, type_options_);
+    read(raw_lines_);
+    if (!settings_.comment_style) {
+        const auto opener =
+            choose_comment_opener(*raw_lines_->field_array(), settings_.comment_openers);
+        if (!opener.empty()) {
+            options_.comment_style.emplace_back(opener);
+        }
+    }
+    lines_ = raw_lines_;
+    if (!options_.comment_style.empty()) {
+        lines_ = std::make_shared<LineReaderStrategy>(options_, type_options_);
+        read(lines_);
+    }
+    survey_ = survey_lines(*lines_->field_array());
+}
+
+void Advisor::read_separators() {
+    if (settings_.delimiter) {
+        read_under_quotes(named_separator(survey_, *settings_.delimiter));
+        return;
+    }
+    if (!may_be(StrategyMode::delimited)) {
+        return;
+    }
+    for (const Separator& separator : suggested_separators(survey_)) {
+        read_separator(separator);
+    }
+    for (const std::u16string& delimiter : settings_.delimiters) {
+        if (!delimiter.empty() && survey_.holds(delimiter.front())) {
+            read_under_quotes(named_separator(survey_, delimiter));
+        }
+    }
+}
+
+/// A sign that is frequent in ordinary text is not read once a better one has made a table.
+void Advisor::read_separator(const Separator& separator) {
+    if (can_still_win(separator.prior)) {
+        read_under_quotes(separator);
+    }
+}
+
+void Advisor::read_under_quotes(const Separator& separator) {
+    if (settings_.quote) {
+        add_delimited(separator, *settings_.quote);
+        return;
+    }
+    add_delimited(separator, usual_quote);
+    if (survey_.holds(usual_quote) && !readings_.empty() && has_odd_quotes(readings_.back())) {
+        add_delimited(separator, 0);
+    }
+    for (const char16_t quote : settings_.quotes) {
+        if (frames_fields(survey_, quote, separator.text)) {
+            add_delimited(separator, quote);
+        }
+    }
+}
+
+void Advisor::read_blanks() {
+    const double prior = survey_.holds(u'\t') ? weights::of_blanks_and_tabs : weights::of_blanks;
+    if (!may_be(StrategyMode::space_aligned) || !can_still_win(prior) || !has_blanks()) {
+        return;
+    }
+    if (settings_.quote) {
+        add_blank_separated(*settings_.quote, prior);
+        return;
+    }
+    add_blank_separated(usual_quote, prior);
+    if (survey_.holds(u'\'')) {
+        add_blank_separated(u'\'', prior);
+    }
+}
+
+void Advisor::find_columns_at_positions() {
+    if (!may_be(StrategyMode::fixed_width) || !can_still_win(weights::of_ruled_positions)) {
+        return;
+    }
+    const FieldArray& lines = *lines_->field_array();
+    std::vector<Reading> begun;
+    if (settings_.widths) {
+        begun.push_back(begin_positions(positions_of_widths(*settings_.widths, lines), context()));
+    } else if (survey_.share(u'\t') <= some_tabs && !blanks_will_do()) {
+        for (Positions& positions :
+             has_blanks() ? find_positions(lines) : std::vector<Positions>()) {
+            begun.push_back(begin_positions(std::move(positions), context()));
+        }
+        if (can_still_win(weights::of_one_length)) {
+            if (auto records = find_records_of_one_length(lines)) {
+                begun.push_back(begin_positions(std::move(*records), context()));
+            }
+        }
+    }
+    grade_best_positions(std::move(begun));
+}
+
+/// Looks at the cells of those columns that can still be the best, the most promising first.
+void Advisor::grade_best_positions(std::vector<Reading> begun) {
+    std::stable_sort(begun.begin(), begun.end(), [](const Reading& left, const Reading& right) {
+        return left.score > right.score;
+    });
+    double best = 0;
+    for (Reading& reading : begun) {
+        if (reading.score > best) {
+            grade_positions(reading, context());
+            best = std::max(best, reading.score);
+            readings_.push_back(std::move(reading));
+        }
+    }
+}
+
+void Advisor::add_line_reading() {
+    if (!readings_.empty() && !may_be(StrategyMode::line_reader)) {
+        return;
+    }
+    Reading reading;
+    reading.quote = options_.quote;
+    reading.strategy = lines_;
+    grade_lines(reading, context());
+    readings_.push_back(std::move(reading));
+}
+
+Advice Advisor::propose() {
+    ProposalSources sources;
+    sources.text = &text_;
+    sources.sample_lines = sample_lines_;
+    sources.settings = &settings_;
+    sources.options = &options_;
+    sources.lines = lines_->field_array();
+    sources.raw_lines = raw_lines_->field_array();
+    sources.analyzer = &analyzer_;
+    Advice advice;
+    const Reading& best = readings_.front();
+    advice.confidence = confidence();
+    advice.is_table = !best.is_line_by_line();
+    std::vector<const Reading*> proposed;
+    for (const Reading& reading : readings_) {
+        const bool is_rival =
+            reading.score >= least_share_of_best * best.score &&
+            proposed.size() < settings_.proposal_limit &&
+            std::none_of(proposed.begin(), proposed.end(),
+                         [&](const Reading* other) { return are_alike(reading, *other); });
+        if (proposed.empty() || is_rival) {
+            proposed.push_back(&reading);
+            advice.proposals.push_back(make_proposal(reading, sources));
+        }
+    }
+    return advice;
+}
+
+void Advisor::add_delimited(const Separator& separator, char16_t quote) {
+    if (separator.text.empty() || !may_read_more()) {
+        return;
+    }
+    Reading reading;
+    reading.mode = StrategyMode::delimited;
+    reading.delimiter = separator.text;
+    reading.quote = quote;
+    add_rows(std::move(reading),
+             std::make_shared<DelimitedStrategy>(options_with(quote), type_options_,
+                                                 std::vector<std::u16string>{separator.text}),
+             separator.prior);
+}
+
+void Advisor::add_blank_separated(char16_t quote, double prior) {
+    if (!may_read_more()) {
+        return;
+    }
+    Reading reading;
+    reading.mode = StrategyMode::space_aligned;
+    reading.quote = quote;
+    add_rows(std::move(reading),
+             std::make_shared<SpaceAlignedStrategy>(options_with(quote), type_options_), prior);
+}
+
+void Advisor::add_rows(Reading reading, std::shared_ptr<GenericStrategy> strategy, double prior) {
+    reading.strategy = std::move(strategy);
+    read(reading.strategy);
+    grade_rows(reading, prior, context());
+    if (reading.score > 0) {
+        readings_.push_back(std::move(reading));
+    }
+}
+
+void Advisor::read(const std::shared_ptr<GenericStrategy>& strategy) {
+    ++reads_;
+    output::DetectionOutputBuilder builder;
+    builder.text = &text_;
+    builder.sample_lines = sample_lines_;
+    parser::read_sample(builder, strategy, false);
+}
+
+bool Advisor::may_be(StrategyMode layout) const {
+    if (settings_.delimiter) {
+        return layout == StrategyMode::delimited;
+    }
+    if (settings_.widths) {
+        return layout == StrategyMode::fixed_width;
+    }
+    return !settings_.layout || *settings_.layout == layout;
+}
+
+bool Advisor::may_read_more() const {
+    return reads_ < settings_.reading_limit;
+}
+
+/// Whether a reading whose score cannot pass `upper_bound` could still be the best.
+bool Advisor::can_still_win(double upper_bound) const {
+    return std::none_of(readings_.begin(), readings_.end(),
+                        [&](const Reading& reading) { return reading.score > upper_bound; });
+}
+
+/// Whether a good table was found at a delimiter that stands on nearly all lines. Cells that are
+/// cut at blanks would hold that delimiter then, and cannot look better.
+bool Advisor::has_delimited_table() const {
+    constexpr double nearly_all = 0.9;
+    constexpr double good = 0.5;
+    return survey_.share_of_common_delimiter() >= nearly_all &&
+           std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
+               return reading.score >= good && common_delimiters_of_files.find(reading.delimiter) !=
+                                                   std::u16string_view::npos;
+           });
+}
+
+/// Whether enough lines have blanks inside for a layout that blanks make, or the host says so.
+bool Advisor::has_blanks() const {
+    constexpr double some = 0.3;
+    return settings_.layout || survey_.share(u'\t') >= some ||
+           survey_.share_of(survey_.with_blank) >= some;
+}
+
+/// Whether a reading at blanks explains the whole text, so that positions can add nothing.
+bool Advisor::blanks_will_do() const {
+    return std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
+        return reading.is_blank_separated() && reading.run.kept == reading.run.all &&
+               reading.flush >= 0.95 && reading.figures.typed_columns * 2 >= reading.columns;
+    });
+}
+
+parser::options Advisor::options_with(char16_t quote) const {
+    parser::options options = options_;
+    options.quote = quote;
+    return options;
+}
+
+GradingContext Advisor::context() const {
+    return {lines_->field_array(), &survey_, &analyzer_};
+}
+
+/// The best score over the best one that cuts the rows otherwise.
+double Advisor::confidence() const {
+    const Reading& best = readings_.front();
+    double rival = no_rival;
+    for (const Reading& reading : readings_) {
+        const bool cuts_alike =
+            (reading.mode == best.mode && reading.delimiter == best.delimiter) ||
+            (!reading.is_delimited() && !best.is_delimited() && reading.columns == best.columns);
+        if (!cuts_alike) {
+            rival = std::max(rival, reading.score);
+        }
+    }
+    return std::max(1.0, best.score / rival);
+}
+
+} // namespace textio::advice

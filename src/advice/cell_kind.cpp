@@ -1,0 +1,170 @@
+#include "advice/cell_kind.hpp"
+
+#include "advice/lines.hpp"
+#include "advice/number_shape.hpp"
+#include "ascii.hpp"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace textio::advice {
+
+using zentor::io::text::typedetection::FieldClass;
+
+namespace {
+
+/// A separator inside, or a comma with no blank behind it.
+bool holds_separator(std::u16string_view text, char16_t quote) {
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const char16_t unit = text[at];
+        if (unit == u',') {
+            if (at + 1 < text.size() && !is_blank(text[at + 1])) {
+                return true;
+            }
+        } else if (unit == u';' || unit == u'|' || unit == u'\t' || (unit == quote && quote != 0)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool is_all_punctuation(std::u16string_view text) {
+    constexpr std::u16string_view delimiters = u",;|\t:";
+    return text.find_first_not_of(delimiters) == std::u16string_view::npos;
+}
+
+/// Letters, with an apostrophe or a hyphen among them and a mark of punctuation behind.
+bool is_plain_word(std::u16string_view word) {
+    constexpr std::u16string_view ends = u",.;:!?";
+    if (word.size() > 2 && ends.find(word.back()) != std::u16string_view::npos) {
+        word.remove_suffix(1);
+    }
+    return word.size() > 1 && std::all_of(word.begin(), word.end(), [](char16_t unit) {
+               return is_letter(unit) || unit == u'\'' || unit == u'-';
+           });
+}
+
+/// Several numbers, and nothing else, with blanks between them.
+bool holds_numbers_alone(std::u16string_view text) {
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(u' '), text.size());
+        if (end != 0 && !looks_like_number(text.substr(0, end))) {
+            return false;
+        }
+        text = text.substr(std::min(end + 1, text.size()));
+    }
+    return true;
+}
+
+/// Two texts of the same length whose digits stand in the same places and which are alike in all
+/// else.
+bool have_same_shape(std::u16string_view left, std::u16string_view right) {
+    return left.size() == right.size() &&
+           std::equal(left.begin(), left.end(), right.begin(), [](char16_t one, char16_t other) {
+               return one == other || (ascii::is_digit(one) && ascii::is_digit(other));
+           });
+}
+
+} // namespace
+
+bool stands_for_nothing(std::u16string_view text) noexcept {
+    constexpr std::u16string_view signs = u"-?.*";
+    constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
+                                             u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
+    constexpr std::u16string_view first_units = u"Nn#\\(";
+    constexpr std::size_t longest = 6;
+    if (text.empty()) {
+        return true;
+    }
+    const char16_t first = text.front();
+    if (signs.find(first) != std::u16string_view::npos) {
+        return text.size() <= 3 && text.find_first_not_of(first) == std::u16string_view::npos;
+    }
+    return text.size() <= longest && first_units.find(first) != std::u16string_view::npos &&
+           std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
+               return ascii::equals_ignoring_case(text, word);
+           });
+}
+
+bool reads_like_a_sentence(std::u16string_view text) noexcept {
+    std::size_t words = 0;
+    std::size_t lower = 0;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find(u' '), text.size());
+        if (end == 0) {
+            return false;
+        }
+        if (is_plain_word(text.substr(0, end))) {
+            ++words;
+            lower += ascii::is_upper(text.front()) ? 0U : 1U;
+        }
+        text = text.substr(std::min(end + 1, text.size()));
+    }
+    return words >= 3 && lower >= 2;
+}
+
+bool is_single_value(std::u16string_view text) noexcept {
+    if (text.starts_with(u"http://") || text.starts_with(u"https://")) {
+        return text.find_first_of(u" \t;|,") == std::u16string_view::npos;
+    }
+    const std::size_t at = text.find(u'@');
+    return at != std::u16string_view::npos && at > 0 &&
+           std::all_of(text.begin(), text.end(), [](char16_t unit) {
+               return is_letter(unit) || ascii::is_digit(unit) || unit == u'@' || unit == u'.' ||
+                      unit == u'_' || unit == u'-' || unit == u'+';
+           });
+}
+
+CellKind CellJudge::judge(std::u16string_view cell) {
+    const std::u16string_view text = trimmed(cell);
+    if (stands_for_nothing(text)) {
+        return CellKind::missing;
+    }
+    const char16_t first = text.front();
+    if (first == quote_ && quote_ != 0) {
+        if (text.size() == 1 || text.back() != quote_) {
+            return CellKind::broken;
+        }
+        return CellKind::quoted;
+    }
+    if (looks_like_number(text)) {
+        return CellKind::number;
+    }
+    if (is_date(text)) {
+        return CellKind::date;
+    }
+    if (is_all_punctuation(text)) {
+        return CellKind::broken;
+    }
+    if (text.find(u"   ") != std::u16string_view::npos) {
+        return CellKind::gap;
+    }
+    if (holds_separator(text, quote_)) {
+        return CellKind::separated;
+    }
+    if (text.find(u' ') == std::u16string_view::npos) {
+        return CellKind::word;
+    }
+    return holds_numbers_alone(text) ? CellKind::separated : CellKind::words;
+}
+
+/// Nothing without a digit and one of the signs between the parts of a date, and nothing longer
+/// than the longest date in words, is asked for.
+bool CellJudge::is_date(std::u16string_view text) {
+    constexpr std::size_t longest_date = 48;
+    constexpr std::u16string_view signs = u"-/.: ";
+    if (text.size() < 3 || text.size() > longest_date ||
+        text.find_first_of(signs) == std::u16string_view::npos ||
+        std::none_of(text.begin(), text.end(), ascii::is_digit)) {
+        return false;
+    }
+    if (!have_same_shape(text, last_date_)) {
+        const FieldClass found = analyzer_->classify(Field(text));
+        last_date_ = text;
+        last_was_date_ = found == FieldClass::date || found == FieldClass::datetime ||
+                         found == FieldClass::duration || found == FieldClass::short_duration;
+    }
+    return last_was_date_;
+}
+
+} // namespace textio::advice

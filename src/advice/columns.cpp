@@ -1,0 +1,101 @@
+#include "advice/columns.hpp"
+
+#include "advice/cell_kind.hpp"
+#include "advice/lines.hpp"
+#include "advice/name_words.hpp"
+#include "advice/number_shape.hpp"
+#include "advice/table_rows.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace textio::advice {
+
+using zentor::io::text::typedetection::FieldClass;
+using zentor::io::text::typedetection::TypeAnalyzer;
+using zentor::io::text::typedetection::TypeAnalyzerOptions;
+
+namespace {
+
+/// Cells of a column that are classified, evenly taken from those that were graded.
+constexpr std::size_t classified_cells = 9;
+
+constexpr std::size_t class_limit = 13;
+
+/// Whether a cell holds no value. Most cells do, and that is seen at once.
+bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_options) {
+    const std::u16string_view text = trimmed(cell);
+    return stands_for_nothing(text) ||
+           std::find(type_options.treat_as_missing.begin(), type_options.treat_as_missing.end(),
+                     text) != type_options.treat_as_missing.end();
+}
+
+/// What most of the looked-at values of a column are.
+FieldClass class_of(const Grid& grid, std::size_t column, const TypeAnalyzer<false>& analyzer) {
+    const std::size_t step = std::max<std::size_t>(1, grid.rows() / classified_cells);
+    std::array<std::size_t, class_limit> counts{};
+    for (std::size_t row = 0; row < grid.rows(); row += step) {
+        const std::u16string_view text = bare(grid.cell(row, column));
+        if (!stands_for_nothing(text)) {
+            ++counts[static_cast<std::size_t>(analyzer.classify(Field(text)))];
+        }
+    }
+    counts[static_cast<std::size_t>(FieldClass::unknown)] = 0;
+    const auto most = std::max_element(counts.begin(), counts.end());
+    return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts.begin());
+}
+
+/// Counts values and what is missing, over all rows of the table from its first data on.
+void count_values(const Reading& reading, const FieldArray& lines, const char16_t* first_data,
+                  const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
+    TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
+    while (rows.next()) {
+        if (rows.place() != nullptr && rows.place() < first_data) {
+            continue;
+        }
+        for (std::size_t column = 0; column < columns.size(); ++column) {
+            const bool missing = is_missing(rows.cells()[column], type_options);
+            ++(missing ? columns[column].missing : columns[column].values);
+        }
+    }
+}
+
+} // namespace
+
+NumberMarks marks_of(const Reading& reading) {
+    constexpr std::size_t most_cells = 2000;
+    NumberMarks marks;
+    const auto add = [&](std::u16string_view cell) {
+        const std::u16string_view text = bare(cell);
+        if (looks_like_number(text)) {
+            marks.add(text);
+        }
+    };
+    for (const std::u16string_view cell : reading.grid.cells) {
+        add(cell);
+    }
+    if (reading.grid.columns == 0 && reading.strategy != nullptr) {
+        const auto& fields = reading.strategy->field_array()->fields;
+        for (std::size_t field = 0; field < std::min(fields.size(), most_cells); ++field) {
+            add(fields[field].view());
+        }
+    }
+    return marks;
+}
+
+std::vector<Column> columns_of(const Reading& reading, const FieldArray& lines,
+                               const TableStart& start, const TypeAnalyzerOptions& type_options) {
+    std::vector<Column> columns(reading.columns);
+    for (std::size_t column = 0; column < std::min(columns.size(), start.names.size()); ++column) {
+        columns[column].name = bare(start.names[column]);
+    }
+    const TypeAnalyzer<false> analyzer(type_options);
+    for (std::size_t column = 0; column < std::min(columns.size(), reading.grid.columns);
+         ++column) {
+        columns[column].type = class_of(reading.grid, column, analyzer);
+    }
+    count_values(reading, lines, start.first_data, type_options, columns);
+    return columns;
+}
+
+} // namespace textio::advice

@@ -1,0 +1,105 @@
+#include "advice/comments.hpp"
+
+#include "advice/lines.hpp"
+
+#include <algorithm>
+#include <vector>
+
+namespace textio::advice {
+
+namespace {
+
+/// These open comments whatever follows. Lines that begin with another opener are rulers or data
+/// unless words follow.
+constexpr std::u16string_view plain_openers = u"#%!";
+
+/// The one whose every comment counts: others come in the first line, or more than once.
+constexpr std::u16string_view usual_opener = u"#";
+
+bool begins_comment(std::u16string_view line, std::u16string_view opener) {
+    if (!is_comment(line, opener)) {
+        return false;
+    }
+    const std::u16string_view rest = line.substr(opener.size());
+    const bool is_option = opener == u"--" && !rest.starts_with(u' ');
+    return !is_option &&
+           (plain_openers.find(opener) != std::u16string_view::npos || has_letter(rest));
+}
+
+struct OpenerCount {
+    std::size_t lines = 0;
+    bool has_first_line = false;
+};
+
+/// How many lines each opener begins, in their order. Most lines begin with the first unit of none.
+std::vector<OpenerCount> count_lines(const FieldArray& lines,
+                                     std::span<const std::u16string> openers) {
+    std::u16string first_units;
+    for (const std::u16string& opener : openers) {
+        first_units.push_back(opener.empty() ? u'\0' : opener.front());
+    }
+    std::vector<OpenerCount> counts(openers.size());
+    for (std::size_t field = 0; field < lines.fields.size(); ++field) {
+        const std::u16string_view line = trimmed(lines.fields[field].view());
+        if (line.empty() || first_units.find(line.front()) == std::u16string::npos) {
+            continue;
+        }
+        for (std::size_t index = 0; index < openers.size(); ++index) {
+            if (begins_comment(line, openers[index])) {
+                ++counts[index].lines;
+                counts[index].has_first_line = counts[index].has_first_line || field == 0;
+            }
+        }
+    }
+    return counts;
+}
+
+} // namespace
+
+bool is_comment(std::u16string_view line, std::u16string_view opener) noexcept {
+    return !opener.empty() && trimmed(line).starts_with(opener);
+}
+
+std::u16string_view choose_comment_opener(const FieldArray& lines,
+                                          std::span<const std::u16string> openers) {
+    const std::size_t filled = lines.fields.size();
+    std::u16string_view best;
+    std::size_t most = 0;
+    const std::vector<OpenerCount> counts = count_lines(lines, openers);
+    for (std::size_t index = 0; index < openers.size(); ++index) {
+        const std::u16string_view opener = openers[index];
+        const OpenerCount count = counts[index];
+        const bool is_usual = opener == usual_opener;
+        const bool is_like_comments = is_usual || count.has_first_line || count.lines >= 2;
+        const bool leaves_rows = is_usual ? count.lines < filled : count.lines * 4 <= filled * 3;
+        if (count.lines > most && is_like_comments && leaves_rows) {
+            most = count.lines;
+            best = opener;
+        }
+    }
+    return best;
+}
+
+bool are_comments(const FieldArray& lines, std::u16string_view opener, std::size_t names_line,
+                  std::size_t first_data_line) {
+    if (opener.empty()) {
+        return false;
+    }
+    bool are_all_above = true;
+    bool has_any = false;
+    for (std::size_t line = 0; line < lines.line_count(); ++line) {
+        const std::u16string_view text = text_of(lines, line);
+        if (text.empty()) {
+            continue;
+        }
+        const bool comment = is_comment(text, opener);
+        if (line >= first_data_line && comment) {
+            return true;
+        }
+        has_any = has_any || comment;
+        are_all_above = are_all_above && (comment || line >= std::min(names_line, first_data_line));
+    }
+    return has_any && are_all_above;
+}
+
+} // namespace textio::advice

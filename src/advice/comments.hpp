@@ -1,0 +1,27 @@
+/// \file
+/// Which sign opens comments in a text.
+#pragma once
+
+#include "textio/field.hpp"
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace textio::advice {
+
+/// The opener that begins most lines, as comments do: the first line, or several lines, but not
+/// all. Empty if none does. `lines` is the text read as one field a line, comments included.
+[[nodiscard]] std::u16string_view choose_comment_opener(const FieldArray& lines,
+                                                        std::span<const std::u16string> openers);
+
+/// Whether `line` is a comment under this opener, which may be empty for none.
+[[nodiscard]] bool is_comment(std::u16string_view line, std::u16string_view opener) noexcept;
+
+/// Whether the lines that begin with `opener` are comments around a table whose first data stand on
+/// `first_data_line`: they stand within it, or all lines above it but its names are such.
+[[nodiscard]] bool are_comments(const FieldArray& lines, std::u16string_view opener,
+                                std::size_t names_line, std::size_t first_data_line);
+
+} // namespace textio::advice

@@ -1,0 +1,125 @@
+#include "advice/grading.hpp"
+
+#include "advice/lines.hpp"
+#include "advice/text_kind.hpp"
+#include "advice/weights.hpp"
+
+#include <algorithm>
+
+namespace textio::advice {
+
+namespace {
+
+void weigh(Reading& reading, double factor) {
+    reading.terms[TermKind::context] *= factor;
+    reading.score = reading.terms.product();
+}
+
+/// Marks that stand between the parts of sentences and statements.
+bool is_punctuation(const Reading& reading) {
+    constexpr std::u16string_view marks = u",:=\u3001\u3002\uFF0C";
+    return reading.is_delimited() && reading.delimiter.size() == 1 &&
+           marks.find(reading.delimiter) != std::u16string_view::npos;
+}
+
+/// Logs, prose and code hold blanks, and marks of punctuation, that separate nothing.
+void weigh_as_text(std::vector<Reading>& readings, const TextKind& text) {
+    for (Reading& reading : readings) {
+        const bool is_mark = is_punctuation(reading);
+        const bool is_text_of_words =
+            reading.figures.typed_columns == 0 && reading.figures.quoted == 0;
+        const bool is_cut_at_blanks = reading.is_blank_separated() || reading.is_at_positions();
+        const bool is_in_stamp =
+            reading.delimiter == u":" || (reading.delimiter == u"," && text.log_has_commas);
+        if (text.is_log && (is_cut_at_blanks || is_in_stamp)) {
+            weigh(reading, weights::log);
+        }
+        if (text.is_prose && is_text_of_words && (is_mark || reading.is_blank_separated())) {
+            weigh(reading, weights::prose);
+        }
+        if (text.is_code && (is_mark || is_cut_at_blanks)) {
+            weigh(reading, weights::code);
+        }
+    }
+}
+
+bool are_columns(const Reading& reading) {
+    return reading.is_at_positions() && !reading.positions.has_no_columns;
+}
+
+/// Where columns stand flush, a cut at a blank that does not is a blank inside a text.
+void weigh_blanks_by_positions(std::vector<Reading>& readings, const Survey& survey) {
+    if (survey.with_runs * 2 < survey.lines.size()) {
+        return;
+    }
+    constexpr double most_flush = 0.85;
+    constexpr double near = 0.3;
+    for (Reading& blanks : readings) {
+        const bool has_better_columns =
+            blanks.is_blank_separated() &&
+            std::any_of(readings.begin(), readings.end(), [&](const Reading& fixed) {
+                return are_columns(fixed) && fixed.positions.alignment > most_flush &&
+                       fixed.columns < blanks.columns && fixed.score > near * blanks.score;
+            });
+        if (has_better_columns) {
+            weigh(blanks, blanks.flush * blanks.flush);
+        }
+    }
+}
+
+/// Positions that explain nothing which blanks alone do not are not worth their widths.
+void weigh_positions_by_blanks(std::vector<Reading>& readings) {
+    constexpr double all = 0.995;
+    constexpr double mostly_flush = 0.9;
+    for (Reading& fixed : readings) {
+        const bool blanks_will_do =
+            are_columns(fixed) &&
+            std::any_of(readings.begin(), readings.end(), [&](const Reading& blanks) {
+                return blanks.is_blank_separated() && blanks.run.consistency() >= all &&
+                       fixed.columns <= blanks.columns && blanks.flush > mostly_flush;
+            });
+        if (blanks_will_do) {
+            weigh(fixed, weights::blanks_will_do);
+        }
+    }
+}
+
+} // namespace
+
+void grade_lines(Reading& reading, const GradingContext& context) {
+    reading.columns = 1;
+    const Survey& survey = *context.survey;
+    constexpr std::size_t longest_value = 80;
+    constexpr std::size_t longest_number = 24;
+    CellJudge judge(*context.analyzer, u'"');
+    const auto single =
+        std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
+            const std::u16string_view text = trimmed(line);
+            if (text.size() > longest_value) {
+                return false;
+            }
+            const CellKind kind = judge.judge(text);
+            return (kind == CellKind::number && text.size() <= longest_number &&
+                    text.find(u',') == std::u16string_view::npos) ||
+                   kind == CellKind::date || is_single_value(text);
+        });
+    const double share = survey.share_of(static_cast<std::size_t>(single));
+    reading.terms[TermKind::prior] = weights::of_lines + weights::of_single_values * share * share;
+    reading.score = reading.terms.product();
+}
+
+void weigh_against_context(std::vector<Reading>& readings, const GradingContext& context) {
+    weigh_blanks_by_positions(readings, *context.survey);
+    weigh_positions_by_blanks(readings);
+    const TextKind text = kind_of_text(*context.survey);
+    weigh_as_text(readings, text);
+    for (Reading& reading : readings) {
+        if (reading.is_line_by_line() && text.is_log) {
+            reading.terms[TermKind::prior] =
+                std::max(reading.terms[TermKind::prior], weights::of_log_lines);
+            reading.score = reading.terms.product();
+        }
+    }
+}
+
+} // namespace textio::advice

@@ -1,0 +1,210 @@
+#include "advice/name_words.hpp"
+
+#include "advice/lines.hpp"
+#include "ascii.hpp"
+
+#include <algorithm>
+#include <iterator>
+
+namespace textio::advice {
+
+namespace {
+
+bool equal_texts(std::u16string_view left, std::u16string_view right) {
+    return ascii::equals_ignoring_case(bare(left), bare(right));
+}
+
+bool has_digit(std::u16string_view text) {
+    return std::any_of(text.begin(), text.end(), ascii::is_digit);
+}
+
+/// Words that name a column in many tables and are values in few.
+bool is_usual_name(std::u16string_view cell) {
+    constexpr std::u16string_view names[] = {
+        u"id",          u"name",    u"date",   u"time",    u"type",    u"code",   u"value",
+        u"description", u"title",   u"key",    u"label",   u"count",   u"number", u"category",
+        u"email",       u"address", u"city",   u"state",   u"country", u"year",   u"month",
+        u"day",         u"class",   u"status", u"price",   u"amount",  u"unit",   u"text",
+        u"url",         u"first",   u"last",   u"comment", u"size",    u"region", u"group",
+        u"index",       u"notes",   u"symbol", u"username"};
+    std::u16string_view text = bare(cell);
+    const std::size_t tail = text.find_last_of(u" _-.");
+    if (tail != std::u16string_view::npos) {
+        text = text.substr(tail + 1);
+    }
+    return std::any_of(std::begin(names), std::end(names), [&](std::u16string_view name) {
+        return ascii::equals_ignoring_case(text, name);
+    });
+}
+
+/// A four-digit year.
+bool is_year(std::u16string_view cell) {
+    const std::u16string_view text = bare(cell);
+    return text.size() == 4 && std::all_of(text.begin(), text.end(), ascii::is_digit) &&
+           (text.substr(0, 2) == u"19" || text.substr(0, 2) == u"20");
+}
+
+/// Whether runs of letters, of digits and the signs between them follow each other alike.
+bool have_one_pattern(std::u16string_view left, std::u16string_view right) {
+    const auto kind = [](char16_t unit) -> char16_t {
+        if (ascii::is_digit(unit)) {
+            return u'9';
+        }
+        return is_letter(unit) ? u'a' : unit;
+    };
+    std::size_t one = 0;
+    std::size_t other = 0;
+    while (one < left.size() && other < right.size()) {
+        const char16_t unit = kind(left[one]);
+        if (unit != kind(right[other])) {
+            return false;
+        }
+        do {
+            ++one;
+        } while (one < left.size() && kind(left[one]) == unit);
+        do {
+            ++other;
+        } while (other < right.size() && kind(right[other]) == unit);
+    }
+    return one == left.size() && other == right.size();
+}
+
+/// What the cells of one column look like, next to a cell that may be its name.
+class ColumnBelow {
+public:
+    ColumnBelow(const Grid& grid, std::size_t column) : grid_(grid), column_(column) {}
+
+    template <class Property>
+    [[nodiscard]] double share(Property property) const {
+        std::size_t with = 0;
+        std::size_t filled = 0;
+        for (std::size_t row = 0; row < grid_.rows(); ++row) {
+            const std::u16string_view text = bare(grid_.cell(row, column_));
+            if (!text.empty()) {
+                ++filled;
+                with += property(text) ? 1U : 0U;
+            }
+        }
+        return filled == 0 ? 0 : static_cast<double>(with) / static_cast<double>(filled);
+    }
+
+    /// Whether few values stand in many rows. Neighbours and the first cell are compared.
+    [[nodiscard]] bool repeats() const {
+        std::size_t repeated = 0;
+        const std::size_t rows = grid_.rows();
+        for (std::size_t row = 1; row < rows; ++row) {
+            const std::u16string_view text = bare(grid_.cell(row, column_));
+            repeated += !text.empty() && (text == bare(grid_.cell(row - 1, column_)) ||
+                                          text == bare(grid_.cell(0, column_)))
+                            ? 1U
+                            : 0U;
+        }
+        return repeated * 4 > rows;
+    }
+
+private:
+    const Grid& grid_;
+    std::size_t column_;
+};
+
+/// How much more a text looks like a column's name than like one of its values.
+double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
+    const std::u16string_view name = bare(cell);
+    if (name.empty()) {
+        return -1;
+    }
+    if (below.share([&](auto text) { return equal_texts(text, name); }) > 0) {
+        return -3;
+    }
+    double likeness = is_usual_name(name) ? 1.5 : 0;
+    if (has_digit(name) &&
+        below.share([&](auto text) { return have_one_pattern(text, name); }) > 0.5) {
+        likeness -= 2;
+    }
+    if (!has_letter(name)) {
+        return -2;
+    }
+    if (below.repeats()) {
+        likeness += 1;
+    }
+    if (!has_digit(name) && below.share(has_digit) > 0.6) {
+        likeness += 1;
+    }
+    if (has_digit(name) && below.share(has_digit) > 0.9) {
+        likeness -= 0.5;
+    }
+    const auto starts_upper = [](auto text) { return ascii::is_upper(text.front()); };
+    if (ascii::is_letter(name.front()) && !starts_upper(name) && below.share(starts_upper) > 0.8) {
+        likeness += 1;
+    }
+    const auto is_all_upper = [](auto text) {
+        return std::none_of(text.begin(), text.end(),
+                            [](char16_t unit) { return unit >= u'a' && unit <= u'z'; });
+    };
+    if (is_all_upper(name) != (below.share(is_all_upper) > 0.5)) {
+        likeness += is_all_upper(name) ? 0.8 : 0.4;
+    }
+    const auto has_blank = [](auto text) { return text.find(u' ') != std::u16string_view::npos; };
+    if (!has_blank(name) && below.share(has_blank) > 0.6) {
+        likeness += 0.5;
+    }
+    if (name.find(u'_') != std::u16string_view::npos &&
+        below.share([](auto text) { return text.find(u'_') != std::u16string_view::npos; }) < 0.2) {
+        likeness += 1;
+    }
+    const std::size_t length = name.size();
+    if (below.share([&](auto text) {
+            return text.size() > 2 * length + 2 || length > 2 * text.size() + 2;
+        }) > 0.8) {
+        likeness += 0.5;
+    }
+    return likeness;
+}
+
+} // namespace
+
+std::u16string_view bare(std::u16string_view cell) noexcept {
+    std::u16string_view text = trimmed(cell);
+    if (text.size() >= 2 && text.front() == text.back() &&
+        (text.front() == u'"' || text.front() == u'\'')) {
+        text = text.substr(1, text.size() - 2);
+    }
+    return trimmed(text);
+}
+
+bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid& grid) {
+    constexpr double least_mean = 0.5;
+    if (grid.rows() == 0) {
+        return false;
+    }
+    for (std::size_t one = 0; one < row.size(); ++one) {
+        for (std::size_t other = 0; other < one; ++other) {
+            if (!bare(row[one]).empty() && equal_texts(row[one], row[other])) {
+                return false;
+            }
+        }
+        if (one > 16) {
+            break;
+        }
+    }
+    double likeness = 0;
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        likeness += name_likeness(row[column], ColumnBelow(grid, column));
+    }
+    return likeness > least_mean * static_cast<double>(row.size());
+}
+
+bool is_row_of_years(const std::vector<std::u16string_view>& row, const Grid& grid) {
+    std::size_t years = 0;
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        if (is_year(row[column])) {
+            ++years;
+            if (ColumnBelow(grid, column).share(is_year) > 0.2) {
+                return false;
+            }
+        }
+    }
+    return years >= 2 && years * 2 >= row.size();
+}
+
+} // namespace textio::advice

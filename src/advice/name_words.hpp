@@ -1,0 +1,25 @@
+/// \file
+/// Whether a text names a column, as far as words can tell.
+#pragma once
+
+#include "advice/grid.hpp"
+
+#include <cstddef>
+#include <string_view>
+#include <vector>
+
+namespace textio::advice {
+
+/// A cell without the quotes and blanks around it.
+[[nodiscard]] std::u16string_view bare(std::u16string_view cell) noexcept;
+
+/// Whether `row` names the columns of a table of text alone, whose rows further down are `grid`:
+/// names are all different, come again in no row, and differ from the values in their length, their
+/// case, or their digits.
+[[nodiscard]] bool names_text_columns(const std::vector<std::u16string_view>& row,
+                                      const Grid& grid);
+
+/// Whether most cells of `row` are years, over columns that hold none.
+[[nodiscard]] bool is_row_of_years(const std::vector<std::u16string_view>& row, const Grid& grid);
+
+} // namespace textio::advice

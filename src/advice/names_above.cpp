@@ -1,0 +1,130 @@
+#include "advice/names_above.hpp"
+
+#include "advice/comments.hpp"
+#include "advice/heading.hpp"
+#include "advice/lines.hpp"
+#include "advice/number_shape.hpp"
+
+#include <algorithm>
+
+namespace textio::advice {
+
+namespace {
+
+using Words = std::vector<std::u16string_view>;
+
+Words words_of(std::u16string_view text, std::size_t gap) {
+    Words words;
+    for (const HeadingWord& word : heading_words(text, gap)) {
+        words.push_back(text.substr(word.begin, word.end - word.begin));
+    }
+    return words;
+}
+
+Words split(std::u16string_view text, std::u16string_view delimiter) {
+    Words parts;
+    std::size_t at = 0;
+    while (at != std::u16string_view::npos) {
+        parts.push_back(trimmed(text.substr(0, at = text.find(delimiter))));
+        text = at == std::u16string_view::npos ? text : text.substr(at + delimiter.size());
+    }
+    return parts;
+}
+
+/// A comment without its opener, however often that stands in front.
+std::u16string_view without_opener(std::u16string_view line, std::u16string_view opener) {
+    std::u16string_view text = trimmed(line);
+    while (text.starts_with(opener)) {
+        text.remove_prefix(opener.size());
+    }
+    return trimmed(text);
+}
+
+/// The parts of a line that may be names, cut as the table's rows are. In a comment a word may
+/// stand in front of the names, and a last name may be missing.
+Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment) {
+    if (reading.is_at_positions()) {
+        return words_of(text, 2);
+    }
+    if (reading.is_blank_separated()) {
+        Words words = words_of(text, 1);
+        return words.size() == reading.columns ? words : words_of(text, 2);
+    }
+    Words parts = split(text, reading.delimiter);
+    if (is_comment && parts.size() == reading.columns + 1) {
+        parts.erase(parts.begin());
+    } else if (is_comment && reading.columns > 2 && parts.size() + 1 == reading.columns) {
+        parts.emplace_back();
+    }
+    return parts.size() == reading.columns ? parts : words_of(text, 1);
+}
+
+bool are_mostly_numbers(const Words& words) {
+    const auto numbers = std::count_if(words.begin(), words.end(), looks_like_number);
+    return static_cast<std::size_t>(numbers) * 3 > words.size();
+}
+
+/// Whether so many words can head so many columns though they cannot be told apart.
+bool can_head(std::size_t words, std::size_t columns) {
+    return words > 1 && words * 5 >= columns * 3 && words * 2 <= columns * 3;
+}
+
+/// The words of a heading over columns at positions: each belongs to the column its middle is over.
+Words words_over_columns(const Positions& positions, std::u16string_view heading) {
+    const auto& starts = positions.starts;
+    std::vector<HeadingWord> places(starts.size());
+    for (const HeadingWord& word : heading_words(heading, 1)) {
+        const auto behind =
+            std::upper_bound(starts.begin(), starts.end(), (word.begin + word.end) / 2);
+        const auto column =
+            static_cast<std::size_t>(behind == starts.begin() ? 0 : behind - starts.begin() - 1);
+        HeadingWord& place = places[column];
+        place = {place.end == 0 ? word.begin : place.begin, word.end};
+    }
+    Words words;
+    for (const HeadingWord& place : places) {
+        words.push_back(heading.substr(place.begin, place.end - place.begin));
+    }
+    return words;
+}
+
+} // namespace
+
+NamesAbove find_names_above(const Reading& reading, const FieldArray& raw_lines,
+                            std::u16string_view opener, std::size_t first_data_line) {
+    constexpr std::size_t most_lines = 4;
+    NamesAbove found;
+    std::size_t looked_at = 0;
+    std::size_t line = std::min(first_data_line, raw_lines.line_count());
+    while (line-- > 0 && looked_at++ < most_lines) {
+        const std::u16string_view text = text_of(raw_lines, line);
+        const bool comment = is_comment(text, opener);
+        const std::u16string_view said = comment ? without_opener(text, opener) : trimmed(text);
+        const bool has_names = found.line != SIZE_MAX;
+        Words parts;
+        if (has_letter(said)) {
+            parts = parts_of(reading, said, comment);
+        }
+        const bool fits = parts.size() == reading.columns;
+        const bool heads = !reading.is_delimited() && can_head(parts.size(), reading.columns) &&
+                           (!comment || reading.is_at_positions());
+        if ((!fits && !heads) || are_mostly_numbers(parts)) {
+            // A ruler or a single word may stand between the names and the data, no sentence.
+            if (has_names || parts.size() > 1) {
+                break;
+            }
+            continue;
+        }
+        found.line = line;
+        found.names = fits ? std::move(parts) : Words();
+        if (!fits && !comment && reading.is_at_positions()) {
+            found.names = words_over_columns(reading.positions, text);
+        }
+        if (!comment) {
+            break;
+        }
+    }
+    return found;
+}
+
+} // namespace textio::advice

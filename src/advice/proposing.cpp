@@ -1,0 +1,120 @@
+#include "advice/proposing.hpp"
+
+#include "advice/columns.hpp"
+#include "advice/comments.hpp"
+#include "advice/table_start.hpp"
+#include "parser/read_sample.hpp"
+
+#include <utility>
+
+namespace textio::advice {
+
+using enums::StrategyMode;
+using zentor::io::text::typedetection::TypeAnalyzerOptions;
+
+namespace {
+
+std::u16string_view opener_of(const parser::options& options) {
+    return options.comment_style.empty() ? std::u16string_view()
+                                         : std::u16string_view(options.comment_style.front());
+}
+
+TableStart start_of(const Reading& reading, const ProposalSources& sources) {
+    TableStart start;
+    if (!reading.is_line_by_line()) {
+        CellJudge judge(*sources.analyzer, reading.quote);
+        start = find_table_start(reading, *sources.lines, *sources.raw_lines,
+                                 opener_of(*sources.options), judge);
+    }
+    const Settings& settings = *sources.settings;
+    start.names_line = settings.names_line.value_or(start.names_line);
+    start.first_data_line = settings.first_data_line.value_or(start.first_data_line);
+    return start;
+}
+
+/// The options that read the reading's table and nothing but it.
+parser::options options_of(const Reading& reading, const TableStart& start,
+                           const ProposalSources& sources) {
+    parser::options options = *sources.options;
+    options.quote = reading.quote;
+    const bool is_known = sources.settings->comment_style.has_value();
+    if (!is_known && !are_comments(*sources.raw_lines, opener_of(options), start.names_line,
+                                   start.first_data_line)) {
+        options.comment_style.clear();
+    }
+    if (reading.edges.leading) {
+        options.leading_delimiters_rule = parser::leading_delimiters::skip;
+    }
+    if (reading.edges.trailing != 0) {
+        options.trailing_delimiters_rule = parser::trailing_delimiters::drop;
+    }
+    return options;
+}
+
+std::shared_ptr<GenericStrategy> make_strategy(const Reading& reading,
+                                               const parser::options& options,
+                                               const TypeAnalyzerOptions& type_options,
+                                               const FieldArray& lines) {
+    switch (reading.mode) {
+    case StrategyMode::delimited:
+        return std::make_shared<DelimitedStrategy>(options, type_options,
+                                                   std::vector<std::u16string>{reading.delimiter});
+    case StrategyMode::space_aligned:
+        return std::make_shared<SpaceAlignedStrategy>(options, type_options);
+    case StrategyMode::fixed_width:
+        return std::make_shared<FixedWidthStrategy>(options, type_options,
+                                                    widths_of(lines, reading.positions));
+    case StrategyMode::line_reader:
+        break;
+    }
+    return std::make_shared<LineReaderStrategy>(options, type_options);
+}
+
+bool read_alike(const parser::options& one, const parser::options& other) {
+    return one.comment_style == other.comment_style &&
+           one.leading_delimiters_rule == other.leading_delimiters_rule &&
+           one.trailing_delimiters_rule == other.trailing_delimiters_rule;
+}
+
+} // namespace
+
+Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
+    const Settings& settings = *sources.settings;
+    Proposal proposal;
+    const TableStart start = start_of(reading, sources);
+    proposal.names_line = start.names_line;
+    proposal.first_data_line = start.first_data_line;
+
+    const NumberMarks marks = marks_of(reading);
+    proposal.decimal_mark = settings.decimal_mark.value_or(marks.decimal_mark());
+    proposal.thousands_separator =
+        settings.thousands_separator.value_or(marks.thousands_separator());
+    proposal.type_options = settings.type_options;
+    if (proposal.decimal_mark != 0) {
+        proposal.type_options.decimal_separator = proposal.decimal_mark;
+    }
+    proposal.type_options.thousands_separator = proposal.thousands_separator;
+    proposal.columns = columns_of(reading, *sources.lines, start, proposal.type_options);
+
+    const parser::options options = options_of(reading, start, sources);
+    proposal.strategy = reading.strategy;
+    if (proposal.strategy == nullptr || !read_alike(options, *sources.options)) {
+        proposal.strategy = make_strategy(reading, options, proposal.type_options, *sources.lines);
+        output::DetectionOutputBuilder builder;
+        builder.text = sources.text;
+        builder.sample_lines = sources.sample_lines;
+        parser::read_sample(builder, proposal.strategy, false);
+    }
+    proposal.strategy->header_lines(start.first_data_line);
+
+    const RegularRun& run = reading.run;
+    proposal.regular_rows = reading.is_at_positions() ? reading.positions.kept : run.kept;
+    proposal.rows = reading.is_at_positions() ? reading.positions.all : run.all;
+    proposal.score = reading.score;
+    for (std::size_t term = 0; term < term_kinds; ++term) {
+        proposal.terms.push_back({term_names[term], reading.terms.values()[term]});
+    }
+    return proposal;
+}
+
+} // namespace textio::advice

@@ -1,0 +1,30 @@
+/// \file
+/// Makes proposals of graded readings.
+#pragma once
+
+#include "advice/reading.hpp"
+#include "textio/advice.hpp"
+#include "textio/field.hpp"
+#include "textio/type_analyzer.hpp"
+
+#include <cstddef>
+#include <string_view>
+
+namespace textio::advice {
+
+/// What a proposal is made from beside its reading.
+struct ProposalSources {
+    const Field* text = nullptr;
+    std::size_t sample_lines = 0;
+    const Settings* settings = nullptr;
+    const parser::options* options = nullptr; ///< under which the readings were made
+    const FieldArray* lines = nullptr;        ///< one field a line, with their comments
+    const FieldArray* raw_lines = nullptr;    ///< one field a line, without comments
+    const zentor::io::text::typedetection::TypeAnalyzer<false>* analyzer = nullptr;
+};
+
+/// Finds where the table of a reading begins, what its columns are, and which options read it.
+/// Reads the text once more where these differ from those of the reading.
+[[nodiscard]] Proposal make_proposal(const Reading& reading, const ProposalSources& sources);
+
+} // namespace textio::advice

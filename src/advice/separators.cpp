@@ -1,0 +1,149 @@
+#include "advice/separators.hpp"
+
+#include "advice/lines.hpp"
+#include "advice/weights.hpp"
+
+#include <algorithm>
+#include <array>
+
+namespace textio::advice {
+
+namespace {
+
+constexpr std::u16string_view never_delimiters = u" \"$'()+-@[]{}._\r\n\uFFFF";
+constexpr std::u16string_view punctuation = u":=!?%&";
+constexpr std::u16string_view framed_by_blanks = u"/<>&*^~!%";
+
+constexpr double least_share_of_common = 0.1;
+constexpr double least_share = 0.4;
+
+bool holds(std::u16string_view units, char16_t unit) {
+    return units.find(unit) != std::u16string_view::npos;
+}
+
+/// Where one sign stands in the surveyed lines.
+struct SignPlaces {
+    std::size_t times = 0;
+    std::size_t as_punctuation = 0; ///< behind something and before a blank
+    std::size_t between_blanks = 0; ///< blanks or the line's ends at both sides
+    std::size_t runs = 0;           ///< runs of the sign
+    std::size_t lines_with_single = 0;
+    std::array<std::size_t, 5> multiples{}; ///< runs whose length is a multiple of the index
+};
+
+void add_line(std::u16string_view line, char16_t sign, SignPlaces& places) {
+    bool has_single = false;
+    for (std::size_t at = line.find(sign); at != std::u16string_view::npos;) {
+        std::size_t end = at + 1;
+        while (end < line.size() && line[end] == sign) {
+            ++end;
+        }
+        const bool blank_before = at == 0 || is_blank(line[at - 1]);
+        const bool blank_behind = end == line.size() || is_blank(line[end]);
+        places.times += end - at;
+        places.as_punctuation += !blank_before && blank_behind ? end - at : 0;
+        places.between_blanks += blank_before && blank_behind ? end - at : 0;
+        ++places.runs;
+        has_single = has_single || end - at == 1;
+        for (std::size_t length = 2; length < places.multiples.size(); ++length) {
+            places.multiples[length] += (end - at) % length == 0 ? 1U : 0U;
+        }
+        at = line.find(sign, end);
+    }
+    places.lines_with_single += has_single ? 1U : 0U;
+}
+
+SignPlaces places_of(const Survey& survey, char16_t sign) {
+    SignPlaces places;
+    for (const std::u16string_view line : survey.lines) {
+        add_line(line, sign, places);
+    }
+    return places;
+}
+
+/// The length that nearly all runs of the sign are a multiple of; 1 where there is no such.
+std::size_t common_run(const SignPlaces& places, const Survey& survey) {
+    for (std::size_t length = places.multiples.size() - 1; length > 1; --length) {
+        if (places.multiples[length] * 4 >= places.runs * 3 &&
+            places.lines_with_single * 4 < survey.lines.size()) {
+            return length;
+        }
+    }
+    return 1;
+}
+
+double prior_of_sign(char16_t sign) {
+    for (const auto& known : weights::of_signs) {
+        if (known.sign == sign) {
+            return known.prior;
+        }
+    }
+    if (sign < u' ') {
+        return weights::of_control;
+    }
+    return sign >= 0x80 ? weights::of_sign_beyond : weights::of_other_sign;
+}
+
+double prior_of(char16_t sign, const SignPlaces& places) {
+    const double prior = prior_of_sign(sign);
+    if (holds(punctuation, sign) && places.as_punctuation * 5 >= places.times * 4) {
+        return prior * weights::as_punctuation;
+    }
+    if (holds(framed_by_blanks, sign) && places.between_blanks * 10 >= places.times * 9) {
+        return std::max(prior, weights::between_blanks);
+    }
+    return prior;
+}
+
+} // namespace
+
+std::vector<Separator> suggested_separators(const Survey& survey) {
+    std::vector<Separator> found;
+    for (const SignCount& count : survey.signs) {
+        const bool is_common = holds(common_delimiters_of_files, count.sign);
+        const double share = survey.share_of(count.lines);
+        if (share < (is_common ? least_share_of_common : least_share) ||
+            holds(never_delimiters, count.sign)) {
+            continue;
+        }
+        const bool needs_look = !is_common || count.sign == u'|';
+        const SignPlaces places = needs_look ? places_of(survey, count.sign) : SignPlaces{};
+        const std::size_t run = needs_look ? common_run(places, survey) : 1;
+        const double prior = is_common ? prior_of_sign(count.sign) : prior_of(count.sign, places);
+        if (run > 1) {
+            found.push_back({std::u16string(run, count.sign), prior, share});
+        }
+        if (run == 1) {
+            found.push_back({std::u16string(1, count.sign), prior, share});
+        }
+    }
+    std::stable_sort(found.begin(), found.end(), [](const Separator& left, const Separator& right) {
+        return left.prior * left.share > right.prior * right.share;
+    });
+    return found;
+}
+
+Separator named_separator(const Survey& survey, std::u16string_view delimiter) {
+    if (delimiter.empty()) {
+        return {};
+    }
+    const char16_t sign = delimiter.front();
+    return {std::u16string(delimiter), prior_of(sign, places_of(survey, sign)), survey.share(sign)};
+}
+
+bool frames_fields(const Survey& survey, char16_t quote, std::u16string_view delimiter) {
+    if (!survey.holds(quote) || delimiter.find(quote) != std::u16string_view::npos) {
+        return false;
+    }
+    std::u16string meeting(1, quote);
+    meeting.append(delimiter).push_back(quote);
+    const auto framed =
+        std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
+            const std::u16string_view text = trimmed(line);
+            return text.front() == quote || text.back() == quote ||
+                   text.find(meeting) != std::u16string_view::npos;
+        });
+    return static_cast<std::size_t>(framed) * 2 >= survey.lines.size();
+}
+
+} // namespace textio::advice

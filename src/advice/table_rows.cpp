@@ -1,0 +1,66 @@
+#include "advice/table_rows.hpp"
+
+#include "advice/lines.hpp"
+
+#include <algorithm>
+
+namespace textio::advice {
+
+TableRows::TableRows(const Reading& reading, const FieldArray& lines, std::size_t first_line,
+                     std::size_t last_line)
+    : reading_(reading),
+      sample_(reading.is_at_positions() ? lines : *reading.strategy->field_array()),
+      columns_(reading.is_at_positions() ? reading.positions.starts.size() : reading.columns),
+      next_(first_line),
+      end_(last_line < sample_.line_count() ? last_line + 1 : sample_.line_count()) {}
+
+bool TableRows::next() {
+    while (next_ < end_) {
+        line_ = next_++;
+        const auto fields = sample_.line(line_);
+        if (fields.empty()) {
+            continue;
+        }
+        cells_.assign(columns_, {});
+        if (reading_.is_at_positions()) {
+            cut(fields.front().view());
+        } else {
+            take(fields);
+        }
+        return true;
+    }
+    return false;
+}
+
+void TableRows::cut(std::u16string_view text) {
+    fields_ = columns_;
+    place_ = text.data();
+    for (std::size_t column = 0; column < columns_; ++column) {
+        cells_[column] = cell_at(text, reading_.positions, column);
+    }
+}
+
+void TableRows::take(std::span<const Field> fields) {
+    const std::size_t skipped = reading_.edges.leading ? 1 : 0;
+    fields_ = fields.size() - std::min(skipped, fields.size());
+    const std::size_t taken = std::min(columns_, fields_);
+    for (std::size_t column = 0; column < taken; ++column) {
+        cells_[column] = fields[column + skipped].view();
+    }
+    const auto filled = std::find_if(fields.begin(), fields.end(),
+                                     [](const Field& field) { return field.size != 0; });
+    place_ = filled == fields.end() ? nullptr : filled->data;
+}
+
+std::size_t first_table_line(const Reading& reading) {
+    return reading.is_at_positions() ? reading.positions.first_line : reading.run.first_line;
+}
+
+std::size_t last_table_line(const Reading& reading) {
+    if (reading.is_at_positions()) {
+        return reading.positions.last_line;
+    }
+    return reading.grid.columns == 0 ? SIZE_MAX : reading.run.last_line;
+}
+
+} // namespace textio::advice

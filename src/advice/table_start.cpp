@@ -1,0 +1,208 @@
+#include "advice/table_start.hpp"
+
+#include "advice/lines.hpp"
+#include "advice/name_words.hpp"
+#include "advice/names_above.hpp"
+#include "advice/table_rows.hpp"
+
+#include <algorithm>
+
+namespace textio::advice {
+
+namespace {
+
+bool is_typed(CellKind kind) {
+    return kind == CellKind::number || kind == CellKind::date;
+}
+
+/// How a row's cells go with the types of the columns.
+struct TypeMatch {
+    std::size_t hits = 0;   ///< numbers and dates in columns of such
+    std::size_t misses = 0; ///< texts in such columns
+};
+
+TypeMatch match_types(const TableRows::Cells& row, const CellFigures& figures, CellJudge& judge) {
+    TypeMatch match;
+    for (std::size_t column = 0; column < figures.columns.size(); ++column) {
+        if (!figures.columns[column].is_typed()) {
+            continue;
+        }
+        CellKind kind = judge.judge(row[column]);
+        if (kind == CellKind::quoted) {
+            kind = judge.judge(bare(row[column]));
+        }
+        match.hits += is_typed(kind) ? 1U : 0U;
+        match.misses += !is_typed(kind) && kind != CellKind::missing ? 1U : 0U;
+    }
+    return match;
+}
+
+/// Tells rows of data from those above them.
+class DataRows {
+public:
+    DataRows(const Reading& reading, CellJudge& judge) : figures_(reading.figures), judge_(judge) {
+        const std::size_t rows = reading.grid.rows();
+        usual_hits_ =
+            rows == 0 ? 0 : static_cast<double>(figures_.filled_typed) / static_cast<double>(rows);
+    }
+
+    /// Whether a row could be data: not fewer numbers and dates where they belong than texts, and
+    /// a third of as many as usual. A row that holds nothing there could.
+    [[nodiscard]] bool can_be_data(const TableRows::Cells& row) {
+        const TypeMatch match = match_types(row, figures_, judge_);
+        return match.hits >= match.misses &&
+               (match.hits == 0 ? match.misses == 0
+                                : 3 * static_cast<double>(match.hits) >= usual_hits_);
+    }
+
+    /// Whether a row holds something in the typed columns.
+    [[nodiscard]] bool tells_something(const TableRows::Cells& row) {
+        const TypeMatch match = match_types(row, figures_, judge_);
+        return match.hits + match.misses > 0;
+    }
+
+    /// Whether a row above the table is one of its data: all that it holds is where it belongs.
+    [[nodiscard]] bool is_surely_data(const TableRows::Cells& row) {
+        const TypeMatch match = match_types(row, figures_, judge_);
+        return match.hits > 0 && match.misses == 0 &&
+               1.5 * static_cast<double>(match.hits) >= usual_hits_;
+    }
+
+private:
+    const CellFigures& figures_;
+    CellJudge& judge_;
+    double usual_hits_ = 0;
+};
+
+/// The line of the sample with which the table begins. A run starts where rows keep its width; two
+/// rows of data further up, or one right above, belong to the table as well, and a row above those
+/// that is about as wide may hold the names.
+std::size_t start_of_table(const Reading& reading, const FieldArray& lines, DataRows& data) {
+    const std::size_t start = first_table_line(reading);
+    if (start == 0 || reading.figures.typed_columns == 0) {
+        return start;
+    }
+    TableRows rows(reading, lines, 0, start - 1);
+    std::size_t first = SIZE_MAX;     // the first row of data
+    std::size_t candidate = SIZE_MAX; // one that the next may confirm
+    std::size_t above = SIZE_MAX;     // the wide row above the candidate
+    std::size_t last_wide = SIZE_MAX;
+    while (rows.next() && first == SIZE_MAX) {
+        const bool is_wide = rows.fields() + 1 >= reading.columns;
+        const bool is_data = is_wide && data.is_surely_data(rows.cells());
+        if (is_data && candidate != SIZE_MAX) {
+            first = candidate;
+        } else if (is_data) {
+            candidate = rows.line();
+            above = last_wide;
+            first = rows.line() + 1 == start ? candidate : SIZE_MAX;
+        } else {
+            candidate = SIZE_MAX;
+        }
+        last_wide = is_wide ? rows.line() : SIZE_MAX;
+    }
+    if (first == SIZE_MAX) {
+        return start;
+    }
+    return reading.is_delimited() && above != SIZE_MAX ? above : first;
+}
+
+std::size_t cells_with_letters(const TableRows::Cells& row) {
+    return static_cast<std::size_t>(std::count_if(row.begin(), row.end(), has_letter));
+}
+
+/// Reads the head of a table row by row.
+class HeadSearch {
+public:
+    HeadSearch(const Reading& reading, const FieldArray& lines, const FieldArray& raw_lines,
+               CellJudge& judge)
+        : reading_(reading), raw_lines_(raw_lines), data_(reading, judge),
+          rows_(reading, lines, start_of_table(reading, lines, data_), last_table_line(reading)) {}
+
+    TableStart run() {
+        if (reading_.figures.typed_columns == 0) {
+            search_by_words();
+        } else {
+            search_by_types();
+        }
+        return std::move(start_);
+    }
+
+private:
+    [[nodiscard]] std::size_t text_line() const {
+        return rows_.place() == nullptr ? rows_.line() : line_of(raw_lines_, rows_.place());
+    }
+
+    void keep_first_data() {
+        start_.first_data_line = text_line();
+        start_.first_data = rows_.place();
+    }
+
+    void keep_names() {
+        start_.names_line = text_line();
+        start_.names = rows_.cells();
+    }
+
+    /// The first row names the columns, or is data.
+    void search_by_words() {
+        if (!rows_.next()) {
+            return;
+        }
+        keep_first_data();
+        if (reading_.grid.rows() != 0 && names_text_columns(rows_.cells(), reading_.grid)) {
+            keep_names();
+            if (rows_.next()) {
+                keep_first_data();
+            }
+        }
+    }
+
+    /// Rows are a head as long as they do not go with the types of the columns; the one with most
+    /// words has the names.
+    void search_by_types() {
+        constexpr std::size_t longest_head = 32;
+        std::size_t most = 0;
+        std::size_t first_line = SIZE_MAX;
+        for (std::size_t row = 0; row < longest_head && rows_.next(); ++row) {
+            first_line = std::min(first_line, text_line());
+            const bool is_first = row == 0;
+            const bool is_head = is_first && (is_row_of_years(rows_.cells(), reading_.grid) ||
+                                              !data_.tells_something(rows_.cells()));
+            if (!is_head && data_.can_be_data(rows_.cells())) {
+                keep_first_data();
+                return;
+            }
+            const std::size_t words = cells_with_letters(rows_.cells());
+            if (words > most) {
+                most = words;
+                keep_names();
+            }
+        }
+        // No row is like the others: then nothing is known of a head.
+        start_ = {};
+        start_.first_data_line = first_line == SIZE_MAX ? 0 : first_line;
+    }
+
+    const Reading& reading_;
+    const FieldArray& raw_lines_;
+    DataRows data_;
+    TableRows rows_;
+    TableStart start_;
+};
+
+} // namespace
+
+TableStart find_table_start(const Reading& reading, const FieldArray& lines,
+                            const FieldArray& raw_lines, std::u16string_view opener,
+                            CellJudge& judge) {
+    TableStart start = HeadSearch(reading, lines, raw_lines, judge).run();
+    if (start.names_line == SIZE_MAX && reading.grid.columns != 0) {
+        const NamesAbove above =
+            find_names_above(reading, raw_lines, opener, start.first_data_line);
+        start.names_line = above.line;
+        start.names = above.names;
+    }
+    return start;
+}
+
+} // namespace textio::advice

@@ -1,0 +1,110 @@
+#include "advice/text_kind.hpp"
+
+#include "advice/cell_kind.hpp"
+#include "advice/lines.hpp"
+#include "ascii.hpp"
+
+#include <algorithm>
+#include <iterator>
+#include <optional>
+
+namespace textio::advice {
+
+namespace {
+
+constexpr std::size_t most_lines = 32; ///< of the survey
+
+bool holds_any(std::u16string_view text, std::u16string_view units) {
+    return text.find_first_of(units) != std::u16string_view::npos;
+}
+
+bool ends_like_code(std::u16string_view line) {
+    return holds_any(line.substr(line.size() - 1), u"{}[](),;:") ||
+           holds_any(line.substr(0, 1), u"}]{[<");
+}
+
+bool is_bracket_line(std::u16string_view line) {
+    return line.find_first_not_of(u"{}[](),; ") == std::u16string_view::npos &&
+           holds_any(line, u"{}[]()");
+}
+
+bool has_two_digits(std::u16string_view text, std::size_t at) {
+    return at + 1 < text.size() && ascii::is_digit(text[at]) && ascii::is_digit(text[at + 1]);
+}
+
+/// What follows the time of day that stands in front of the first delimiter of a line.
+std::optional<std::u16string_view> behind_time(std::u16string_view line) {
+    constexpr std::size_t longest_stamp = 32;
+    const std::size_t end = std::min({longest_stamp, line.find_first_of(u",;\t|"), line.size()});
+    for (std::size_t at = 2; at < end; ++at) {
+        if (line[at] == u':' && has_two_digits(line, at - 2) && has_two_digits(line, at + 1)) {
+            const std::u16string_view rest = line.substr(at + 3);
+            const bool has_seconds = rest.size() > 2 && rest[0] == u':' && has_two_digits(rest, 1);
+            return has_seconds ? rest.substr(3) : rest;
+        }
+    }
+    return std::nullopt;
+}
+
+bool begins_with_thousandths(std::u16string_view text) {
+    return text.size() > 4 && text[0] == u',' && has_two_digits(text, 1) &&
+           ascii::is_digit(text[3]) && text[4] == u' ';
+}
+
+/// Words that tell how grave a message is.
+bool is_level(std::u16string_view word) {
+    constexpr std::u16string_view levels[] = {u"INFO",     u"ERROR", u"WARN",  u"WARNING",
+                                              u"DEBUG",    u"TRACE", u"FATAL", u"NOTICE",
+                                              u"CRITICAL", u"SEVERE"};
+    return std::find(std::begin(levels), std::end(levels), word) != std::end(levels);
+}
+
+/// Small words that join others to a sentence, and stand in no cell of their own.
+bool joins_words(std::u16string_view word) {
+    constexpr std::u16string_view joints[] = {u"for", u"from", u"to",  u"the",   u"of",   u"in",
+                                              u"at",  u"on",   u"is",  u"was",   u"not",  u"with",
+                                              u"by",  u"and",  u"has", u"after", u"while"};
+    return std::find(std::begin(joints), std::end(joints), word) != std::end(joints);
+}
+
+/// Whether what follows a time is a message: it has a level, or words that make a sentence.
+bool is_message(std::u16string_view text) {
+    std::size_t joints = 0;
+    while (!text.empty()) {
+        const std::size_t end = std::min(text.find_first_of(u" []():"), text.size());
+        const std::u16string_view word = text.substr(0, end);
+        if (is_level(word)) {
+            return true;
+        }
+        joints += joins_words(word) ? 1U : 0U;
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return joints >= 1;
+}
+
+} // namespace
+
+TextKind kind_of_text(const Survey& survey) {
+    std::size_t log = 0;
+    std::size_t thousandths = 0;
+    std::size_t sentences = 0;
+    std::size_t code = 0;
+    std::size_t brackets = 0;
+    const std::size_t looked_at = std::min(survey.lines.size(), most_lines);
+    for (std::size_t index = 0; index < looked_at; ++index) {
+        const std::u16string_view line = trimmed(survey.lines[index]);
+        sentences += reads_like_a_sentence(line) ? 1U : 0U;
+        code += ends_like_code(line) ? 1U : 0U;
+        brackets += is_bracket_line(line) ? 1U : 0U;
+        if (const auto rest = behind_time(line)) {
+            log += is_message(*rest) ? 1U : 0U;
+            thousandths += begins_with_thousandths(*rest) ? 1U : 0U;
+        }
+    }
+    const auto are = [&](std::size_t count, std::size_t tenths) {
+        return count * 10 >= looked_at * tenths;
+    };
+    return {are(log, 5), are(thousandths, 5), are(sentences, 5), are(code, 6) && are(brackets, 1)};
+}
+
+} // namespace textio::advice
