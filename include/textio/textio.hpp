@@ -2,6 +2,7 @@
 /// One include for the whole library.
 #pragma once
 
+#include "textio/advice.hpp"
 #include "textio/candidates.hpp"
 #include "textio/field.hpp"
 #include "textio/fixed_stream.hpp"

@@ -49,14 +49,18 @@ FieldClass class_of(const Grid& grid, std::size_t column, const TypeAnalyzer<fal
 void count_values(const Reading& reading, const FieldArray& lines, const char16_t* first_data,
                   const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
     TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
+    std::size_t data_rows = 0;
     while (rows.next()) {
         if (rows.place() != nullptr && rows.place() < first_data) {
             continue;
         }
-        for (std::size_t column = 0; column < columns.size(); ++column) {
-            const bool missing = is_missing(rows.cells()[column], type_options);
-            ++(missing ? columns[column].missing : columns[column].values);
+        ++data_rows;
+        for (std::size_t column = 0; column < rows.fields(); ++column) {
+            columns[column].values += is_missing(rows.cells()[column], type_options) ? 0U : 1U;
         }
+    }
+    for (Column& column : columns) {
+        column.missing = data_rows - column.values;
     }
 }
 

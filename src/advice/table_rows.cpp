@@ -12,7 +12,8 @@ TableRows::TableRows(const Reading& reading, const FieldArray& lines, std::size_
       sample_(reading.is_at_positions() ? lines : *reading.strategy->field_array()),
       columns_(reading.is_at_positions() ? reading.positions.starts.size() : reading.columns),
       next_(first_line),
-      end_(last_line < sample_.line_count() ? last_line + 1 : sample_.line_count()) {}
+      end_(last_line < sample_.line_count() ? last_line + 1 : sample_.line_count()),
+      cells_(columns_) {}
 
 bool TableRows::next() {
     while (next_ < end_) {
@@ -21,7 +22,7 @@ bool TableRows::next() {
         if (fields.empty()) {
             continue;
         }
-        cells_.assign(columns_, {});
+        std::fill_n(cells_.begin(), fields_, std::u16string_view());
         if (reading_.is_at_positions()) {
             cut(fields.front().view());
         } else {
@@ -33,18 +34,20 @@ bool TableRows::next() {
 }
 
 void TableRows::cut(std::u16string_view text) {
-    fields_ = columns_;
+    const auto& starts = reading_.positions.starts;
     place_ = text.data();
-    for (std::size_t column = 0; column < columns_; ++column) {
-        cells_[column] = cell_at(text, reading_.positions, column);
+    fields_ = 0;
+    while (fields_ < columns_ && starts[fields_] < text.size()) {
+        cells_[fields_] = cell_at(text, reading_.positions, fields_);
+        ++fields_;
     }
 }
 
 void TableRows::take(std::span<const Field> fields) {
-    const std::size_t skipped = reading_.edges.leading ? 1 : 0;
-    fields_ = fields.size() - std::min(skipped, fields.size());
-    const std::size_t taken = std::min(columns_, fields_);
-    for (std::size_t column = 0; column < taken; ++column) {
+    const std::size_t skipped =
+        std::min<std::size_t>(reading_.edges.leading ? 1 : 0, fields.size());
+    fields_ = std::min(columns_, fields.size() - skipped);
+    for (std::size_t column = 0; column < fields_; ++column) {
         cells_[column] = fields[column + skipped].view();
     }
     const auto filled = std::find_if(fields.begin(), fields.end(),

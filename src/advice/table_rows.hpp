@@ -6,6 +6,7 @@
 #include "textio/field.hpp"
 
 #include <cstddef>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -28,7 +29,7 @@ public:
     /// call of `next`.
     [[nodiscard]] const Cells& cells() const { return cells_; }
 
-    /// How many fields it has; for positions, as many as the table has columns.
+    /// How many of these cells the row has: those behind are missing.
     [[nodiscard]] std::size_t fields() const { return fields_; }
 
     /// The sample's line of it.
