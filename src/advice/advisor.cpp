@@ -1,9 +1,10 @@
 #include "advice/advisor.hpp"
 
 #include "advice/comments.hpp"
+#include "advice/given.hpp"
 #include "advice/lines.hpp"
 #include "advice/one_length.hpp"
-#include "advice/proposing.hpp"
+#include "advice/ranking.hpp"
 #include "advice/weights.hpp"
 #include "parser/read_sample.hpp"
 
@@ -22,69 +23,10 @@ constexpr double some_tabs = 0.1;
 
 constexpr char16_t usual_quote = u'"';
 
-/// The score that a reading is compared with where no other shows a table at all.
-constexpr double no_rival = 0.05;
-
-/// A rival below this share of the best score is not proposed, unless it is the only one.
-constexpr double least_share_of_best = 1.0 / 3;
-
 /// Whether a reading shows that its quotes may be none: it is not regular, or cells hold half a
 /// pair.
 bool has_odd_quotes(const Reading& reading) {
     return reading.run.consistency() < 1 || reading.figures.broken != 0;
-}
-
-parser::options options_of(const Settings& settings) {
-    parser::options options = settings.options;
-    options.delimiters.clear();
-    options.field_widths.clear();
-    options.excluded_delimiter.clear();
-    options.header_lines = SIZE_MAX;
-    options.detect_header_lines = true;
-    options.layout_hint = parser::layout::open;
-    options.comment_style = settings.comment_style.value_or(std::vector<std::u16string>());
-    options.quote = settings.quote.value_or(usual_quote);
-    options.empty_line_rule = parser::empty_line::keep;
-    options.leading_delimiters_rule = parser::leading_delimiters::keep;
-    options.trailing_delimiters_rule = parser::trailing_delimiters::keep;
-    options.consecutive_delimiters_rule = parser::consecutive_delimiters::separate;
-    options.partial_field_rule = parser::partial_field::keep;
-    return options;
-}
-
-/// Whether two readings are the same to a person: only the better one is proposed.
-bool are_alike(const Reading& one, const Reading& other) {
-    return one.mode == other.mode && one.delimiter == other.delimiter &&
-           one.columns == other.columns;
-}
-
-/// Columns of given widths, which all lines keep.
-Positions positions_of_widths(const std::vector<std::size_t>& widths, const FieldArray& lines) {
-    Positions positions;
-    std::size_t start = 0;
-    for (const std::size_t width : widths) {
-        positions.starts.push_back(start);
-        start = start < SIZE_MAX - width ? start + width : SIZE_MAX;
-    }
-    if (positions.starts.empty()) {
-        positions.starts.push_back(0);
-    }
-    positions.last_line = lines.line_count() - 1;
-    positions.kept = lines.fields.size();
-    positions.rows = positions.kept;
-    positions.all = positions.kept;
-    positions.alignment = 1;
-    positions.has_ruler = true;
-    positions.has_padding = true;
-    return positions;
-}
-
-TypeAnalyzerOptions type_options_of(const Settings& settings) {
-    TypeAnalyzerOptions options = settings.type_options;
-    options.decimal_separator = settings.decimal_mark.value_or(options.decimal_separator);
-    options.thousands_separator =
-        settings.thousands_separator.value_or(options.thousands_separator);
-    return options;
 }
 
 } // namespace
@@ -104,10 +46,7 @@ Advice Advisor::run() {
     }
     add_line_reading();
     weigh_against_context(readings_, context());
-    std::stable_sort(
-        readings_.begin(), readings_.end(),
-        [](const Reading& left, const Reading& right) { return left.score > right.score; });
-    return propose();
+    return rank(std::move(readings_), sources());
 }
 
 /// Reads the text line by line, with and, where it has some, without its comments.
@@ -235,7 +174,7 @@ void Advisor::add_line_reading() {
     readings_.push_back(std::move(reading));
 }
 
-Advice Advisor::propose() {
+ProposalSources Advisor::sources() const {
     ProposalSources sources;
     sources.text = &text_;
     sources.sample_lines = sample_lines_;
@@ -244,23 +183,7 @@ Advice Advisor::propose() {
     sources.lines = lines_->field_array();
     sources.raw_lines = raw_lines_->field_array();
     sources.analyzer = &analyzer_;
-    Advice advice;
-    const Reading& best = readings_.front();
-    advice.confidence = confidence();
-    advice.is_table = !best.is_line_by_line();
-    std::vector<const Reading*> proposed;
-    for (const Reading& reading : readings_) {
-        const bool is_rival =
-            reading.score >= least_share_of_best * best.score &&
-            proposed.size() < settings_.proposal_limit &&
-            std::none_of(proposed.begin(), proposed.end(),
-                         [&](const Reading* other) { return are_alike(reading, *other); });
-        if (proposed.empty() || is_rival) {
-            proposed.push_back(&reading);
-            advice.proposals.push_back(make_proposal(reading, sources));
-        }
-    }
-    return advice;
+    return sources;
 }
 
 void Advisor::add_delimited(const Separator& separator, char16_t quote) {
@@ -360,21 +283,6 @@ parser::options Advisor::options_with(char16_t quote) const {
 
 GradingContext Advisor::context() const {
     return {lines_->field_array(), &survey_, &analyzer_};
-}
-
-/// The best score over the best one that cuts the rows otherwise.
-double Advisor::confidence() const {
-    const Reading& best = readings_.front();
-    double rival = no_rival;
-    for (const Reading& reading : readings_) {
-        const bool cuts_alike =
-            (reading.mode == best.mode && reading.delimiter == best.delimiter) ||
-            (!reading.is_delimited() && !best.is_delimited() && reading.columns == best.columns);
-        if (!cuts_alike) {
-            rival = std::max(rival, reading.score);
-        }
-    }
-    return std::max(1.0, best.score / rival);
 }
 
 } // namespace textio::advice

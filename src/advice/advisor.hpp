@@ -3,6 +3,7 @@
 #pragma once
 
 #include "advice/grading.hpp"
+#include "advice/proposing.hpp"
 #include "advice/reading.hpp"
 #include "advice/separators.hpp"
 #include "advice/survey.hpp"
@@ -36,7 +37,6 @@ private:
     void find_columns_at_positions();
     void grade_best_positions(std::vector<Reading> begun);
     void add_line_reading();
-    Advice propose();
 
     void add_delimited(const Separator& separator, char16_t quote);
     void add_blank_separated(char16_t quote, double prior);
@@ -51,7 +51,7 @@ private:
     [[nodiscard]] bool blanks_will_do() const;
     [[nodiscard]] parser::options options_with(char16_t quote) const;
     [[nodiscard]] GradingContext context() const;
-    [[nodiscard]] double confidence() const;
+    [[nodiscard]] ProposalSources sources() const;
 
     const Field& text_;
     std::size_t sample_lines_;
@@ -62,7 +62,7 @@ private:
     std::shared_ptr<GenericStrategy> raw_lines_; ///< the text line by line, comments included
     std::shared_ptr<GenericStrategy> lines_;     ///< and without them
     Survey survey_;
-    std::vector<Reading> readings_; ///< best first at the end
+    std::vector<Reading> readings_; ///< as they were made
     std::size_t reads_ = 0;
 };
 

@@ -68,22 +68,33 @@ bool have_same_shape(std::u16string_view left, std::u16string_view right) {
 } // namespace
 
 bool stands_for_nothing(std::u16string_view text) noexcept {
-    constexpr std::u16string_view signs = u"-?.*";
     constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
                                              u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
-    constexpr std::u16string_view first_units = u"Nn#\\(";
     constexpr std::size_t longest = 6;
     if (text.empty()) {
         return true;
     }
-    const char16_t first = text.front();
-    if (signs.find(first) != std::u16string_view::npos) {
-        return text.size() <= 3 && text.find_first_not_of(first) == std::u16string_view::npos;
+    if (text.size() > longest) {
+        return false;
     }
-    return text.size() <= longest && first_units.find(first) != std::u16string_view::npos &&
-           std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
-               return ascii::equals_ignoring_case(text, word);
-           });
+    switch (text.front()) {
+    case u'-':
+    case u'?':
+    case u'.':
+    case u'*':
+        return text.size() <= 3 &&
+               text.find_first_not_of(text.front()) == std::u16string_view::npos;
+    case u'N':
+    case u'n':
+    case u'#':
+    case u'\\':
+    case u'(':
+        return std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
+            return ascii::equals_ignoring_case(text, word);
+        });
+    default:
+        return false;
+    }
 }
 
 bool reads_like_a_sentence(std::u16string_view text) noexcept {

@@ -5,6 +5,7 @@
 #include "advice/name_words.hpp"
 #include "advice/number_shape.hpp"
 #include "advice/table_rows.hpp"
+#include "ascii.hpp"
 
 #include <algorithm>
 #include <array>
@@ -22,12 +23,15 @@ constexpr std::size_t classified_cells = 9;
 
 constexpr std::size_t class_limit = 13;
 
-/// Whether a cell holds no value. Most cells do, and that is seen at once.
+/// Whether a cell holds no value. Most cells do, and their first unit tells.
 bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_options) {
+    const auto& missing = type_options.treat_as_missing;
+    if (missing.empty() && !cell.empty() && ascii::is_digit(cell.front())) {
+        return false;
+    }
     const std::u16string_view text = trimmed(cell);
     return stands_for_nothing(text) ||
-           std::find(type_options.treat_as_missing.begin(), type_options.treat_as_missing.end(),
-                     text) != type_options.treat_as_missing.end();
+           std::find(missing.begin(), missing.end(), text) != missing.end();
 }
 
 /// What most of the looked-at values of a column are.
