@@ -45,7 +45,7 @@ FieldClass class_of(const Grid& grid, std::size_t column, const TypeAnalyzer<fal
         }
     }
     counts[static_cast<std::size_t>(FieldClass::unknown)] = 0;
-    const auto most = std::max_element(counts.begin(), counts.end());
+    const auto* const most = std::max_element(counts.begin(), counts.end());
     return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts.begin());
 }
 

@@ -22,25 +22,31 @@ bool is_punctuation(const Reading& reading) {
            marks.find(reading.delimiter) != std::u16string_view::npos;
 }
 
+/// Whether a reading has nothing but words in its cells.
+bool holds_words_alone(const Reading& reading) {
+    return reading.figures.typed_columns == 0 && reading.figures.quoted == 0;
+}
+
+/// Whether a reading cuts at the marks in a log's stamps.
+bool cuts_stamps(const Reading& reading, const TextKind& text) {
+    return reading.delimiter == u":" || (reading.delimiter == u"," && text.log_has_commas);
+}
+
 /// Logs, prose and code hold blanks, and marks of punctuation, that separate nothing.
-void weigh_as_text(std::vector<Reading>& readings, const TextKind& text) {
-    for (Reading& reading : readings) {
-        const bool is_mark = is_punctuation(reading);
-        const bool is_text_of_words =
-            reading.figures.typed_columns == 0 && reading.figures.quoted == 0;
-        const bool is_cut_at_blanks = reading.is_blank_separated() || reading.is_at_positions();
-        const bool is_in_stamp =
-            reading.delimiter == u":" || (reading.delimiter == u"," && text.log_has_commas);
-        if (text.is_log && (is_cut_at_blanks || is_in_stamp)) {
-            weigh(reading, weights::log);
-        }
-        if (text.is_prose && is_text_of_words && (is_mark || reading.is_blank_separated())) {
-            weigh(reading, weights::prose);
-        }
-        if (text.is_code && (is_mark || is_cut_at_blanks)) {
-            weigh(reading, weights::code);
-        }
+double text_factor(const Reading& reading, const TextKind& text) {
+    const bool at_marks = is_punctuation(reading);
+    const bool at_blanks = reading.is_blank_separated() || reading.is_at_positions();
+    double factor = 1;
+    if (text.is_log && (at_blanks || cuts_stamps(reading, text))) {
+        factor *= weights::log;
     }
+    if (text.is_prose && holds_words_alone(reading) && (at_marks || reading.is_blank_separated())) {
+        factor *= weights::prose;
+    }
+    if (text.is_code && (at_marks || at_blanks)) {
+        factor *= weights::code;
+    }
+    return factor;
 }
 
 bool are_columns(const Reading& reading) {
@@ -112,8 +118,8 @@ void weigh_against_context(std::vector<Reading>& readings, const GradingContext&
     weigh_blanks_by_positions(readings, *context.survey);
     weigh_positions_by_blanks(readings);
     const TextKind text = kind_of_text(*context.survey);
-    weigh_as_text(readings, text);
     for (Reading& reading : readings) {
+        weigh(reading, text_factor(reading, text));
         if (reading.is_line_by_line() && text.is_log) {
             reading.terms[TermKind::prior] =
                 std::max(reading.terms[TermKind::prior], weights::of_log_lines);

@@ -2,9 +2,9 @@
 
 #include "advice/flush_columns.hpp"
 #include "advice/name_words.hpp"
+#include "advice/number_shape.hpp"
 #include "advice/tagged_records.hpp"
 #include "advice/weights.hpp"
-#include "ascii.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -42,38 +42,6 @@ std::size_t width_of_first_row(const FieldArray& sample) {
         }
     }
     return 0;
-}
-
-/// Whether commas cut numbers in two: all cells are digits, behind the last comma stand as many on
-/// every row, some with a 0 in front, and what stands between commas are groups of three.
-bool cuts_numbers(const Grid& grid) {
-    if (grid.columns > 3 || grid.rows() < 3) {
-        return false;
-    }
-    bool has_zero = false;
-    std::size_t digits = 0;
-    for (std::size_t row = 0; row < grid.rows(); ++row) {
-        const std::u16string_view lead = grid.cell(row, 0);
-        const std::size_t lead_digits = ascii::skip_digits(lead, ascii::skip_sign(lead, 0));
-        if (lead.empty() || lead_digits != lead.size() || (grid.columns > 2 && lead.size() > 4)) {
-            return false;
-        }
-        if (grid.columns > 2) {
-            const std::u16string_view group = grid.cell(row, 1);
-            if (group.size() != 3 || ascii::skip_digits(group, 0) != 3) {
-                return false;
-            }
-        }
-        const std::u16string_view last = grid.cell(row, grid.columns - 1);
-        const std::size_t end = ascii::skip_digits(last, 0);
-        const bool is_group = end == 3 && end < last.size() && last[end] == u'.';
-        if (end < 2 || (end != last.size() && !is_group) || (row > 0 && end != digits)) {
-            return false;
-        }
-        digits = end;
-        has_zero = has_zero || last.front() == u'0';
-    }
-    return has_zero;
 }
 
 /// Words with single blanks between them are text, unless the first row names columns.

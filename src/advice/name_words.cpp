@@ -107,6 +107,61 @@ private:
     std::size_t column_;
 };
 
+bool starts_upper(std::u16string_view text) {
+    return ascii::is_upper(text.front());
+}
+
+bool is_all_upper(std::u16string_view text) {
+    return std::none_of(text.begin(), text.end(),
+                        [](char16_t unit) { return unit >= u'a' && unit <= u'z'; });
+}
+
+bool has_blank(std::u16string_view text) {
+    return text.find(u' ') != std::u16string_view::npos;
+}
+
+bool has_underscore(std::u16string_view text) {
+    return text.find(u'_') != std::u16string_view::npos;
+}
+
+/// What the digits of a name and of the values say: names have few.
+double likeness_by_digits(std::u16string_view name, const ColumnBelow& below) {
+    if (!has_digit(name)) {
+        return below.share(has_digit) > 0.6 ? 1 : 0;
+    }
+    const bool is_like_values =
+        below.share([&](auto text) { return have_one_pattern(text, name); }) > 0.5;
+    return (is_like_values ? -2 : 0) - (below.share(has_digit) > 0.9 ? 0.5 : 0);
+}
+
+/// What the case of a name and of the values says: they differ.
+double likeness_by_case(std::u16string_view name, const ColumnBelow& below) {
+    double likeness = 0;
+    if (ascii::is_letter(name.front()) && !starts_upper(name) && below.share(starts_upper) > 0.8) {
+        likeness += 1;
+    }
+    if (is_all_upper(name) != (below.share(is_all_upper) > 0.5)) {
+        likeness += is_all_upper(name) ? 0.8 : 0.4;
+    }
+    return likeness;
+}
+
+/// What lengths and blanks say: a name is one word over values of several, or of another length.
+double likeness_by_form(std::u16string_view name, const ColumnBelow& below) {
+    double likeness = 0;
+    if (!has_blank(name) && below.share(has_blank) > 0.6) {
+        likeness += 0.5;
+    }
+    if (has_underscore(name) && below.share(has_underscore) < 0.2) {
+        likeness += 1;
+    }
+    const std::size_t length = name.size();
+    const auto is_of_another_length = [&](std::u16string_view text) {
+        return text.size() > 2 * length + 2 || length > 2 * text.size() + 2;
+    };
+    return likeness + (below.share(is_of_another_length) > 0.8 ? 0.5 : 0);
+}
+
 /// How much more a text looks like a column's name than like one of its values.
 double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
     const std::u16string_view name = bare(cell);
@@ -116,49 +171,12 @@ double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
     if (below.share([&](auto text) { return equal_texts(text, name); }) > 0) {
         return -3;
     }
-    double likeness = is_usual_name(name) ? 1.5 : 0;
-    if (has_digit(name) &&
-        below.share([&](auto text) { return have_one_pattern(text, name); }) > 0.5) {
-        likeness -= 2;
-    }
     if (!has_letter(name)) {
         return -2;
     }
-    if (below.repeats()) {
-        likeness += 1;
-    }
-    if (!has_digit(name) && below.share(has_digit) > 0.6) {
-        likeness += 1;
-    }
-    if (has_digit(name) && below.share(has_digit) > 0.9) {
-        likeness -= 0.5;
-    }
-    const auto starts_upper = [](auto text) { return ascii::is_upper(text.front()); };
-    if (ascii::is_letter(name.front()) && !starts_upper(name) && below.share(starts_upper) > 0.8) {
-        likeness += 1;
-    }
-    const auto is_all_upper = [](auto text) {
-        return std::none_of(text.begin(), text.end(),
-                            [](char16_t unit) { return unit >= u'a' && unit <= u'z'; });
-    };
-    if (is_all_upper(name) != (below.share(is_all_upper) > 0.5)) {
-        likeness += is_all_upper(name) ? 0.8 : 0.4;
-    }
-    const auto has_blank = [](auto text) { return text.find(u' ') != std::u16string_view::npos; };
-    if (!has_blank(name) && below.share(has_blank) > 0.6) {
-        likeness += 0.5;
-    }
-    if (name.find(u'_') != std::u16string_view::npos &&
-        below.share([](auto text) { return text.find(u'_') != std::u16string_view::npos; }) < 0.2) {
-        likeness += 1;
-    }
-    const std::size_t length = name.size();
-    if (below.share([&](auto text) {
-            return text.size() > 2 * length + 2 || length > 2 * text.size() + 2;
-        }) > 0.8) {
-        likeness += 0.5;
-    }
-    return likeness;
+    return (is_usual_name(name) ? 1.5 : 0) + (below.repeats() ? 1 : 0) +
+           likeness_by_digits(name, below) + likeness_by_case(name, below) +
+           likeness_by_form(name, below);
 }
 
 } // namespace

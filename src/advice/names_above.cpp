@@ -88,39 +88,56 @@ Words words_over_columns(const Positions& positions, std::u16string_view heading
     return words;
 }
 
+/// What one line above a table says.
+struct HeadingLine {
+    bool has_names = false;
+    bool is_comment = false;
+    std::size_t parts = 0; ///< parts that it was cut into
+    Words names;           ///< empty if they cannot be told apart
+};
+
+HeadingLine heading_at(const Reading& reading, const FieldArray& raw_lines,
+                       std::u16string_view opener, std::size_t line) {
+    HeadingLine heading;
+    const std::u16string_view text = text_of(raw_lines, line);
+    heading.is_comment = is_comment(text, opener);
+    const std::u16string_view said =
+        heading.is_comment ? without_opener(text, opener) : trimmed(text);
+    if (!has_letter(said)) {
+        return heading;
+    }
+    Words parts = parts_of(reading, said, heading.is_comment);
+    heading.parts = parts.size();
+    const bool fits = parts.size() == reading.columns;
+    const bool heads = !reading.is_delimited() && can_head(parts.size(), reading.columns) &&
+                       (!heading.is_comment || reading.is_at_positions());
+    heading.has_names = (fits || heads) && !are_mostly_numbers(parts);
+    if (heading.has_names && fits) {
+        heading.names = std::move(parts);
+    } else if (heading.has_names && reading.is_at_positions() && !heading.is_comment) {
+        heading.names = words_over_columns(reading.positions, text);
+    }
+    return heading;
+}
+
 } // namespace
 
 NamesAbove find_names_above(const Reading& reading, const FieldArray& raw_lines,
                             std::u16string_view opener, std::size_t first_data_line) {
     constexpr std::size_t most_lines = 4;
     NamesAbove found;
-    std::size_t looked_at = 0;
     std::size_t line = std::min(first_data_line, raw_lines.line_count());
-    while (line-- > 0 && looked_at++ < most_lines) {
-        const std::u16string_view text = text_of(raw_lines, line);
-        const bool comment = is_comment(text, opener);
-        const std::u16string_view said = comment ? without_opener(text, opener) : trimmed(text);
-        const bool has_names = found.line != SIZE_MAX;
-        Words parts;
-        if (has_letter(said)) {
-            parts = parts_of(reading, said, comment);
+    for (std::size_t looked_at = 0; line-- > 0 && looked_at < most_lines; ++looked_at) {
+        const HeadingLine heading = heading_at(reading, raw_lines, opener, line);
+        if (heading.has_names) {
+            found.line = line;
+            found.names = heading.names;
         }
-        const bool fits = parts.size() == reading.columns;
-        const bool heads = !reading.is_delimited() && can_head(parts.size(), reading.columns) &&
-                           (!comment || reading.is_at_positions());
-        if ((!fits && !heads) || are_mostly_numbers(parts)) {
-            // A ruler or a single word may stand between the names and the data, no sentence.
-            if (has_names || parts.size() > 1) {
-                break;
-            }
-            continue;
-        }
-        found.line = line;
-        found.names = fits ? std::move(parts) : Words();
-        if (!fits && !comment && reading.is_at_positions()) {
-            found.names = words_over_columns(reading.positions, text);
-        }
-        if (!comment) {
+        // A ruler or a single word may stand between the names and the data, no sentence. Names in
+        // comments may have a line of types below them.
+        const bool ends =
+            heading.has_names ? !heading.is_comment : found.line != SIZE_MAX || heading.parts > 1;
+        if (ends) {
             break;
         }
     }

@@ -67,6 +67,23 @@ bool scan_exponent(NumberScan& scan) {
     return true;
 }
 
+constexpr std::size_t group_digits = 3;
+
+bool are_digits(std::u16string_view text) {
+    return !text.empty() && ascii::skip_digits(text, ascii::skip_sign(text, 0)) == text.size();
+}
+
+bool is_group(std::u16string_view text) {
+    return text.size() == group_digits && ascii::skip_digits(text, 0) == group_digits;
+}
+
+/// The digits behind the last comma, if nothing follows them but the point of a group; or 0.
+std::size_t last_digits(std::u16string_view text) {
+    const std::size_t end = ascii::skip_digits(text, 0);
+    const bool has_point = end == group_digits && end < text.size() && text[end] == u'.';
+    return end == text.size() || has_point ? end : 0;
+}
+
 } // namespace
 
 bool looks_like_number(std::u16string_view text) noexcept {
@@ -87,6 +104,29 @@ bool looks_like_number(std::u16string_view text) noexcept {
         ++scan.at;
     }
     return scan.ended();
+}
+
+bool cuts_numbers(const Grid& grid) noexcept {
+    constexpr std::size_t most_parts = 3;
+    constexpr std::size_t least_digits = 2;
+    if (grid.columns > most_parts || grid.rows() < 3) {
+        return false;
+    }
+    const bool has_groups = grid.columns == most_parts;
+    const std::size_t digits = last_digits(grid.cell(0, grid.columns - 1));
+    bool has_zero = false;
+    for (std::size_t row = 0; row < grid.rows(); ++row) {
+        const std::u16string_view lead = grid.cell(row, 0);
+        const std::u16string_view last = grid.cell(row, grid.columns - 1);
+        const bool has_lead =
+            are_digits(lead) &&
+            (!has_groups || (lead.size() <= group_digits + 1 && is_group(grid.cell(row, 1))));
+        if (!has_lead || digits < least_digits || last_digits(last) != digits) {
+            return false;
+        }
+        has_zero = has_zero || last.front() == u'0';
+    }
+    return has_zero;
 }
 
 } // namespace textio::advice

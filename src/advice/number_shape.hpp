@@ -2,6 +2,8 @@
 /// What a number looks like before its marks are known.
 #pragma once
 
+#include "advice/grid.hpp"
+
 #include <string_view>
 
 namespace textio::advice {
@@ -10,5 +12,10 @@ namespace textio::advice {
 /// without thousands separators, a sign, a currency sign or `<` in front, an exponent or `%`
 /// behind.
 [[nodiscard]] bool looks_like_number(std::u16string_view text) noexcept;
+
+/// Whether the commas between the cells of a grid cut numbers in two: all cells are digits, behind
+/// the last comma stand as many on every row, some with a 0 in front, and what stands between two
+/// commas are groups of three.
+[[nodiscard]] bool cuts_numbers(const Grid& grid) noexcept;
 
 } // namespace textio::advice

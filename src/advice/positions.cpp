@@ -14,40 +14,49 @@ namespace textio::advice {
 
 namespace {
 
+/// Finds the run of lines that keeps given columns best, while the lines pass by.
+class PositionsRun {
+public:
+    explicit PositionsRun(Positions& positions) : positions_(positions) {}
+
+    void add(std::size_t line, bool keeps) {
+        if (sum_ <= 0) {
+            sum_ = 0;
+            start_ = line;
+            kept_ = 0;
+            rows_ = 0;
+        }
+        sum_ += keeps ? 1 : -2;
+        kept_ += keeps ? 1U : 0U;
+        ++rows_;
+        ++positions_.behind;
+        if (sum_ > best_) {
+            best_ = sum_;
+            positions_.first_line = start_;
+            positions_.last_line = line;
+            positions_.kept = kept_;
+            positions_.rows = rows_;
+            positions_.behind = 0;
+        }
+    }
+
+private:
+    Positions& positions_;
+    std::ptrdiff_t sum_ = 0;
+    std::ptrdiff_t best_ = 0;
+    std::size_t start_ = 0;
+    std::size_t kept_ = 0;
+    std::size_t rows_ = 0;
+};
+
 /// Fills in the run of lines from `first` on that keeps the columns best, as rows keep a width.
 void find_run(const FieldArray& lines, std::size_t first, Positions& positions) {
-    std::ptrdiff_t sum = 0;
-    std::ptrdiff_t best = 0;
-    std::size_t start = first;
-    std::size_t kept = 0;
-    std::size_t rows = 0;
-    for (std::size_t line = 0; line < lines.line_count(); ++line) {
+    positions.all = lines.fields.size();
+    PositionsRun run(positions);
+    for (std::size_t line = first; line < lines.line_count(); ++line) {
         const auto text = text_of(lines, line);
-        if (text.empty()) {
-            continue;
-        }
-        ++positions.all;
-        positions.behind += line > positions.last_line && best > 0 ? 1U : 0U;
-        if (line < first) {
-            continue;
-        }
-        const bool keeps = !is_crossed(text, positions.starts);
-        if (sum <= 0) {
-            sum = 0;
-            start = line;
-            kept = 0;
-            rows = 0;
-        }
-        sum += keeps ? 1 : -2;
-        kept += keeps ? 1U : 0U;
-        ++rows;
-        if (sum > best) {
-            best = sum;
-            positions.first_line = start;
-            positions.last_line = line;
-            positions.kept = kept;
-            positions.rows = rows;
-            positions.behind = 0;
+        if (!text.empty()) {
+            run.add(line, !is_crossed(text, positions.starts));
         }
     }
 }

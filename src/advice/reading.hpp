@@ -41,8 +41,6 @@ inline constexpr std::array<std::string_view, term_kinds> term_names = {
 /// The factors of one reading; one that says nothing is 1.
 class Terms {
 public:
-    Terms() { values_.fill(1); }
-
     double& operator[](TermKind kind) { return values_[static_cast<std::size_t>(kind)]; }
     double operator[](TermKind kind) const { return values_[static_cast<std::size_t>(kind)]; }
     [[nodiscard]] const std::array<double, term_kinds>& values() const { return values_; }
@@ -57,7 +55,7 @@ public:
     }
 
 private:
-    std::array<double, term_kinds> values_;
+    std::array<double, term_kinds> values_ = {1, 1, 1, 1, 1, 1, 1, 1, 1, 1};
 };
 
 /// A reading of the text. The sample belongs to the strategy; grid and figures are of the table

@@ -31,23 +31,26 @@ struct SignPlaces {
     std::array<std::size_t, 5> multiples{}; ///< runs whose length is a multiple of the index
 };
 
+/// Takes in a run of the sign, from `at` up to `end` of the line.
+void add_run(std::u16string_view line, std::size_t at, std::size_t end, SignPlaces& places) {
+    const std::size_t length = end - at;
+    const bool blank_before = at == 0 || is_blank(line[at - 1]);
+    const bool blank_behind = end == line.size() || is_blank(line[end]);
+    places.times += length;
+    places.as_punctuation += !blank_before && blank_behind ? length : 0;
+    places.between_blanks += blank_before && blank_behind ? length : 0;
+    ++places.runs;
+    for (std::size_t divisor = 2; divisor < places.multiples.size(); ++divisor) {
+        places.multiples[divisor] += length % divisor == 0 ? 1U : 0U;
+    }
+}
+
 void add_line(std::u16string_view line, char16_t sign, SignPlaces& places) {
     bool has_single = false;
     for (std::size_t at = line.find(sign); at != std::u16string_view::npos;) {
-        std::size_t end = at + 1;
-        while (end < line.size() && line[end] == sign) {
-            ++end;
-        }
-        const bool blank_before = at == 0 || is_blank(line[at - 1]);
-        const bool blank_behind = end == line.size() || is_blank(line[end]);
-        places.times += end - at;
-        places.as_punctuation += !blank_before && blank_behind ? end - at : 0;
-        places.between_blanks += blank_before && blank_behind ? end - at : 0;
-        ++places.runs;
+        const std::size_t end = std::min(line.find_first_not_of(sign, at), line.size());
+        add_run(line, at, end, places);
         has_single = has_single || end - at == 1;
-        for (std::size_t length = 2; length < places.multiples.size(); ++length) {
-            places.multiples[length] += (end - at) % length == 0 ? 1U : 0U;
-        }
         at = line.find(sign, end);
     }
     places.lines_with_single += has_single ? 1U : 0U;
@@ -64,12 +67,17 @@ SignPlaces places_of(const Survey& survey, char16_t sign) {
 /// The length that nearly all runs of the sign are a multiple of; 1 where there is no such.
 std::size_t common_run(const SignPlaces& places, const Survey& survey) {
     for (std::size_t length = places.multiples.size() - 1; length > 1; --length) {
-        if (places.multiples[length] * 4 >= places.runs * 3 &&
+        if (places.runs != 0 && places.multiples[length] * 4 >= places.runs * 3 &&
             places.lines_with_single * 4 < survey.lines.size()) {
             return length;
         }
     }
     return 1;
+}
+
+/// Fields between `,` `;` and tabs are often empty: two of these in a row are no sign of their own.
+bool can_be_doubled(char16_t sign) {
+    return sign != u',' && sign != u';' && sign != u'\t';
 }
 
 double prior_of_sign(char16_t sign) {
@@ -106,16 +114,10 @@ std::vector<Separator> suggested_separators(const Survey& survey) {
             holds(never_delimiters, count.sign)) {
             continue;
         }
-        const bool needs_look = !is_common || count.sign == u'|';
-        const SignPlaces places = needs_look ? places_of(survey, count.sign) : SignPlaces{};
-        const std::size_t run = needs_look ? common_run(places, survey) : 1;
-        const double prior = is_common ? prior_of_sign(count.sign) : prior_of(count.sign, places);
-        if (run > 1) {
-            found.push_back({std::u16string(run, count.sign), prior, share});
-        }
-        if (run == 1) {
-            found.push_back({std::u16string(1, count.sign), prior, share});
-        }
+        const SignPlaces places =
+            can_be_doubled(count.sign) ? places_of(survey, count.sign) : SignPlaces{};
+        found.push_back({std::u16string(common_run(places, survey), count.sign),
+                         prior_of(count.sign, places), share});
     }
     std::stable_sort(found.begin(), found.end(), [](const Separator& left, const Separator& right) {
         return left.prior * left.share > right.prior * right.share;

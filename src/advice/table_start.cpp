@@ -74,37 +74,53 @@ private:
     double usual_hits_ = 0;
 };
 
-/// The line of the sample with which the table begins. A run starts where rows keep its width; two
-/// rows of data further up, or one right above, belong to the table as well, and a row above those
-/// that is about as wide may hold the names.
+/// Looks for rows of data above the run: two in a row, or one right above it.
+class EarlierRows {
+public:
+    explicit EarlierRows(std::size_t run_start) : run_start_(run_start) {}
+
+    void add(std::size_t line, bool is_wide, bool is_data) {
+        if (is_data && candidate_ != SIZE_MAX) {
+            first_ = candidate_;
+        } else if (is_data) {
+            candidate_ = line;
+            above_ = last_wide_;
+            first_ = line + 1 == run_start_ ? line : SIZE_MAX;
+        } else {
+            candidate_ = SIZE_MAX;
+        }
+        last_wide_ = is_wide ? line : SIZE_MAX;
+    }
+
+    /// The first of them; `SIZE_MAX` while there is none.
+    [[nodiscard]] std::size_t first() const { return first_; }
+
+    /// The row above that one, if it is about as wide as the table; it may hold the names.
+    [[nodiscard]] std::size_t above() const { return above_; }
+
+private:
+    std::size_t run_start_;
+    std::size_t first_ = SIZE_MAX;
+    std::size_t candidate_ = SIZE_MAX; ///< a row that the next may confirm
+    std::size_t above_ = SIZE_MAX;
+    std::size_t last_wide_ = SIZE_MAX;
+};
+
+/// The line of the sample with which the table begins. A run starts where rows keep its width; rows
+/// of data further up belong to the table as well.
 std::size_t start_of_table(const Reading& reading, const FieldArray& lines, DataRows& data) {
     const std::size_t start = first_table_line(reading);
     if (start == 0 || reading.figures.typed_columns == 0) {
         return start;
     }
     TableRows rows(reading, lines, 0, start - 1);
-    std::size_t first = SIZE_MAX;     // the first row of data
-    std::size_t candidate = SIZE_MAX; // one that the next may confirm
-    std::size_t above = SIZE_MAX;     // the wide row above the candidate
-    std::size_t last_wide = SIZE_MAX;
-    while (rows.next() && first == SIZE_MAX) {
+    EarlierRows earlier(start);
+    while (earlier.first() == SIZE_MAX && rows.next()) {
         const bool is_wide = rows.fields() + 1 >= reading.columns;
-        const bool is_data = is_wide && data.is_surely_data(rows.cells());
-        if (is_data && candidate != SIZE_MAX) {
-            first = candidate;
-        } else if (is_data) {
-            candidate = rows.line();
-            above = last_wide;
-            first = rows.line() + 1 == start ? candidate : SIZE_MAX;
-        } else {
-            candidate = SIZE_MAX;
-        }
-        last_wide = is_wide ? rows.line() : SIZE_MAX;
+        earlier.add(rows.line(), is_wide, is_wide && data.is_surely_data(rows.cells()));
     }
-    if (first == SIZE_MAX) {
-        return start;
-    }
-    return reading.is_delimited() && above != SIZE_MAX ? above : first;
+    const bool may_have_names = reading.is_delimited() && earlier.above() != SIZE_MAX;
+    return earlier.first() == SIZE_MAX ? start : may_have_names ? earlier.above() : earlier.first();
 }
 
 std::size_t cells_with_letters(const TableRows::Cells& row) {

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <array>
+#include <span>
 #include <string_view>
 
 namespace textio::advice {
@@ -24,8 +25,8 @@ bool is_tag(std::u16string_view text) {
 class TagSet {
 public:
     void add(std::u16string_view tag) {
-        const auto end = tags_.begin() + static_cast<std::ptrdiff_t>(size_);
-        if (size_ < tags_.size() && std::find(tags_.begin(), end, tag) == end) {
+        const auto known = std::span(tags_).first(size_);
+        if (size_ < tags_.size() && std::find(known.begin(), known.end(), tag) == known.end()) {
             tags_[size_++] = tag;
         }
     }

@@ -82,29 +82,38 @@ bool is_message(std::u16string_view text) {
     return joints >= 1;
 }
 
-} // namespace
-
-TextKind kind_of_text(const Survey& survey) {
-    std::size_t log = 0;
+/// How many lines are what.
+struct Counts {
+    std::size_t messages = 0;
     std::size_t thousandths = 0;
     std::size_t sentences = 0;
     std::size_t code = 0;
     std::size_t brackets = 0;
-    const std::size_t looked_at = std::min(survey.lines.size(), most_lines);
-    for (std::size_t index = 0; index < looked_at; ++index) {
-        const std::u16string_view line = trimmed(survey.lines[index]);
+
+    void add(std::u16string_view line) {
         sentences += reads_like_a_sentence(line) ? 1U : 0U;
         code += ends_like_code(line) ? 1U : 0U;
         brackets += is_bracket_line(line) ? 1U : 0U;
         if (const auto rest = behind_time(line)) {
-            log += is_message(*rest) ? 1U : 0U;
+            messages += is_message(*rest) ? 1U : 0U;
             thousandths += begins_with_thousandths(*rest) ? 1U : 0U;
         }
     }
+};
+
+} // namespace
+
+TextKind kind_of_text(const Survey& survey) {
+    const std::size_t lines = std::min(survey.lines.size(), most_lines);
+    Counts counts;
+    for (std::size_t line = 0; line < lines; ++line) {
+        counts.add(trimmed(survey.lines[line]));
+    }
     const auto are = [&](std::size_t count, std::size_t tenths) {
-        return count * 10 >= looked_at * tenths;
+        return count * 10 >= lines * tenths;
     };
-    return {are(log, 5), are(thousandths, 5), are(sentences, 5), are(code, 6) && are(brackets, 1)};
+    return {are(counts.messages, 5), are(counts.thousandths, 5), are(counts.sentences, 5),
+            are(counts.code, 6) && are(counts.brackets, 1)};
 }
 
 } // namespace textio::advice
