@@ -2,7 +2,7 @@
 """Runs the Conan recipe as `conan create` would, as far as the recipe's own lines can be right or
 wrong: copies what it exports, sets its version, configures, builds and installs with CMake.
 
-    conan_create.py RECIPE FOLDER VERSION
+    conan_create.py RECIPE FOLDER VERSION [OPTION...]   options that are set to True
 """
 
 import pathlib
@@ -14,9 +14,10 @@ import types
 
 
 class ConanFile:
-    def __init__(self, recipe_folder, source, prefix):
-        self.recipe_folder, self.source, self.prefix = recipe_folder, source, prefix
-        self.options = types.SimpleNamespace(**self.default_options)
+    def __init__(self, recipe_folder, source_folder, package_folder, options):
+        self.recipe_folder, self.source_folder = recipe_folder, source_folder
+        self.package_folder = package_folder
+        self.options = types.SimpleNamespace(**{**self.default_options, **options})
         self.cpp_info = types.SimpleNamespace(properties={})
         self.cpp_info.set_property = self.cpp_info.properties.__setitem__
 
@@ -31,19 +32,19 @@ class CMakeToolchain:
 
 class CMake:
     def __init__(self, recipe):
-        self.recipe, self.build_folder = recipe, recipe.source / "build"
+        self.recipe, self.build_folder = recipe, recipe.source_folder / "build"
 
     def configure(self):
         variables = {"CMAKE_BUILD_TYPE": "Debug", "CMAKE_INSTALL_LIBDIR": "lib",
                      **self.recipe.cache_variables}
-        self.cmake("-G", "Ninja", "-S", self.recipe.source, "-B", self.build_folder,
+        self.cmake("-G", "Ninja", "-S", self.recipe.source_folder, "-B", self.build_folder,
                    *[f"-D{name}={value}" for name, value in variables.items()])
 
     def build(self):
         self.cmake("--build", self.build_folder)
 
     def install(self):
-        self.cmake("--install", self.build_folder, "--prefix", self.recipe.prefix)
+        self.cmake("--install", self.build_folder, "--prefix", self.recipe.package_folder)
 
     @staticmethod
     def cmake(*arguments):
@@ -55,34 +56,50 @@ def stand_in(name, **members):
     vars(sys.modules[name]).update(members)
 
 
+def copy(_, pattern, source, target):
+    for file in pathlib.Path(source).glob(pattern):
+        copied = pathlib.Path(target) / file.relative_to(source)
+        copied.parent.mkdir(parents=True, exist_ok=True)
+        if file.is_dir():
+            shutil.copytree(file, copied, dirs_exist_ok=True)
+        else:
+            shutil.copy2(file, copied)
+
+
+def export(patterns, source, target):
+    target.mkdir(parents=True, exist_ok=True)
+    for pattern in [patterns] if isinstance(patterns, str) else patterns:
+        copy(None, pattern, source, target)
+    return target
+
+
 def main():
     recipe_file, folder, version = pathlib.Path(sys.argv[1]), pathlib.Path(sys.argv[2]), sys.argv[3]
     stand_in("conan", ConanFile=ConanFile)
+    stand_in("conan.errors", ConanInvalidConfiguration=SystemExit)
     stand_in("conan.tools")
     stand_in("conan.tools.build", check_min_cppstd=lambda recipe, standard: None)
     stand_in("conan.tools.cmake", CMake=CMake, CMakeToolchain=CMakeToolchain,
              cmake_layout=lambda recipe: None)
-    stand_in("conan.tools.files", load=lambda recipe, file: pathlib.Path(file).read_text())
+    stand_in("conan.tools.files", copy=copy, load=lambda recipe, file: pathlib.Path(file).read_text())
     recipe_class = runpy.run_path(str(recipe_file))["TextFormatDetection"]
-    source = folder / "source"
-    for pattern in recipe_class.exports_sources:
-        for file in recipe_file.parent.glob(pattern):
-            copy = source / file.relative_to(recipe_file.parent)
-            copy.parent.mkdir(parents=True, exist_ok=True)
-            (shutil.copytree if file.is_dir() else shutil.copy)(file, copy)
-
-    recipe = recipe_class(recipe_file.parent, source, folder / "prefix")
+    tree = recipe_file.parent
+    source = export(recipe_class.exports_sources, tree, folder / "source")
+    options = dict.fromkeys(sys.argv[4:], True)
+    recipe = recipe_class(tree, source, folder / "prefix", options)
     recipe.set_version()
     if recipe.version != version:
         sys.exit(f"the recipe's version is {recipe.version}")
+    recipe.recipe_folder = export(recipe_class.exports, tree, folder / "export")
     recipe.validate()
+    recipe.validate_build()
     recipe.layout()
     recipe.generate()
     recipe.build()
     recipe.package()
     recipe.package_info()
     for library in recipe.cpp_info.libs:
-        if not (recipe.prefix / f"lib/lib{library}.a").exists():
+        if not (recipe.package_folder / f"lib/lib{library}.a").exists():
             sys.exit(f"the recipe names a library that it does not install: {library}")
 
 

@@ -1,5 +1,7 @@
 # Runs a port as vcpkg would, as far as the port's own lines can be right or wrong:
-#   cmake -D PORT=folder -D CURRENT_PACKAGES_DIR=prefix -D BUILD=folder -P vcpkg.cmake
+#   cmake -D PORT=folder -D CURRENT_PACKAGES_DIR=prefix -D BUILD=folder -D FEATURES=core -P vcpkg.cmake
+cmake_minimum_required(VERSION 3.25)
+
 function(run)
   execute_process(COMMAND ${ARGV} OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
@@ -22,7 +24,15 @@ function(vcpkg_cmake_config_fixup)
   endif()
 endfunction()
 
+function(vcpkg_install_copyright)
+  cmake_parse_arguments(PARSE_ARGV 0 arg "" "" FILE_LIST)
+  file(COPY_FILE "${arg_FILE_LIST}" "${CURRENT_PACKAGES_DIR}/copyright")
+endfunction()
+
 function(vcpkg_fixup_pkgconfig)
 endfunction()
 
 include("${PORT}/portfile.cmake")
+if(NOT VCPKG_POLICY_SKIP_COPYRIGHT_CHECK AND NOT EXISTS "${CURRENT_PACKAGES_DIR}/copyright")
+  message(FATAL_ERROR "the port installs no copyright")
+endif()
