@@ -83,7 +83,8 @@ struct options {
     std::u16string whitespace = u" \t";
 
     /// If not empty, its first code unit is never tried as a delimiter. The default keeps decimal
-    /// points from passing for delimiters; a host with another decimal mark puts that here.
+    /// points from passing for delimiters; a host with another decimal mark puts that here, which
+    /// `set_number_marks` does along with `TypeAnalyzerOptions::decimal_separator`.
     std::u16string excluded_delimiter = u".";
 
     std::u16string reader_text_a{}; ///< carried along like `reader_list`
@@ -135,7 +136,7 @@ namespace zentor::io::text::typedetection {
 /// How the text of a field is to be judged.
 struct TypeAnalyzerOptions {
     char16_t thousands_separator = 0;               ///< taken out of numbers; 0 means none
-    char16_t decimal_separator = u'.';              ///< the decimal mark of the text
+    char16_t decimal_separator = u'.';              ///< the decimal mark; see `set_number_marks`
     std::u16string exponent_characters = u"eEdD";   ///< what may introduce an exponent
     bool trim_non_numeric = false;                  ///< look for a number inside other text
     std::u16string datetime_context{};              ///< handed on to `is_datetime` as it is
@@ -144,3 +145,18 @@ struct TypeAnalyzerOptions {
 };
 
 } // namespace zentor::io::text::typedetection
+
+namespace textio {
+
+/// Tells both records how numbers are written, as in `set_number_marks(options, type_options, u',',
+/// u'.')` for 1.234,50. The decimal mark takes the place of the other one: it stands inside numbers
+/// and is never tried as a delimiter. `thousands_separator` may be tried as one; 0 means none.
+inline void set_number_marks(parser::options& options,
+                             zentor::io::text::typedetection::TypeAnalyzerOptions& type_options,
+                             char16_t decimal_mark, char16_t thousands_separator = 0) {
+    options.excluded_delimiter.assign(1, decimal_mark);
+    type_options.decimal_separator = decimal_mark;
+    type_options.thousands_separator = thousands_separator;
+}
+
+} // namespace textio

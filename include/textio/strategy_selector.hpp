@@ -56,7 +56,8 @@ public:
     /// `text` must stay valid during the call, and its characters for as long as the fields of the
     /// result are used. No text is an error. Throws `std::bad_alloc` and nothing else; the selector
     /// can be used again after that. The cost is linear in the part of the text that is sampled,
-    /// for each of the at most 52 layouts tried.
+    /// for each of the at most 54 layouts tried, and once more for the comma that is fallen back
+    /// on.
     std::shared_ptr<GenericStrategy> pick_strategy(const Field& text, std::size_t sample_lines);
 
 private:

@@ -73,6 +73,30 @@ TEST(PickStrategy, KnowsWhatTheHostKnows) {
     });
 }
 
+TEST(PickStrategy, KnowsTheMarksOfNumbers) {
+    struct MarksCase {
+        const char* name;
+        char16_t decimal_mark;
+        char16_t thousands_separator;
+        std::u16string text;
+        std::string expected;
+        std::size_t numeric_variables;
+    };
+    parser::options options; // told anew by each case
+    Types types;
+    for (const MarksCase& c : std::vector<MarksCase>{
+             {"a comma", u',', 0, u"low;high\n0,12;0,15\n0,13;0,17\n", "by ';', header 0, 2 variables", 2},
+             {"also points", u',', u'.', u"x;sum\na;1.234,50\nb;12.000,25\n", "by ';', header 0, 2 variables", 1},
+             {"a mark outside ASCII", u'\u066B', 0, u"a,b\n1\u066B5,2\u066B5\n", "by ',', header 0, 2 variables", 2},
+             {"a point again", u'.', 0, u"a,b\n1.5,2.5\n", "by ',', header 0, 2 variables", 2},
+         }) {
+        set_number_marks(options, types, c.decimal_mark, c.thousands_separator);
+        const auto layout = detection::StrategySelector(options, types).pick_strategy(Field(c.text), 99);
+        EXPECT_EQ(test::shown(*layout), c.expected) << c.name;
+        EXPECT_EQ(layout->valuation().numeric_variables, c.numeric_variables) << c.name;
+    }
+}
+
 TEST(PickStrategy, OnlyFixedWidth) {
     const auto fixed = [](std::size_t header_lines = SIZE_MAX, bool detect_header_lines = true, Widths widths = {}) {
         return parser::options{.layout_hint = parser::layout::fixed_width,
