@@ -11,6 +11,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -100,20 +101,12 @@ void add_read(const std::string& name, std::function<std::u16string()> make_text
     })->UseManualTime();
 }
 
-/// What ten times as many rows cost, and what a read allocates.
-void add_growth(const std::string& reader, std::function<std::u16string(std::size_t)> make_text,
-                MakeStrategy make_strategy) {
+using MakeRows = std::function<std::u16string(std::size_t)>;
+
+void add_allocations(const std::string& read, MakeRows make_text, MakeStrategy make_strategy) {
     constexpr double most_allocations = 64;
-    for (const std::size_t rows : {1'000U, 10'000U}) {
-        const std::string name = reader + ", 10 x " + std::to_string(rows) + " rows";
-        benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
-            measure_growth(state, rows, make_text, [&](const std::u16string& text) {
-                return read_once(Field(text), make_strategy).seconds;
-            });
-        })->UseManualTime();
-    }
     for (const std::size_t rows : {1'000U, 10'000U, 100'000U}) {
-        const std::string name = reader + ", " + std::to_string(rows) + " rows";
+        const std::string name = read + ", " + std::to_string(rows) + " rows";
         benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
             const std::u16string text = make_text(rows);
             std::size_t allocations = 0;
@@ -124,6 +117,19 @@ void add_growth(const std::string& reader, std::function<std::u16string(std::siz
                    most_allocations);
         })->Iterations(1);
     }
+}
+
+/// What ten times as many rows cost, and what a read allocates.
+void add_growth(const std::string& read, MakeRows make_text, MakeStrategy make_strategy) {
+    for (const std::size_t rows : {1'000U, 10'000U}) {
+        const std::string name = read + ", 10 x " + std::to_string(rows) + " rows";
+        benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State& state) {
+            measure_growth(state, rows, make_text, [&](const std::u16string& text) {
+                return read_once(Field(text), make_strategy).seconds;
+            });
+        })->UseManualTime();
+    }
+    add_allocations(read, std::move(make_text), std::move(make_strategy));
 }
 
 std::function<std::u16string()> table(const TableShape& shape) {
@@ -164,6 +170,7 @@ const bool added = [] {
         return [shape](std::size_t rows) { return table_of_rows(shape, rows); };
     };
     add_growth("delimited read", rows_of({}), delimited(u','));
+    add_allocations("delimited read, comments", rows_of({}), delimited_with_comments);
     add_growth("line read", rows_of({}), one_field_per_line);
     add_growth("fixed-width read", fixed_width_table_of_rows, fixed_width);
     add_growth("space-aligned read", rows_of(aligned), space_aligned);
