@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <optional>
+#include <sstream>
 #include <string_view>
 #include <system_error>
 
@@ -224,7 +226,7 @@ std::string one_line(std::string text) {
 
 } // namespace
 
-std::optional<Settings> read_command_line(int count, const char* const* arguments) {
+Settings read_command_line(int count, const char* const* arguments) {
     Settings settings;
     Texts texts;
     CLI::App app("Works out how tabular texts are laid out.", "detect_layout");
@@ -238,8 +240,10 @@ std::optional<Settings> read_command_line(int count, const char* const* argument
     try {
         app.parse(count, arguments);
     } catch (const CLI::Success& help) {
-        app.exit(help);
-        return std::nullopt;
+        std::ostringstream text;
+        app.exit(help, text, text);
+        settings.help = text.str();
+        return settings;
     } catch (const CLI::ParseError& error) {
         throw UserError(one_line(error.what()));
     }

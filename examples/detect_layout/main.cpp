@@ -3,6 +3,7 @@
 #include "explanation.hpp"
 #include "input_files.hpp"
 #include "json_report.hpp"
+#include "output.hpp"
 #include "picture.hpp"
 #include "report.hpp"
 #include "terminal.hpp"
@@ -11,7 +12,6 @@
 
 #include <fmt/format.h>
 
-#include <cstdio>
 #include <exception>
 #include <optional>
 #include <string>
@@ -23,11 +23,6 @@ using namespace detect_layout;
 
 constexpr int all_went_well = 0;
 constexpr int something_went_wrong = 2;
-
-void complain(std::string_view what) {
-    std::fflush(stdout);
-    fmt::print(stderr, "detect_layout: {}\n", what);
-}
 
 /// All that is to be printed about one input.
 std::string report(const std::string& file, const Settings& settings, bool is_one_of_many) {
@@ -63,7 +58,7 @@ int report_all(const Settings& settings) {
         try {
             const std::string text = report(files[i], settings, is_one_of_many);
             progress.clear();
-            fmt::print("{}", text);
+            write_out(text);
         } catch (const UserError& error) {
             progress.clear();
             complain(fmt::format("{}: {}", files[i], error.what()));
@@ -76,9 +71,14 @@ int report_all(const Settings& settings) {
 } // namespace
 
 int main(int count, char** arguments) {
+    hold_standard_streams();
     try {
-        const auto settings = read_command_line(count, arguments);
-        return settings ? report_all(*settings) : all_went_well;
+        const Settings settings = read_command_line(count, arguments);
+        if (!settings.help.empty()) {
+            write_out(settings.help);
+            return all_went_well;
+        }
+        return report_all(settings);
     } catch (const std::exception& error) {
         complain(error.what());
         return something_went_wrong;

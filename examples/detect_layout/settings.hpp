@@ -19,6 +19,7 @@ struct Settings {
     bool json = false;
     bool explain = false;
     bool recursive = false;
+    std::string help; ///< if not empty, all that the user asked for, ready to be printed
 };
 
 } // namespace detect_layout

@@ -50,15 +50,14 @@ void ProgressBar::show(std::size_t done, std::string_view what) const {
     const std::size_t taken = bar_width + 2 + counts.size() + 1;
     const std::size_t width = terminal_width(STDERR_FILENO);
     const auto name = printable(to_utf16(what), width > taken ? width - taken : 0);
-    fmt::print(stderr, "\r\x1b[K[{:=<{}}{:{}}]{}{}", "", filled, "", bar_width - filled, counts,
-               name.utf8);
-    std::fflush(stderr);
+    const std::string bar = fmt::format("\r\x1b[K[{:=<{}}{:{}}]{}{}", "", filled, "",
+                                        bar_width - filled, counts, name.utf8);
+    std::fputs(bar.c_str(), stderr);
 }
 
 void ProgressBar::clear() const {
     if (is_shown_) {
-        fmt::print(stderr, "\r\x1b[K");
-        std::fflush(stderr);
+        std::fputs("\r\x1b[K", stderr);
     }
 }
 

@@ -66,7 +66,7 @@ TEST_P(ExampleFile, gets_the_expected_answer) {
     std::vector<const char*> arguments{"detect_layout"};
     arguments.insert(arguments.end(), test.known.begin(), test.known.end());
     arguments.push_back(path.c_str());
-    const auto settings = read_command_line(static_cast<int>(arguments.size()), arguments.data()).value();
+    const auto settings = read_command_line(static_cast<int>(arguments.size()), arguments.data());
     const Detection found = detect(path, open_bytes(path), settings);
     EXPECT_EQ(layout_phrase(*found.layout), test.layout);
     EXPECT_EQ(found.layout->header_lines(), test.header_lines);

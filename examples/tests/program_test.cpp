@@ -32,13 +32,22 @@ struct Outcome {
     std::string errors;
 };
 
-Outcome run(const std::string& arguments) {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    const std::string files = testing::TempDir() + "detect_layout_" + test->name();
+/// The start of the names of files that the running test may write.
+std::string test_files() {
+    return testing::TempDir() + "detect_layout_" + testing::UnitTest::GetInstance()->current_test_info()->name();
+}
+
+/// Runs `script` where the example files are; `$program` is the program.
+Outcome run_script(const std::string& script) {
+    const std::string files = test_files();
     const std::string command =
-        "cd " EXAMPLE_DATA " && " DETECT_LAYOUT_PROGRAM " " + arguments + " >" + files + ".out 2>" + files + ".err";
+        "cd " EXAMPLE_DATA "; program=" DETECT_LAYOUT_PROGRAM "; { " + script + "\n} >" + files + ".out 2>" + files + ".err";
     const int status = std::system(command.c_str());
-    return {WEXITSTATUS(status), content(files + ".out"), content(files + ".err")};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content(files + ".out"), content(files + ".err")};
+}
+
+Outcome run(const std::string& arguments) {
+    return run_script("$program " + arguments);
 }
 
 TEST(Program, tells_errors_on_one_line) {
@@ -49,6 +58,39 @@ TEST(Program, tells_errors_on_one_line) {
         EXPECT_EQ(result.output, "") << arguments;
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << arguments << ": " << result.errors;
     }
+}
+
+TEST(Program, fails_where_its_answer_or_its_complaint_is_lost) {
+    struct Case {
+        const char* arguments;
+        int status;
+        const char* errors;
+    };
+    for (const Case& test : std::vector<Case>{
+             {"stock.txt >/dev/full", 2, "detect_layout: cannot write to standard output: No space left on device\n"},
+             {"--json stock.txt >/dev/full", 2, "detect_layout: cannot write to standard output: No space left on device\n"},
+             {"-r . >/dev/full", 2, "detect_layout: cannot write to standard output: No space left on device\n"},
+             {"stock.txt >&-", 2, "detect_layout: standard output is closed\n"},
+             {"--help >&-", 2, "detect_layout: standard output is closed\n"},
+             {"--version >/dev/full", 2, "detect_layout: cannot write to standard output: No space left on device\n"},
+             {"no_such_file.csv 2>&-", 2, ""},
+             {"no_such_file.csv 2>/dev/full", 2, ""},
+             {"stock.txt >&- 2>&-", 2, ""},
+             {"stock.txt 2>&-", 0, ""},
+         }) {
+        const Outcome result = run(test.arguments);
+        EXPECT_EQ(result.status, test.status) << test.arguments;
+        EXPECT_EQ(result.errors, test.errors) << test.arguments;
+    }
+}
+
+TEST(Program, hands_out_each_answer_before_it_reads_on) {
+    // The pipe gives no input as long as the shell holds it open.
+    const std::string pipe = test_files() + ".pipe";
+    const Outcome result = run_script("rm -f " + pipe + "; mkfifo " + pipe + "; $program stock.txt - <" + pipe + " >" + pipe +
+                                      ".out & exec 9>" + pipe + "; for i in $(seq 100); do test -s " + pipe +
+                                      ".out && break; sleep 0.1; done; kill -KILL $!; wait $!; cat " + pipe + ".out");
+    EXPECT_TRUE(result.output.starts_with("stock.txt: delimited by vertical bar")) << result.output;
 }
 
 TEST(Program, goes_on_after_a_file_that_cannot_be_read) {
@@ -92,18 +134,18 @@ TEST(CommandLine, tells_comment_closers_from_files) {
         auto arguments = test.arguments;
         arguments.insert(arguments.begin(), "detect_layout");
         const auto settings = read_command_line(static_cast<int>(arguments.size()), arguments.data());
-        EXPECT_EQ(settings->options.comment_style, test.comment_style) << testing::PrintToString(test.arguments);
-        EXPECT_EQ(settings->inputs, test.inputs) << testing::PrintToString(test.arguments);
+        EXPECT_EQ(settings.options.comment_style, test.comment_style) << testing::PrintToString(test.arguments);
+        EXPECT_EQ(settings.inputs, test.inputs) << testing::PrintToString(test.arguments);
     }
 }
 
 TEST(CommandLine, keeps_the_decimal_mark_from_being_a_delimiter) {
     const std::vector<const char*> plain{"detect_layout", "--decimal", ",", "x"};
-    EXPECT_EQ(read_command_line(4, plain.data())->options.excluded_delimiter, u",");
+    EXPECT_EQ(read_command_line(4, plain.data()).options.excluded_delimiter, u",");
     const std::vector<const char*> open{"detect_layout", "--decimal", ",", "--exclude-delimiter", "", "x"};
-    EXPECT_EQ(read_command_line(6, open.data())->options.excluded_delimiter, u"");
+    EXPECT_EQ(read_command_line(6, open.data()).options.excluded_delimiter, u"");
     const std::vector<const char*> tab{"detect_layout", "--exclude-delimiter", "\\t", "x"};
-    EXPECT_EQ(read_command_line(4, tab.data())->options.excluded_delimiter, u"\t");
+    EXPECT_EQ(read_command_line(4, tab.data()).options.excluded_delimiter, u"\t");
 }
 
 TEST(CellText, fits_the_terminal) {
