@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <ios>
 #include <utility>
 
 namespace detect_layout {
@@ -31,7 +30,7 @@ void replace_and_count(const void* counter, UConverterToUnicodeArgs* arguments,
 
 } // namespace
 
-DecodingSource::DecodingSource(std::istream& bytes, std::string head,
+DecodingSource::DecodingSource(ByteSource& bytes, std::string head,
                                const std::string& character_set, std::size_t piece_bytes)
     : bytes_(bytes), piece_(std::move(head)), piece_bytes_(piece_bytes) {
     UErrorCode status = U_ZERO_ERROR;
@@ -73,13 +72,9 @@ char16_t* DecodingSource::decode(char16_t* begin, char16_t* end) {
 
 void DecodingSource::take_next_piece() {
     piece_.resize(piece_bytes_);
-    bytes_.read(piece_.data(), static_cast<std::streamsize>(piece_.size()));
-    piece_.resize(static_cast<std::size_t>(bytes_.gcount()));
+    piece_.resize(bytes_.read(piece_.data(), piece_.size()));
     decoded_bytes_ = 0;
     bytes_ended_ = piece_.size() < piece_bytes_;
-    if (bytes_.bad()) {
-        throw UserError("cannot be read");
-    }
 }
 
 } // namespace detect_layout

@@ -1,12 +1,12 @@
 #pragma once
 
+#include "bytes.hpp"
 #include "textio/platform/text_stream.hpp"
 
 #include <unicode/localpointer.h>
 #include <unicode/ucnv.h>
 
 #include <cstddef>
-#include <istream>
 #include <string>
 
 namespace detect_layout {
@@ -18,7 +18,7 @@ class DecodingSource : public zentor::io::text::stream::TextSource {
 public:
     /// Decodes `head`, the bytes already taken from `bytes`, and then what `bytes` still has, of
     /// which it takes `piece_bytes` at a time. `bytes` must outlive the source.
-    DecodingSource(std::istream& bytes, std::string head, const std::string& character_set,
+    DecodingSource(ByteSource& bytes, std::string head, const std::string& character_set,
                    std::size_t piece_bytes = 65536);
 
     /// Throws `UserError` if the bytes cannot be read.
@@ -31,7 +31,7 @@ private:
     char16_t* decode(char16_t* begin, char16_t* end);
     void take_next_piece();
 
-    std::istream& bytes_;
+    ByteSource& bytes_;
     std::string piece_;
     std::size_t decoded_bytes_ = 0; ///< of `piece_`
     std::size_t piece_bytes_;

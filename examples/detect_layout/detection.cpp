@@ -7,7 +7,7 @@
 
 namespace detect_layout {
 
-Detection detect(std::string file, std::unique_ptr<std::istream> bytes, const Settings& settings) {
+Detection detect(std::string file, std::unique_ptr<ByteSource> bytes, const Settings& settings) {
     auto input = std::make_unique<TextInput>(std::move(bytes), settings.encoding,
                                              settings.options.line_endings);
     textio::detection::StrategySelector selector(settings.options, settings.type_options);

@@ -1,11 +1,11 @@
 #pragma once
 
+#include "bytes.hpp"
 #include "settings.hpp"
 #include "text_input.hpp"
 #include "textio/strategy.hpp"
 
 #include <cstddef>
-#include <istream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -20,7 +20,7 @@ struct Detection {
 };
 
 /// Finds the layout of the text that `bytes` hold. Throws `UserError` if they cannot be read.
-[[nodiscard]] Detection detect(std::string file, std::unique_ptr<std::istream> bytes,
+[[nodiscard]] Detection detect(std::string file, std::unique_ptr<ByteSource> bytes,
                                const Settings& settings);
 
 /// The lines of the sample above the data, at most as many as the sample has.

@@ -59,6 +59,7 @@ std::string to_json(const Detection& detection, const std::optional<Explanation>
         {"num_variables", layout->num_variables()},
         {"rows", data_lines(*layout).size()},
         {"charset", input->character_set()},
+        {"compression", input->is_unpacked() ? Json("gzip") : Json()},
         {"undecodable", input->undecodable()},
         {"cut", input->is_cut()},
     };

@@ -1,3 +1,4 @@
+#include "bytes.hpp"
 #include "command_line.hpp"
 #include "detection.hpp"
 #include "explanation.hpp"
@@ -7,7 +8,6 @@
 #include "picture.hpp"
 #include "report.hpp"
 #include "terminal.hpp"
-#include "text_input.hpp"
 #include "user_error.hpp"
 
 #include <fmt/format.h>
@@ -61,7 +61,8 @@ int report_all(const Settings& settings) {
             write_out(text);
         } catch (const UserError& error) {
             progress.clear();
-            complain(fmt::format("{}: {}", files[i], error.what()));
+            complain(
+                fmt::format("{}: {}", files[i] == "-" ? "standard input" : files[i], error.what()));
             status = something_went_wrong;
         }
     }

@@ -28,6 +28,9 @@ std::string describe(const Detection& detection) {
     if (input->undecodable() > 0) {
         add("", what_was_lost(*input) + ", shown as \uFFFD");
     }
+    if (input->is_unpacked()) {
+        add("compressed", "by gzip");
+    }
     if (input->is_cut()) {
         add("part read", input->text().size > 0
                              ? fmt::format("the first {} UTF-16 code units", input->text().size)

@@ -1,10 +1,10 @@
 #pragma once
 
+#include "bytes.hpp"
 #include "decoding_source.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/text_stream.hpp"
 
-#include <istream>
 #include <memory>
 #include <string>
 #include <vector>
@@ -16,7 +16,7 @@ class TextInput {
 public:
     /// Decodes from `bytes`, in the character set `encoding` or, if that is empty, in the one that
     /// the bytes seem to be in. Throws `UserError` if the bytes cannot be read.
-    TextInput(std::unique_ptr<std::istream> bytes, const std::string& encoding,
+    TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encoding,
               const std::vector<std::u16string>& line_endings);
 
     /// The text; good as long as this object lives.
@@ -27,18 +27,18 @@ public:
     /// Byte sequences that meant nothing in that character set.
     [[nodiscard]] std::size_t undecodable() const noexcept { return source_->undecodable(); }
 
+    /// Whether the text's bytes were unpacked out of gzip's compression.
+    [[nodiscard]] bool is_unpacked() const noexcept { return bytes_->is_unpacked(); }
+
     /// Whether more text follows behind `text()`.
     [[nodiscard]] bool is_cut() const noexcept;
 
 private:
-    std::unique_ptr<std::istream> bytes_;
+    std::unique_ptr<ByteSource> bytes_;
     std::string character_set_;
     std::unique_ptr<DecodingSource> source_;
     std::unique_ptr<zentor::io::text::stream::TextStream> stream_;
     textio::Field text_;
 };
-
-/// Opens the file at `path`, or standard input for `-`. Throws `UserError` if that cannot be done.
-[[nodiscard]] std::unique_ptr<std::istream> open_bytes(const std::string& path);
 
 } // namespace detect_layout

@@ -1,12 +1,12 @@
 #include "character_set.hpp"
 #include "decoding_source.hpp"
+#include "string_bytes.hpp"
 #include "text_input.hpp"
 #include "user_error.hpp"
 
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -23,7 +23,7 @@ struct Decoded {
 
 /// Decodes `bytes`, taken in pieces of `piece_bytes`, by reading `units` at a time.
 Decoded decode(const std::string& bytes, const char* character_set, std::size_t piece_bytes, std::size_t units) {
-    std::istringstream stream(bytes.substr(bytes.size() / 3));
+    StringBytes stream(bytes.substr(bytes.size() / 3));
     DecodingSource source(stream, bytes.substr(0, bytes.size() / 3), character_set, piece_bytes);
     Decoded decoded;
     std::vector<char16_t> room(units);
@@ -108,21 +108,23 @@ TEST(CharacterSet, is_found_from_the_bytes) {
 }
 
 /// Text without end.
-class Endless : public std::streambuf {
-    int_type underflow() override {
-        setg(line_.data(), line_.data(), line_.data() + line_.size());
-        return traits_type::to_int_type(*gptr());
+class Endless : public ByteSource {
+    std::size_t read(char* begin, std::size_t size) override {
+        for (std::size_t i = 0; i < size; ++i) {
+            begin[i] = line_[place_++ % line_.size()];
+        }
+        return size;
     }
     std::string line_ = "12;north;3.5\n";
+    std::size_t place_ = 0;
 };
 
 TEST(TextInput, reads_only_the_first_whole_lines_of_a_long_text) {
-    Endless buffer;
-    const TextInput input(std::make_unique<std::istream>(&buffer), "", {u"\n"});
+    const TextInput input(std::make_unique<Endless>(), "", {u"\n"});
     constexpr std::size_t limit = 4'194'304;
     EXPECT_EQ(input.text().size, limit - limit % 13);
     EXPECT_TRUE(input.is_cut());
-    EXPECT_FALSE(TextInput(std::make_unique<std::istringstream>("a\nb"), "", {u"\n"}).is_cut());
+    EXPECT_FALSE(TextInput(std::make_unique<StringBytes>("a\nb"), "", {u"\n"}).is_cut());
 }
 
 } // namespace

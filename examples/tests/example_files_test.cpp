@@ -1,8 +1,8 @@
+#include "bytes.hpp"
 #include "command_line.hpp"
 #include "detection.hpp"
 #include "explanation.hpp"
 #include "layout_names.hpp"
-#include "text_input.hpp"
 
 #include <gtest/gtest.h>
 

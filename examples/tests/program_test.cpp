@@ -2,6 +2,7 @@
 #include "command_line.hpp"
 #include "detection.hpp"
 #include "picture.hpp"
+#include "string_bytes.hpp"
 #include "unicode.hpp"
 #include "user_error.hpp"
 
@@ -15,6 +16,7 @@
 #include <iterator>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -58,6 +60,33 @@ TEST(Program, tells_errors_on_one_line) {
         EXPECT_EQ(result.output, "") << arguments;
         EXPECT_EQ(std::count(result.errors.begin(), result.errors.end(), '\n'), 1) << arguments << ": " << result.errors;
     }
+}
+
+TEST(Program, tells_what_is_wrong_with_an_input) {
+    for (const auto& [script, errors] : std::vector<std::pair<const char*, std::string>>{
+             {"$program - <&-", "standard input: is closed"},
+             {"$program - <.", "standard input: is a directory (--recursive walks it)"},
+             {"$program .", ".: is a directory (--recursive walks it)"},
+             {"$program no_such_file.csv", "no_such_file.csv: no such file"},
+             {"gzip -c stock.txt | head -c 90 | $program -", "standard input: ends in the middle of its compressed data"},
+             {"printf '\\037\\213\\007ab' | $program -", "standard input: has damaged compressed data"},
+         }) {
+        const Outcome result = run_script(script);
+        EXPECT_EQ(result.status, 2) << script;
+        EXPECT_EQ(result.output, "") << script;
+        EXPECT_EQ(result.errors, "detect_layout: " + errors + "\n") << script;
+    }
+}
+
+TEST(Program, unpacks_what_gzip_compressed) {
+    const Outcome result = run_script("(gzip -c stock.txt; gzip -c stock.txt) | $program --json - stock.txt");
+    std::istringstream lines(result.output);
+    nlohmann::json packed, plain;
+    lines >> packed >> plain;
+    EXPECT_EQ(packed["compression"], "gzip");
+    EXPECT_EQ(packed["num_variables"], plain["num_variables"]);
+    EXPECT_EQ(packed["rows"], 2 * plain["rows"].get<int>());
+    EXPECT_TRUE(plain["compression"].is_null());
 }
 
 TEST(Program, fails_where_its_answer_or_its_complaint_is_lost) {
@@ -177,7 +206,7 @@ TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
     settings.options.header_lines = 3;
     settings.options.detect_header_lines = false;
     const Detection small =
-        detect("-", std::make_unique<std::istringstream>("Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"), settings);
+        detect("-", std::make_unique<StringBytes>("Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"), settings);
     EXPECT_EQ(draw_picture(small, {.width = 20, .data_rows = 2}),
               "Title\n# a comment\nname │ size\n─────┼─────\nAnn  │ 41\nBob  │ 37\n⋮ 1 more in the "
               "sample\n");
@@ -187,7 +216,7 @@ TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
     for (int i = 0; i < 40; ++i) {
         row += ";value " + std::to_string(i);
     }
-    const Detection wide = detect("-", std::make_unique<std::istringstream>(row + "\n" + row + "\n"), Settings());
+    const Detection wide = detect("-", std::make_unique<StringBytes>(row + "\n" + row + "\n"), Settings());
     std::istringstream lines(draw_picture(wide, {.width = 40, .data_rows = 5}));
     for (std::string line; std::getline(lines, line);) {
         EXPECT_LE(printable(to_utf16(line), 1000).width, 40U) << line;
