@@ -5,7 +5,13 @@ _detect_layout() {
     local previous=${COMP_WORDS[COMP_CWORD - 1]}
     local options='--json --explain --show --recursive --help --version --rows --encoding --quote
         --decimal --thousands --whitespace --header-lines --layout --widths --exclude-delimiter
-        --expect-variables --missing --comment --no-comments'
+        --expect-variables --missing --comment --comment-end --no-comments'
+    # Bash makes three words of --layout=fixed.
+    if [[ $current == = ]]; then
+        current=
+    elif [[ $previous == = ]]; then
+        previous=${COMP_WORDS[COMP_CWORD - 2]}
+    fi
     case $previous in
     --layout)
         mapfile -t COMPREPLY < <(compgen -W 'open no-fixed fixed' -- "$current")
@@ -17,8 +23,9 @@ _detect_layout() {
         return
         ;;
     --show | --rows | --quote | --decimal | --thousands | --whitespace | --header-lines | \
-        --widths | --exclude-delimiter | --expect-variables | --missing | --comment)
+        --widths | --exclude-delimiter | --expect-variables | --missing | --comment | --comment-end)
         COMPREPLY=()
+        compopt +o default 2>/dev/null # nor files
         return
         ;;
     esac
