@@ -26,7 +26,7 @@ constexpr auto examples = R"(Examples:
   curl -s https://host/data | detect_layout -
   detect_layout --recursive measurements/     one line for each file
   detect_layout --decimal , --thousands . umsatz.csv
-  detect_layout --comment '/*' '*/' listing.txt
+  detect_layout --comment '/*' --comment-end '*/' listing.txt
   detect_layout --layout fixed --widths 10,8,6 export.txt
 
 A character C is one character or one of \t \n \r \0 \\. Exit status: 0, or 2 after an error.)";
@@ -42,7 +42,8 @@ struct Texts {
     std::optional<std::string> encoding;
     std::optional<std::size_t> header_lines;
     std::optional<std::size_t> expected_variables;
-    std::vector<std::string> comment;
+    std::optional<std::string> comment;
+    std::optional<std::string> comment_end;
     std::vector<std::string> missing;
     bool no_comments = false;
 };
@@ -120,12 +121,18 @@ void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
         ->type_name("TEXT")
         ->allow_extra_args(false)
         ->group(group);
-    app.add_option("--comment", texts.comment,
-                   "Opener of comments (default #), closer of block comments")
-        ->type_name("OPENER [CLOSER]")
-        ->expected(1, 2)
+    const auto comment =
+        app.add_option("--comment", texts.comment, "What opens a comment (default #)")
+            ->type_name("TEXT")
+            ->group(group);
+    app.add_option("--comment-end", texts.comment_end,
+                   "What closes it, unless that is the end of the line")
+        ->type_name("TEXT")
+        ->needs(comment)
         ->group(group);
-    app.add_flag("--no-comments", texts.no_comments, "There are no comments")->group(group);
+    app.add_flag("--no-comments", texts.no_comments, "There are no comments")
+        ->excludes(comment)
+        ->group(group);
 }
 
 /// `text` in UTF-16, with the usual backslash escapes undone.
@@ -198,24 +205,27 @@ void apply_layout(const Texts& texts, Settings& settings) {
     }
 }
 
-/// `--comment` takes one text or two. A second one that is an input is no closer.
-void apply_comments(Texts& texts, Settings& settings) {
-    std::error_code ignored;
-    if (texts.comment.size() == 2 &&
-        (texts.comment[1] == "-" || std::filesystem::exists(texts.comment[1], ignored))) {
-        settings.inputs.insert(settings.inputs.begin(), texts.comment[1]);
-        texts.comment.pop_back();
-    }
-    if (texts.no_comments && !texts.comment.empty()) {
-        throw UserError("--comment does not go with --no-comments");
-    }
-    if (texts.no_comments || !texts.comment.empty()) {
-        auto& style = settings.options.comment_style;
+void apply_comments(const Texts& texts, Settings& settings) {
+    auto& style = settings.options.comment_style;
+    if (texts.no_comments || texts.comment) {
         style.clear();
-        for (const std::string& text : texts.comment) {
-            style.push_back(unescaped(text));
+    }
+    for (const auto& text : {texts.comment, texts.comment_end}) {
+        if (text) {
+            style.push_back(unescaped(*text));
         }
     }
+}
+
+void refuse_extras(const std::vector<std::string>& extras) {
+    // A "--" in front of the files counts as one.
+    if (extras.empty() || extras.front() == "--") {
+        return;
+    }
+    std::error_code ignored;
+    const bool is_file = std::filesystem::exists(extras.front(), ignored);
+    throw UserError(fmt::format("unknown option '{0}'{1}", extras.front(),
+                                is_file ? fmt::format("; the file is ./{}", extras.front()) : ""));
 }
 
 /// What the parser complains of, on one line.
@@ -232,9 +242,8 @@ Settings read_command_line(int count, const char* const* arguments) {
     CLI::App app("Works out how tabular texts are laid out.", "detect_layout");
     app.footer(examples);
     app.set_version_flag("--version", "detect_layout " TEXTIO_VERSION_STRING);
-    app.add_option("input", settings.inputs, "Files; - for standard input")
-        ->type_name("FILE")
-        ->required();
+    app.add_option("input", settings.inputs, "Files; - for standard input")->type_name("FILE");
+    app.allow_extras(); // to be told more of than that they were not expected
     declare_output(app, settings);
     declare_knowledge(app, settings, texts);
     try {
@@ -246,6 +255,10 @@ Settings read_command_line(int count, const char* const* arguments) {
         return settings;
     } catch (const CLI::ParseError& error) {
         throw UserError(one_line(error.what()));
+    }
+    refuse_extras(app.remaining());
+    if (settings.inputs.empty()) {
+        throw UserError("which file? (- for standard input, --help for help)");
     }
     apply_comments(texts, settings);
     apply_marks(texts, settings);

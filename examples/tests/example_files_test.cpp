@@ -53,7 +53,7 @@ std::vector<Case> cases() {
         {"switch_log.csv", {}, "delimited by comma", 0, 4},
         {"volunteers.txt", {}, "one field per line", 0, 1},
         {"weather_comments.csv", {}, "delimited by comma", 2, 4},
-        {"wind_tunnel.txt", {"--comment", "/*", "*/"}, "delimited by semicolon", 3, 4},
+        {"wind_tunnel.txt", {"--comment", "/*", "--comment-end", "*/"}, "delimited by semicolon", 3, 4},
         {"wohnungen_cp1252.csv", {}, "delimited by semicolon", 0, 4, "windows-1252"},
     };
 }

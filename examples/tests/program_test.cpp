@@ -63,11 +63,17 @@ TEST(Program, tells_errors_on_one_line) {
 }
 
 TEST(Program, tells_what_is_wrong_with_an_input) {
-    for (const auto& [script, errors] : std::vector<std::pair<const char*, std::string>>{
+    for (const auto& [script, errors] : std::vector<std::pair<std::string, std::string>>{
              {"$program - <&-", "standard input: is closed"},
              {"$program - <.", "standard input: is a directory (--recursive walks it)"},
              {"$program .", ".: is a directory (--recursive walks it)"},
              {"$program no_such_file.csv", "no_such_file.csv: no such file"},
+             {"$program", "which file? (- for standard input, --help for help)"},
+             {"$program --dash.csv stock.txt", "unknown option '--dash.csv'"},
+             {"cd " + testing::TempDir() + "; touch ./-dash.csv; $program -dash.csv",
+              "unknown option '-dash.csv'; the file is ./-dash.csv"},
+             {"$program --comment-end '*/' stock.txt", "--comment-end requires --comment"},
+             {"$program --no-comments --comment % stock.txt", "--comment excludes --no-comments"},
              {"gzip -c stock.txt | head -c 90 | $program -", "standard input: ends in the middle of its compressed data"},
              {"printf '\\037\\213\\007ab' | $program -", "standard input: has damaged compressed data"},
          }) {
@@ -144,20 +150,38 @@ TEST(Program, walks_a_directory) {
         << result.output;
 }
 
-TEST(CommandLine, tells_comment_closers_from_files) {
+TEST(Completion, offers_what_can_follow) {
+    for (const auto& [words, offered] : std::vector<std::pair<std::string, std::string>>{
+             {"--layout f", "fixed"},
+             {"--layout = f", "fixed"},
+             {"--layout =", "open no-fixed fixed"},
+             {"--encoding = KO", "KOI8-R"},
+             {"--json --comment-", "--comment-end"},
+             {"--show ''", ""},
+             {"--rows = 1", ""},
+             {"sto", ""},
+         }) {
+        const Outcome result =
+            run_script("bash -c \"source ../detect_layout/detect_layout.bash; COMP_WORDS=(detect_layout " + words +
+                       "); COMP_CWORD=\\$((\\${#COMP_WORDS[@]} - 1)); _detect_layout; echo \\${COMPREPLY[*]}\"");
+        EXPECT_EQ(result.output, offered + "\n") << words;
+    }
+}
+
+TEST(CommandLine, takes_comments_with_and_without_a_closer) {
     struct Case {
         std::vector<const char*> arguments;
         std::vector<std::u16string> comment_style;
         std::vector<std::string> inputs;
     };
-    const char* file = EXAMPLE_DATA "/stock.txt";
     const std::vector<Case> cases{
         {{"x"}, {u"#"}, {"x"}},
         {{"--comment", "%", "x"}, {u"%"}, {"x"}},
-        {{"--comment", "/*", "*/", "x"}, {u"/*", u"*/"}, {"x"}},
-        {{"--comment", "%", file, "x"}, {u"%"}, {file, "x"}},
-        {{"x", "--comment", "%"}, {u"%"}, {"x"}},
+        {{"--comment", "/*", "--comment-end", "*/", "x"}, {u"/*", u"*/"}, {"x"}},
+        {{"--comment", "//", "missing.csv", "x"}, {u"//"}, {"missing.csv", "x"}},
+        {{"x", "--comment-end=*/", "--comment=/*"}, {u"/*", u"*/"}, {"x"}},
         {{"x", "--no-comments"}, {}, {"x"}},
+        {{"--comment", "%", "--", "-dash.csv", "--json"}, {u"%"}, {"-dash.csv", "--json"}},
     };
     for (const Case& test : cases) {
         auto arguments = test.arguments;
