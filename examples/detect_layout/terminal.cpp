@@ -25,21 +25,27 @@ std::size_t terminal_width(int descriptor) {
                                                                         : default_width;
 }
 
-bool is_set(const char* variable) {
+std::string_view value_of(const char* variable) {
     const char* value = std::getenv(variable);
-    return value != nullptr && *value != '\0';
+    return value != nullptr ? value : "";
+}
+
+/// Whether escape sequences do there what they should.
+bool is_capable_terminal(int descriptor) {
+    const auto kind = value_of("TERM");
+    return isatty(descriptor) != 0 && !kind.empty() && kind != "dumb";
 }
 
 } // namespace
 
 PictureStyle standard_output_style(std::size_t data_rows) {
-    return {.colour = isatty(STDOUT_FILENO) != 0 && !is_set("NO_COLOR"),
+    return {.colour = is_capable_terminal(STDOUT_FILENO) && value_of("NO_COLOR").empty(),
             .width = terminal_width(STDOUT_FILENO),
             .data_rows = data_rows};
 }
 
 ProgressBar::ProgressBar(bool is_wanted, std::size_t steps)
-    : is_shown_(is_wanted && isatty(STDERR_FILENO) != 0), steps_(steps) {}
+    : is_shown_(is_wanted && is_capable_terminal(STDERR_FILENO)), steps_(steps) {}
 
 void ProgressBar::show(std::size_t done, std::string_view what) const {
     if (!is_shown_) {

@@ -7,11 +7,12 @@
 
 namespace detect_layout {
 
-/// How pictures on standard output are to look: in colour on a terminal unless `NO_COLOR` is set,
-/// and as wide as the terminal.
+/// How pictures on standard output are to look: in colour on a terminal that has
+/// colours, unless `NO_COLOR` is set, and as wide as the terminal.
 [[nodiscard]] PictureStyle standard_output_style(std::size_t data_rows);
 
-/// A progress bar on standard error, or nothing at all where that is no terminal.
+/// A progress bar on standard error, or nothing at all where that is no
+/// terminal on which it could move.
 class ProgressBar {
 public:
     explicit ProgressBar(bool is_wanted, std::size_t steps);
