@@ -13,6 +13,15 @@ namespace {
 
 constexpr std::string_view ellipsis = "\u2026";
 
+constexpr UChar32 soft_hyphen = 0xAD;
+
+/// Takes up no room and only says how the letters around it are written.
+bool is_joiner(UChar32 character) {
+    constexpr UChar32 non_joiner = 0x200C;
+    constexpr UChar32 joiner = 0x200D;
+    return character == non_joiner || character == joiner;
+}
+
 /// Something to see in the place of a character that would move the cursor, change the terminal's
 /// state or turn the direction of writing.
 UChar32 visible(UChar32 character) {
@@ -20,6 +29,7 @@ UChar32 visible(UChar32 character) {
     constexpr UChar32 arrow_back = 0x21B5;
     constexpr UChar32 control_pictures = 0x2400;
     constexpr UChar32 picture_of_delete = 0x2421;
+    constexpr UChar32 box = 0x25AF;
     switch (character) {
     case '\t':
         return arrow_right;
@@ -34,15 +44,16 @@ UChar32 visible(UChar32 character) {
         return control_pictures + character;
     }
     const auto category = u_charType(character);
-    const bool is_harmful = category == U_CONTROL_CHAR || category == U_FORMAT_CHAR ||
-                            category == U_SURROGATE || category == U_LINE_SEPARATOR ||
-                            category == U_PARAGRAPH_SEPARATOR;
-    return is_harmful ? replacement_character : character;
+    const bool is_harmful =
+        category == U_CONTROL_CHAR || category == U_LINE_SEPARATOR ||
+        category == U_PARAGRAPH_SEPARATOR ||
+        (category == U_FORMAT_CHAR && character != soft_hyphen && !is_joiner(character));
+    return category == U_SURROGATE ? replacement_character : is_harmful ? box : character;
 }
 
 std::size_t columns(UChar32 character) {
     const auto category = u_charType(character);
-    if (category == U_NON_SPACING_MARK || category == U_ENCLOSING_MARK) {
+    if (category == U_NON_SPACING_MARK || category == U_ENCLOSING_MARK || is_joiner(character)) {
         return 0;
     }
     const auto east_asian = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
@@ -72,6 +83,9 @@ CellText printable(std::u16string_view text, std::size_t limit) {
     for (std::size_t i = 0; i < text.size();) {
         UChar32 character = 0;
         U16_NEXT(text, i, text.size(), character);
+        if (character == soft_hyphen) {
+            continue; // terminals do not agree on its width
+        }
         character = visible(character);
         cell.width += columns(character);
         if (cell.width > limit) {
@@ -85,6 +99,17 @@ CellText printable(std::u16string_view text, std::size_t limit) {
         }
     }
     return cell;
+}
+
+std::string one_line(std::string_view utf8) {
+    std::string result;
+    const std::u16string text = to_utf16(utf8);
+    for (std::size_t i = 0; i < text.size();) {
+        UChar32 character = 0;
+        U16_NEXT(text, i, text.size(), character);
+        append(result, visible(character));
+    }
+    return result;
 }
 
 } // namespace detect_layout

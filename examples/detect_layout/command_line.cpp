@@ -228,8 +228,8 @@ void refuse_extras(const std::vector<std::string>& extras) {
                                 is_file ? fmt::format("; the file is ./{}", extras.front()) : ""));
 }
 
-/// What the parser complains of, on one line.
-std::string one_line(std::string text) {
+/// What the parser complains of can take up several lines.
+std::string joined_lines(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return text;
 }
@@ -254,7 +254,7 @@ Settings read_command_line(int count, const char* const* arguments) {
         settings.help = text.str();
         return settings;
     } catch (const CLI::ParseError& error) {
-        throw UserError(one_line(error.what()));
+        throw UserError(joined_lines(error.what()));
     }
     refuse_extras(app.remaining());
     if (settings.inputs.empty()) {

@@ -3,9 +3,11 @@
 #include "layout_names.hpp"
 #include "unicode.hpp"
 
+#include <fmt/format.h>
 #include <nlohmann/json.hpp>
 
 #include <cmath>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -18,6 +20,15 @@ using Json = nlohmann::ordered_json;
 /// JSON has no infinity.
 Json finite_or_null(double value) {
     return std::isfinite(value) ? Json(value) : Json();
+}
+
+/// The name of a file whose bytes are no text.
+std::string hexadecimal(std::string_view bytes) {
+    std::string digits;
+    for (const char byte : bytes) {
+        digits += fmt::format("{:02x}", static_cast<unsigned char>(byte));
+    }
+    return digits;
 }
 
 Json candidate_list(const Explanation& explanation) {
@@ -63,6 +74,9 @@ std::string to_json(const Detection& detection, const std::optional<Explanation>
         {"undecodable", input->undecodable()},
         {"cut", input->is_cut()},
     };
+    if (!is_utf8(file)) {
+        answer["file_bytes"] = hexadecimal(file);
+    }
     if (explanation) {
         answer["candidates"] = candidate_list(*explanation);
         answer["outcome"] = explanation->outcome;

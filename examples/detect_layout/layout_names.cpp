@@ -2,6 +2,8 @@
 
 #include "unicode.hpp"
 
+#include <unicode/uchar.h>
+
 #include <fmt/format.h>
 #include <fmt/ranges.h>
 
@@ -31,9 +33,8 @@ std::string unit_name(char16_t unit) {
             return std::string(name);
         }
     }
-    const bool is_visible = unit > u' ' && unit != 0x7F;
-    return is_visible ? fmt::format("'{}'", to_utf8({&unit, 1}))
-                      : fmt::format("U+{:04X}", static_cast<unsigned>(unit));
+    return u_isgraph(unit) != 0 ? fmt::format("'{}'", to_utf8({&unit, 1}))
+                                : fmt::format("U+{:04X}", static_cast<unsigned>(unit));
 }
 
 } // namespace

@@ -1,5 +1,7 @@
 #include "output.hpp"
 
+#include "cell_text.hpp"
+
 #include <fmt/format.h>
 
 #include <fcntl.h>
@@ -37,7 +39,7 @@ void write_out(std::string_view text) {
 
 void complain(std::string_view what) noexcept {
     try {
-        const std::string line = fmt::format("detect_layout: {}\n", what);
+        const std::string line = fmt::format("detect_layout: {}\n", one_line(what));
         std::fwrite(line.data(), 1, line.size(), stderr);
     } catch (const std::exception&) {
         std::fputs("detect_layout: out of memory\n", stderr);

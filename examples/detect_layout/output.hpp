@@ -11,7 +11,8 @@ void hold_standard_streams();
 /// Writes `text` to standard output, all of it, now. Throws `std::runtime_error` if that fails.
 void write_out(std::string_view text);
 
-/// Writes one line to standard error. If that fails, nobody can be told.
+/// Writes `what` to standard error as one line that does nothing to a terminal. If that fails,
+/// nobody can be told.
 void complain(std::string_view what) noexcept;
 
 } // namespace detect_layout

@@ -1,5 +1,6 @@
 #include "report.hpp"
 
+#include "cell_text.hpp"
 #include "layout_names.hpp"
 
 #include <fmt/format.h>
@@ -16,7 +17,7 @@ std::string what_was_lost(const TextInput& input) {
 
 std::string describe(const Detection& detection) {
     const auto& [file, input, layout] = detection;
-    std::string text = file + "\n";
+    std::string text = one_line(file) + "\n";
     const auto add = [&text](std::string_view what, std::string_view value) {
         text += fmt::format("  {:<14} {}\n", what, value);
     };
@@ -42,7 +43,7 @@ std::string describe(const Detection& detection) {
 std::string summarise(const Detection& detection) {
     const auto& [file, input, layout] = detection;
     std::string text =
-        fmt::format("{}: {}, {}, {}, {}, {}", file, layout_phrase(*layout),
+        fmt::format("{}: {}, {}, {}, {}, {}", one_line(file), layout_phrase(*layout),
                     counted(layout->header_lines(), "header line"),
                     counted(layout->num_variables(), "variable"),
                     counted(data_lines(*layout).size(), "row"), input->character_set());

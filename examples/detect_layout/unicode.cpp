@@ -19,4 +19,8 @@ std::u16string to_utf16(std::string_view text) {
     return {converted.getBuffer(), static_cast<std::size_t>(converted.length())};
 }
 
+bool is_utf8(std::string_view text) {
+    return to_utf8(to_utf16(text)) == text;
+}
+
 } // namespace detect_layout

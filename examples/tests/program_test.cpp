@@ -1,17 +1,20 @@
 #include "cell_text.hpp"
 #include "command_line.hpp"
 #include "detection.hpp"
+#include "layout_names.hpp"
 #include "picture.hpp"
 #include "string_bytes.hpp"
 #include "unicode.hpp"
 #include "user_error.hpp"
 
+#include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -216,12 +219,66 @@ TEST(CellText, fits_the_terminal) {
              {u"東京都庁", 6, "東京…", 5},
              {u"e\u0301te\u0301", 3, "e\u0301te\u0301", 3},
              {u"a\tb\nc", 9, "a→b↵c", 5},
-             {u"\x1b[2J\u202E", 9, "␛[2J\uFFFD", 5},
+             {u"\x1b[2J\u202E\x9B", 9, "␛[2J▯▯", 6},
+             {u"نمی\u200Cخواهم", 9, "نمی\u200Cخواهم", 8},
+             {u"क्\u200Dष", 2, "क्\u200Dष", 2},
+             {u"Donau\u00ADdampf", 10, "Donaudampf", 10},
              {std::u16string(1, u'\xD800'), 5, "\uFFFD", 1},
          }) {
         const CellText cell = printable(test.text, test.limit);
         EXPECT_EQ(cell.utf8, test.shown);
         EXPECT_EQ(cell.width, test.width) << test.shown;
+    }
+}
+
+TEST(Program, names_files_so_that_nothing_is_done_to_a_terminal) {
+    const std::string directory = test_files() + "/";
+    std::filesystem::create_directories(directory);
+    const std::string escape = directory + "\x1b[2J.csv";
+    const std::string latin = directory + "caf\xE9.csv";
+    for (const std::string& name : {escape, latin}) {
+        std::ofstream(name) << "a;b\n";
+    }
+    const Outcome listed = run("-r " + directory);
+    EXPECT_EQ(listed.output, directory + "␛[2J.csv: delimited by semicolon, 0 header lines, 2 variables, 1 row, UTF-8\n" +
+                                 directory +
+                                 "caf\uFFFD.csv: delimited by semicolon, 0 header lines, 2 variables, 1 row, UTF-8\n");
+    EXPECT_EQ(run("'" + escape + "x'").errors, "detect_layout: " + directory + "␛[2J.csvx: no such file\n");
+    EXPECT_EQ(run("'" + escape + "'").output.find('\x1b'), std::string::npos);
+
+    const auto answer = nlohmann::json::parse(run("--json " + latin).output);
+    std::string bytes;
+    for (const char byte : latin) {
+        bytes += fmt::format("{:02x}", static_cast<unsigned char>(byte));
+    }
+    EXPECT_EQ(answer["file_bytes"], bytes);
+    EXPECT_FALSE(nlohmann::json::parse(run("--json stock.txt").output).contains("file_bytes"));
+}
+
+TEST(Program, colours_only_where_colours_are_to_be_had) {
+    for (const auto& [environment, is_coloured] : std::vector<std::pair<const char*, bool>>{{"TERM=xterm NO_COLOR=", true},
+                                                                                            {"TERM=dumb NO_COLOR=", false},
+                                                                                            {"TERM=xterm NO_COLOR=1", false},
+                                                                                            {"-u TERM", false}}) {
+        // script gives the program a terminal.
+        const Outcome result =
+            run_script("script -qec \"env " + std::string(environment) + " $program stock.txt\" /dev/null </dev/null");
+        EXPECT_EQ(result.output.find('\x1b') != std::string::npos, is_coloured) << environment;
+        EXPECT_NE(result.output.find("delimited by vertical bar"), std::string::npos) << result.output;
+    }
+    EXPECT_EQ(run_script("TERM=xterm NO_COLOR= $program stock.txt").output.find('\x1b'), std::string::npos);
+}
+
+TEST(LayoutNames, name_delimiters_that_cannot_be_shown) {
+    for (const auto& [delimiter, name] :
+         std::vector<std::pair<std::u16string, const char*>>{{u"\t", "tab"},
+                                                             {u"x", "'x'"},
+                                                             {u"§", "'§'"},
+                                                             {u"\x01", "U+0001"},
+                                                             {u"\x9B", "U+009B"},
+                                                             {u"\u202E", "U+202E"},
+                                                             {u"||", "vertical bar vertical bar"}}) {
+        EXPECT_EQ(delimiter_name(delimiter), name);
     }
 }
 
