@@ -3,7 +3,6 @@
 #include "cell_text.hpp"
 #include "layout_names.hpp"
 #include "textio/candidates.hpp"
-#include "textio/rules.hpp"
 #include "textio/strategy.hpp"
 #include "unicode.hpp"
 
@@ -11,7 +10,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <string_view>
 #include <utility>
 
 namespace detect_layout {
@@ -126,21 +124,6 @@ private:
         }
     }
 
-    static std::string_view rule_name(const detection::picker_rules::Rule& rule) {
-        namespace rules = detection::picker_rules;
-        const auto is = [&rule]<typename Kind>(const Kind* /*kind*/) {
-            return dynamic_cast<const Kind*>(&rule) != nullptr;
-        };
-        using std::string_view;
-        return is(static_cast<rules::numvariables*>(nullptr))   ? string_view("expected variables")
-               : is(static_cast<rules::dates*>(nullptr))        ? string_view("dates")
-               : is(static_cast<rules::variation*>(nullptr))    ? string_view("regular lines")
-               : is(static_cast<rules::class_value*>(nullptr))  ? string_view("kinds of values")
-               : is(static_cast<rules::header_lines*>(nullptr)) ? string_view("short header")
-               : is(static_cast<rules::non_empty*>(nullptr))    ? string_view("filled columns")
-                                                                : string_view("usual delimiter");
-    }
-
     /// Adds the layouts that are not compared, because their lines are too irregular.
     void add_refused() {
         for (const char16_t unit : detection::get_candidate_delims(*line_->field_array())) {
@@ -192,6 +175,22 @@ std::string number(double value) {
 }
 
 } // namespace
+
+std::string_view rule_name(const detection::picker_rules::Rule& rule) {
+    namespace rules = detection::picker_rules;
+    const auto is = [&rule]<typename Kind>(const Kind* /*kind*/) {
+        return dynamic_cast<const Kind*>(&rule) != nullptr;
+    };
+    using std::string_view;
+    return is(static_cast<rules::numvariables*>(nullptr))   ? string_view("expected variables")
+           : is(static_cast<rules::dates*>(nullptr))        ? string_view("dates")
+           : is(static_cast<rules::variation*>(nullptr))    ? string_view("regular lines")
+           : is(static_cast<rules::class_value*>(nullptr))  ? string_view("kinds of values")
+           : is(static_cast<rules::header_lines*>(nullptr)) ? string_view("short header")
+           : is(static_cast<rules::non_empty*>(nullptr))    ? string_view("filled columns")
+           : is(static_cast<rules::priors_rank*>(nullptr))  ? string_view("usual delimiter")
+                                                            : string_view("a rule without a name");
+}
 
 Explanation explain(const textio::Field& text, const Settings& settings) {
     return Decision(text, settings).explain();

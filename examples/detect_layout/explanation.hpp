@@ -2,9 +2,11 @@
 
 #include "settings.hpp"
 #include "textio/field.hpp"
+#include "textio/rules.hpp"
 #include "textio/strategy_valuation.hpp"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace detect_layout {
@@ -24,6 +26,9 @@ struct Explanation {
 
 /// Takes the decision about `text` once more, step by step.
 [[nodiscard]] Explanation explain(const textio::Field& text, const Settings& settings);
+
+/// What a rule of the decision is called.
+[[nodiscard]] std::string_view rule_name(const textio::detection::picker_rules::Rule& rule);
 
 /// The candidates as a table, below it the outcome. Lines that end with a line feed.
 [[nodiscard]] std::string draw_table(const Explanation& explanation);
