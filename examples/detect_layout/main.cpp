@@ -49,20 +49,23 @@ std::string report(const std::string& file, const Settings& settings, bool is_on
 }
 
 int report_all(const Settings& settings) {
-    const auto files = settings.recursive ? walk_directories(settings.inputs) : settings.inputs;
+    const auto files = input_files(settings);
     const bool is_one_of_many = files.size() > 1 || settings.recursive;
     const ProgressBar progress(settings.recursive, files.size());
     int status = all_went_well;
     for (std::size_t i = 0; i < files.size(); ++i) {
-        progress.show(i, files[i]);
+        const auto& [path, trouble] = files[i];
+        progress.show(i, path);
         try {
-            const std::string text = report(files[i], settings, is_one_of_many);
+            if (!trouble.empty()) {
+                throw UserError(trouble);
+            }
+            const std::string text = report(path, settings, is_one_of_many);
             progress.clear();
             write_out(text);
         } catch (const UserError& error) {
             progress.clear();
-            complain(
-                fmt::format("{}: {}", files[i] == "-" ? "standard input" : files[i], error.what()));
+            complain(fmt::format("{}: {}", path == "-" ? "standard input" : path, error.what()));
             status = something_went_wrong;
         }
     }

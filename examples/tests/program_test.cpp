@@ -1,6 +1,7 @@
 #include "cell_text.hpp"
 #include "command_line.hpp"
 #include "detection.hpp"
+#include "input_files.hpp"
 #include "layout_names.hpp"
 #include "picture.hpp"
 #include "string_bytes.hpp"
@@ -11,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
@@ -169,6 +171,31 @@ TEST(Completion, offers_what_can_follow) {
                        "); COMP_CWORD=\\$((\\${#COMP_WORDS[@]} - 1)); _detect_layout; echo \\${COMPREPLY[*]}\"");
         EXPECT_EQ(result.output, offered + "\n") << words;
     }
+}
+
+TEST(InputFiles, tell_of_directories_that_cannot_be_read) {
+    const std::string directory = test_files() + "/";
+    for (const char* below : {"a", "b", ".hidden"}) {
+        std::filesystem::create_directories(directory + below);
+        std::ofstream(directory + below + "/x.csv") << "a;b\n";
+    }
+    std::ofstream(directory + "z.csv") << "a;b\n";
+    std::filesystem::permissions(directory + "a", std::filesystem::perms::none);
+    Settings settings;
+    settings.inputs = {directory, "stock.txt"};
+    settings.recursive = true;
+    // Nothing is closed to root.
+    const bool is_root = geteuid() == 0;
+    ASSERT_EQ(is_root ? seteuid(65534) : 0, 0);
+    const auto files = input_files(settings);
+    ASSERT_EQ(is_root ? seteuid(0) : 0, 0);
+    std::filesystem::permissions(directory + "a", std::filesystem::perms::all);
+    std::vector<std::string> found;
+    for (const auto& [path, trouble] : files) {
+        found.push_back(path + ":" + trouble);
+    }
+    EXPECT_EQ(found, (std::vector<std::string>{directory + "a:Permission denied",
+                                               directory + "b/x.csv:", directory + "z.csv:", "stock.txt:"}));
 }
 
 TEST(CommandLine, takes_comments_with_and_without_a_closer) {
