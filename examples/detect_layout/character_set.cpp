@@ -1,10 +1,12 @@
 #include "character_set.hpp"
 
+#include "binary_data.hpp"
+#include "legacy_sets.hpp"
 #include "user_error.hpp"
 
 #include <unicode/localpointer.h>
+#include <unicode/uchar.h>
 #include <unicode/ucnv.h>
-#include <unicode/ucsdet.h>
 #include <unicode/utf8.h>
 
 #include <fmt/format.h>
@@ -13,6 +15,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <map>
+#include <vector>
 
 namespace detect_layout {
 
@@ -20,14 +24,8 @@ namespace {
 
 using std::string_view_literals::operator""sv;
 
-/// What a text is taken to be in when nothing tells: every byte is a character there.
-constexpr auto last_resort = "windows-1252";
-
-/// Below this, ICU's guess (0 to 100) is worse than the last resort.
-constexpr std::int32_t least_confidence = 20;
-
-/// How much ICU gets to see. More makes it slower, and not better.
-constexpr std::size_t recognition_bytes = 65536;
+/// How much of a text from before Unicode is tried in all character sets.
+constexpr std::size_t telling_bytes = 65536;
 
 struct Mark {
     std::string_view bytes;
@@ -41,20 +39,51 @@ constexpr std::array marks{
     Mark{"\xFE\xFF"sv, "UTF-16BE"},
 };
 
-/// UTF-16 without a mark: in most tables every other byte is zero in at least a quarter of the
-/// units (digits, delimiters, line ends), and hardly any of the bytes between.
-const char* unmarked_utf16(std::string_view head) {
-    std::array<std::size_t, 2> zeros{};
-    for (std::size_t i = 0; i < head.size(); ++i) {
-        zeros[i % 2] += head[i] == '\0' ? 1 : 0;
+/// Units of 16 or 32 bits, as far as whole ones are there.
+template <std::size_t Bytes>
+std::vector<UChar32> units_of(std::string_view head, bool is_little_endian) {
+    std::vector<UChar32> units(head.size() / Bytes);
+    for (std::size_t i = 0; i < units.size() * Bytes; ++i) {
+        const std::size_t place = is_little_endian ? i % Bytes : Bytes - 1 - i % Bytes;
+        const auto byte = static_cast<std::uint32_t>(static_cast<unsigned char>(head[i]));
+        units[i / Bytes] |= static_cast<UChar32>(byte << (8 * place));
     }
-    const std::size_t units = head.size() / 2;
-    const auto many = [units](std::size_t count) { return count > 0 && 4 * count >= units; };
-    const auto few = [units](std::size_t count) { return 100 * count <= units; };
-    if (many(zeros[1]) && few(zeros[0])) {
-        return "UTF-16LE";
+    return units;
+}
+
+bool is_text(UChar32 character) {
+    const bool is_control = u_iscntrl(character) != 0 && u_isspace(character) == 0;
+    return u_isdefined(character) != 0 && !is_control &&
+           u_charType(character) != U_PRIVATE_USE_CHAR;
+}
+
+/// Wrong units hardly ever make characters, and hardly ever those that every table has: digits,
+/// blanks, delimiters, line ends. If these are few, all others must be of one alphabet.
+bool is_table(const std::vector<UChar32>& units) {
+    std::size_t characters = 0;
+    std::map<UChar32, std::size_t> blocks; // of 256 characters
+    for (const UChar32 unit : units) {
+        characters += is_text(unit) ? 1 : 0;
+        ++blocks[unit >> 8];
     }
-    return many(zeros[0]) && few(zeros[1]) ? "UTF-16BE" : nullptr;
+    const std::size_t ascii = blocks[0];
+    std::size_t alphabet = 0;
+    for (const auto& [block, count] : blocks) {
+        alphabet = block != 0 ? std::max(alphabet, count) : alphabet;
+    }
+    const bool has_common =
+        4 * ascii >= units.size() ||
+        (20 * ascii >= units.size() && 10 * (ascii + alphabet) >= 9 * units.size());
+    return characters > 0 && has_common && 100 * (units.size() - characters) <= units.size();
+}
+
+const char* unmarked_utf32_or_utf16(std::string_view head) {
+    head = head.substr(0, telling_bytes);
+    return is_table(units_of<4>(head, true))    ? "UTF-32LE"
+           : is_table(units_of<4>(head, false)) ? "UTF-32BE"
+           : is_table(units_of<2>(head, true))  ? "UTF-16LE"
+           : is_table(units_of<2>(head, false)) ? "UTF-16BE"
+                                                : nullptr;
 }
 
 /// The UTF-8 character at `place`, negative if there is none; moves `place` behind it.
@@ -90,7 +119,7 @@ std::string_view telling_part(std::string_view head) {
     }
     const auto before = head.substr(0, telling);
     const auto line_end = before.rfind('\n');
-    return head.substr(line_end == std::string_view::npos ? 0 : line_end + 1, recognition_bytes);
+    return head.substr(line_end == std::string_view::npos ? 0 : line_end + 1, telling_bytes);
 }
 
 bool can_be_decoded(const char* character_set) {
@@ -99,34 +128,24 @@ bool can_be_decoded(const char* character_set) {
     return U_SUCCESS(status) != 0;
 }
 
-std::string recognised_by_icu(std::string_view head) {
-    const auto part = telling_part(head);
-    UErrorCode status = U_ZERO_ERROR;
-    const icu::LocalUCharsetDetectorPointer detector(ucsdet_open(&status));
-    ucsdet_setText(detector.getAlias(), part.data(), static_cast<std::int32_t>(part.size()),
-                   &status);
-    const UCharsetMatch* match = ucsdet_detect(detector.getAlias(), &status);
-    if (U_FAILURE(status) != 0 || match == nullptr ||
-        ucsdet_getConfidence(match, &status) < least_confidence) {
-        return last_resort;
-    }
-    const std::string name = ucsdet_getName(match, &status);
-    // Windows-1252 has all of ISO-8859-1's printing characters, and more that may come later on.
-    return name == "ISO-8859-1" || !can_be_decoded(name.c_str()) ? last_resort : name;
-}
-
 } // namespace
 
-std::string detect_character_set(std::string_view head, bool is_whole_text) {
+CharacterSet detect_character_set(std::string_view head, bool is_whole_text) {
     for (const Mark& mark : marks) {
         if (head.starts_with(mark.bytes)) {
-            return mark.character_set;
+            return {mark.character_set, {}};
         }
     }
-    if (const char* name = unmarked_utf16(head)) {
-        return name;
+    if (const char* name = unmarked_utf32_or_utf16(head)) {
+        return {name, {}};
     }
-    return holds_together_as_utf8(head, is_whole_text) ? "UTF-8" : recognised_by_icu(head);
+    if (const std::string kind = binary_kind(head); !kind.empty()) {
+        throw UserError(fmt::format("no text but {}", kind));
+    }
+    if (holds_together_as_utf8(head, is_whole_text)) {
+        return {"UTF-8", {}};
+    }
+    return most_likely_legacy_set(telling_part(head));
 }
 
 std::string known_character_set(const std::string& name) {

@@ -1,43 +1,21 @@
 #include "decoding_source.hpp"
 
+#include "converter.hpp"
 #include "unicode.hpp"
 #include "user_error.hpp"
-
-#include <unicode/ucnv_cb.h>
 
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdint>
 #include <utility>
 
 namespace detect_layout {
 
-namespace {
-
-/// Called by the converter for each byte sequence that it cannot decode, also for one that the
-/// text's end cuts short. `counter` is the source's count.
-void replace_and_count(const void* counter, UConverterToUnicodeArgs* arguments,
-                       const char* /*bytes*/, std::int32_t /*length*/,
-                       UConverterCallbackReason reason, UErrorCode* status) {
-    if (reason > UCNV_IRREGULAR) {
-        return; // the converter is reset, closed or cloned
-    }
-    ++*static_cast<std::size_t*>(const_cast<void*>(counter));
-    *status = U_ZERO_ERROR;
-    ucnv_cbToUWriteUChars(arguments, &replacement_character, 1, 0, status);
-}
-
-} // namespace
-
 DecodingSource::DecodingSource(ByteSource& bytes, std::string head,
                                const std::string& character_set, std::size_t piece_bytes)
-    : bytes_(bytes), piece_(std::move(head)), piece_bytes_(piece_bytes) {
-    UErrorCode status = U_ZERO_ERROR;
-    converter_.adoptInstead(ucnv_open(character_set.c_str(), &status));
-    ucnv_setToUCallBack(converter_.getAlias(), replace_and_count, &undecodable_, nullptr, nullptr,
-                        &status);
-    if (U_FAILURE(status) != 0) {
+    : bytes_(bytes), piece_(std::move(head)), piece_bytes_(piece_bytes),
+      converter_(open_converter(character_set, undecodable_)) {
+    if (converter_.isNull()) {
         throw UserError(fmt::format("cannot decode the character set '{}'", character_set));
     }
 }

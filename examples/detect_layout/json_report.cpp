@@ -61,6 +61,7 @@ std::string to_json(const Detection& detection, const std::optional<Explanation>
     const bool splits = layout->mode() == textio::enums::StrategyMode::delimited ||
                         layout->mode() == textio::enums::StrategyMode::space_aligned;
     const bool has_widths = layout->mode() == textio::enums::StrategyMode::fixed_width;
+    const std::string& rival = input->character_set().rival;
     Json answer{
         {"file", file},
         {"kind", kind_name(layout->mode())},
@@ -69,7 +70,8 @@ std::string to_json(const Detection& detection, const std::optional<Explanation>
         {"header_lines", layout->header_lines()},
         {"num_variables", layout->num_variables()},
         {"rows", data_lines(*layout).size()},
-        {"charset", input->character_set()},
+        {"charset", input->character_set().name},
+        {"charset_rival", rival.empty() ? Json() : Json(rival)},
         {"compression", input->is_unpacked() ? Json("gzip") : Json()},
         {"undecodable", input->undecodable()},
         {"cut", input->is_cut()},

@@ -9,6 +9,11 @@ namespace detect_layout {
 
 namespace {
 
+std::string character_set_phrase(const CharacterSet& set) {
+    return set.rival.empty() ? set.name
+                             : fmt::format("{} (not sure, perhaps {})", set.name, set.rival);
+}
+
 std::string what_was_lost(const TextInput& input) {
     return counted(input.undecodable(), "undecodable byte sequence");
 }
@@ -25,7 +30,7 @@ std::string describe(const Detection& detection) {
     add("header lines", std::to_string(layout->header_lines()));
     add("variables", std::to_string(layout->num_variables()));
     add("rows sampled", std::to_string(data_lines(*layout).size()));
-    add("character set", input->character_set());
+    add("character set", character_set_phrase(input->character_set()));
     if (input->undecodable() > 0) {
         add("", what_was_lost(*input) + ", shown as \uFFFD");
     }
@@ -42,11 +47,11 @@ std::string describe(const Detection& detection) {
 
 std::string summarise(const Detection& detection) {
     const auto& [file, input, layout] = detection;
-    std::string text =
-        fmt::format("{}: {}, {}, {}, {}, {}", one_line(file), layout_phrase(*layout),
-                    counted(layout->header_lines(), "header line"),
-                    counted(layout->num_variables(), "variable"),
-                    counted(data_lines(*layout).size(), "row"), input->character_set());
+    std::string text = fmt::format("{}: {}, {}, {}, {}, {}", one_line(file), layout_phrase(*layout),
+                                   counted(layout->header_lines(), "header line"),
+                                   counted(layout->num_variables(), "variable"),
+                                   counted(data_lines(*layout).size(), "row"),
+                                   character_set_phrase(input->character_set()));
     if (input->undecodable() > 0) {
         text += ", " + what_was_lost(*input);
     }

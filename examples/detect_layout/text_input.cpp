@@ -1,6 +1,5 @@
 #include "text_input.hpp"
 
-#include "character_set.hpp"
 #include "textio/fixed_stream.hpp"
 
 #include <utility>
@@ -24,9 +23,9 @@ TextInput::TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encod
                      const std::vector<std::u16string>& line_endings)
     : bytes_(std::move(bytes)) {
     std::string head = read_head(*bytes_);
-    character_set_ =
-        encoding.empty() ? detect_character_set(head, head.size() < head_bytes) : encoding;
-    source_ = std::make_unique<DecodingSource>(*bytes_, std::move(head), character_set_);
+    character_set_ = encoding.empty() ? detect_character_set(head, head.size() < head_bytes)
+                                      : CharacterSet{encoding, {}};
+    source_ = std::make_unique<DecodingSource>(*bytes_, std::move(head), character_set_.name);
     stream_ = std::make_unique<zentor::io::text::stream::TextStream>(*source_);
     text_ = textio::get_fixed_stream(*stream_, line_endings);
 }

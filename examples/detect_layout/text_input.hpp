@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bytes.hpp"
+#include "character_set.hpp"
 #include "decoding_source.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/text_stream.hpp"
@@ -15,14 +16,15 @@ namespace detect_layout {
 class TextInput {
 public:
     /// Decodes from `bytes`, in the character set `encoding` or, if that is empty, in the one that
-    /// the bytes seem to be in. Throws `UserError` if the bytes cannot be read.
+    /// the bytes seem to be in. Throws `UserError` if the bytes cannot be read,
+    /// or if `encoding` is empty and they are no text.
     TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encoding,
               const std::vector<std::u16string>& line_endings);
 
     /// The text; good as long as this object lives.
     [[nodiscard]] const textio::Field& text() const noexcept { return text_; }
 
-    [[nodiscard]] const std::string& character_set() const noexcept { return character_set_; }
+    [[nodiscard]] const CharacterSet& character_set() const noexcept { return character_set_; }
 
     /// Byte sequences that meant nothing in that character set.
     [[nodiscard]] std::size_t undecodable() const noexcept { return source_->undecodable(); }
@@ -35,7 +37,7 @@ public:
 
 private:
     std::unique_ptr<ByteSource> bytes_;
-    std::string character_set_;
+    CharacterSet character_set_;
     std::unique_ptr<DecodingSource> source_;
     std::unique_ptr<zentor::io::text::stream::TextStream> stream_;
     textio::Field text_;

@@ -71,7 +71,7 @@ TEST_P(ExampleFile, gets_the_expected_answer) {
     EXPECT_EQ(layout_phrase(*found.layout), test.layout);
     EXPECT_EQ(found.layout->header_lines(), test.header_lines);
     EXPECT_EQ(found.layout->num_variables(), test.num_variables);
-    EXPECT_EQ(found.input->character_set(), test.character_set);
+    EXPECT_EQ(found.input->character_set().name, test.character_set);
     EXPECT_EQ(found.input->undecodable(), test.undecodable);
 
     // The explanation takes the decision anew, and must come to the same end.

@@ -6,7 +6,7 @@ project_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 # shellcheck disable=SC2034 # for the scripts that source this
 build_packages=(
     g++ cmake ninja-build
-    libicu-dev libcli11-dev libfmt-dev nlohmann-json3-dev zlib1g-dev # the example host
+    libicu-dev libcli11-dev libfmt-dev nlohmann-json3-dev zlib1g-dev libmagic-dev # the example host
     libgtest-dev                                          # the tests
 )
 
