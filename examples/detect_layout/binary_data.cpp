@@ -22,9 +22,10 @@ ControlCharacters count_controls(std::string_view head) {
     // Escape introduces other sets of characters, 0x1A ended files once.
     constexpr std::string_view usual = "\t\n\v\f\r\x1A\x1B";
     std::array<std::size_t, 0x20> counts{};
-    for (const char byte : head) {
-        if (byte >= 0 && byte < 0x20) {
-            ++counts[static_cast<std::size_t>(byte)];
+    for (const char character : head) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (byte < counts.size()) {
+            ++counts[byte];
         }
     }
     ControlCharacters controls{.zeros = counts[0]};

@@ -15,11 +15,12 @@ constexpr std::string_view ellipsis = "\u2026";
 
 constexpr UChar32 soft_hyphen = 0xAD;
 
-/// Takes up no room and only says how the letters around it are written.
-bool is_joiner(UChar32 character) {
+/// Takes up no room and only says how the letters around it are written or parted.
+bool is_harmless(UChar32 format_character) {
     constexpr UChar32 non_joiner = 0x200C;
     constexpr UChar32 joiner = 0x200D;
-    return character == non_joiner || character == joiner;
+    return format_character == soft_hyphen || format_character == non_joiner ||
+           format_character == joiner;
 }
 
 /// Something to see in the place of a character that would move the cursor, change the terminal's
@@ -44,16 +45,15 @@ UChar32 visible(UChar32 character) {
         return control_pictures + character;
     }
     const auto category = u_charType(character);
-    const bool is_harmful =
-        category == U_CONTROL_CHAR || category == U_LINE_SEPARATOR ||
-        category == U_PARAGRAPH_SEPARATOR ||
-        (category == U_FORMAT_CHAR && character != soft_hyphen && !is_joiner(character));
+    const bool is_harmful = category == U_CONTROL_CHAR || category == U_LINE_SEPARATOR ||
+                            category == U_PARAGRAPH_SEPARATOR ||
+                            (category == U_FORMAT_CHAR && !is_harmless(character));
     return category == U_SURROGATE ? replacement_character : is_harmful ? box : character;
 }
 
 std::size_t columns(UChar32 character) {
     const auto category = u_charType(character);
-    if (category == U_NON_SPACING_MARK || category == U_ENCLOSING_MARK || is_joiner(character)) {
+    if (category == U_NON_SPACING_MARK || category == U_ENCLOSING_MARK || is_harmless(character)) {
         return 0;
     }
     const auto east_asian = u_getIntPropertyValue(character, UCHAR_EAST_ASIAN_WIDTH);
@@ -83,9 +83,6 @@ CellText printable(std::u16string_view text, std::size_t limit) {
     for (std::size_t i = 0; i < text.size();) {
         UChar32 character = 0;
         U16_NEXT(text, i, text.size(), character);
-        if (character == soft_hyphen) {
-            continue; // terminals do not agree on its width
-        }
         character = visible(character);
         cell.width += columns(character);
         if (cell.width > limit) {
@@ -93,7 +90,9 @@ CellText printable(std::u16string_view text, std::size_t limit) {
             ++kept.width;
             return kept;
         }
-        append(cell.utf8, character);
+        if (character != soft_hyphen) { // terminals do not agree on its width
+            append(cell.utf8, character);
+        }
         if (cell.width < limit) {
             kept = cell;
         }

@@ -15,7 +15,7 @@ DecodingSource::DecodingSource(ByteSource& bytes, std::string head,
                                const std::string& character_set, std::size_t piece_bytes)
     : bytes_(bytes), piece_(std::move(head)), piece_bytes_(piece_bytes),
       converter_(open_converter(character_set, undecodable_)) {
-    if (converter_.isNull()) {
+    if (converter_.isNull() != 0) {
         throw UserError(fmt::format("cannot decode the character set '{}'", character_set));
     }
 }

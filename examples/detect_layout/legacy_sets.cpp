@@ -82,7 +82,7 @@ const std::array legacy_sets{
 std::optional<std::u16string> decoded(std::string_view bytes, const char* name) {
     std::size_t undecodable = 0;
     const auto converter = open_converter(name, undecodable);
-    if (converter.isNull()) {
+    if (converter.isNull() != 0) {
         return std::nullopt;
     }
     UErrorCode status = U_ZERO_ERROR;

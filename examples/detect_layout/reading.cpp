@@ -66,33 +66,40 @@ UScriptCode script_of_word(char16_t unit) {
     return script == USCRIPT_HIRAGANA || script == USCRIPT_KATAKANA ? USCRIPT_HAN : script;
 }
 
+bool is_ascii_letter(char16_t unit) {
+    return unit < 0x80 && is_letter(unit);
+}
+
+/// Only an apostrophe stands between letters, and it does not begin a word.
+double grade_of_sign_place(char16_t before, char16_t unit, char16_t behind) {
+    const bool is_apostrophe = unit == u'\u2019';
+    return is_letter(behind) && is_letter(before) != is_apostrophe ? grade::misplaced : 0;
+}
+
+double grade_of_capital_place(char16_t before) {
+    return is_small(before) ? grade::misplaced : is_capital(before) ? 0 : grade::initial_capital;
+}
+
+/// In Latin writing the letters beyond ASCII are the exceptions, in other writing the rule.
+bool is_among_its_like(char16_t before, UScriptCode script, char16_t behind) {
+    const auto is_like = [script](char16_t neighbour) {
+        return is_letter(neighbour) && is_ascii_letter(neighbour) == (script == USCRIPT_LATIN);
+    };
+    return is_like(before) || is_like(behind);
+}
+
 /// How well a character goes with those before and behind it, 0 at best.
 double grade_of_place(char16_t before, char16_t unit, char16_t behind) {
     if (!is_letter(unit) || is_usual_sign(unit)) {
-        // Only an apostrophe stands between letters, and it does not begin a word.
-        const bool is_apostrophe = unit == u'\u2019';
-        return is_letter(behind) && is_letter(before) != is_apostrophe ? grade::misplaced : 0;
-    }
-    double result = 0;
-    if (is_capital(unit)) {
-        result += is_small(before)     ? grade::misplaced
-                  : is_capital(before) ? 0
-                                       : grade::initial_capital;
+        return grade_of_sign_place(before, unit, behind);
     }
     const auto script = script_of_word(unit);
     const auto is_strange = [script](char16_t neighbour) {
         return is_letter(neighbour) && script_of_word(neighbour) != script;
     };
-    const auto is_ascii_letter = [](char16_t neighbour) {
-        return neighbour < 0x80 && is_letter(neighbour);
-    };
+    double result = is_capital(unit) ? grade_of_capital_place(before) : 0;
     result += is_strange(before) || is_strange(behind) ? grade::misplaced : 0;
-    // In Latin writing the letters beyond ASCII are the exceptions, in other writing the rule.
-    const bool is_among_its_like = script == USCRIPT_LATIN
-                                       ? is_ascii_letter(before) || is_ascii_letter(behind)
-                                       : (is_letter(before) && !is_ascii_letter(before)) ||
-                                             (is_letter(behind) && !is_ascii_letter(behind));
-    return result + (is_among_its_like ? 0 : grade::misplaced);
+    return result + (is_among_its_like(before, script, behind) ? 0 : grade::misplaced);
 }
 
 double grade_of_east_asian(char16_t unit, double confidence) {
