@@ -84,6 +84,14 @@ Starts starts_between_cuts(std::span<const std::size_t> counts, std::size_t most
     return starts;
 }
 
+bool have_gaps(std::span<const std::size_t> counts, std::size_t most, const Starts& starts) {
+    std::size_t wide = 0;
+    for (std::size_t column = 1; column < starts.size(); ++column) {
+        wide += counts[starts[column] - 2] <= most ? 1U : 0U;
+    }
+    return wide * 2 > starts.size() - 1;
+}
+
 bool is_crossed(std::u16string_view line, const Starts& starts) {
     for (const std::size_t start : starts) {
         if (start >= line.size()) {

@@ -28,6 +28,10 @@ using Starts = std::vector<std::size_t>;            ///< where columns start, as
 /// Where a filled position follows one that at most `most` lines fill.
 [[nodiscard]] Starts starts_between_cuts(std::span<const std::size_t> counts, std::size_t most);
 
+/// Whether at most `most` lines fill any of the two positions before most columns.
+[[nodiscard]] bool have_gaps(std::span<const std::size_t> counts, std::size_t most,
+                             const Starts& starts);
+
 /// Takes back cuts of one blank over which the heading has no word: these are blanks in a text.
 /// Gives how many columns are left.
 std::size_t join_unnamed(std::u16string_view heading, std::span<const std::size_t> counts,

@@ -70,22 +70,23 @@ void count_values(const Reading& reading, const FieldArray& lines, const char16_
 
 } // namespace
 
-NumberMarks marks_of(const Reading& reading) {
-    constexpr std::size_t most_cells = 2000;
+NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const TableStart& start) {
+    constexpr std::size_t most_rows = 60;
     NumberMarks marks;
-    const auto add = [&](std::u16string_view cell) {
-        const std::u16string_view text = bare(cell);
-        if (looks_like_number(text)) {
-            marks.add(text);
-        }
-    };
-    for (const std::u16string_view cell : reading.grid.cells) {
-        add(cell);
+    if (reading.is_line_by_line()) {
+        return marks;
     }
-    if (reading.grid.columns == 0 && reading.strategy != nullptr) {
-        const auto& fields = reading.strategy->field_array()->fields;
-        for (std::size_t field = 0; field < std::min(fields.size(), most_cells); ++field) {
-            add(fields[field].view());
+    TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
+    for (std::size_t row = 0; row < most_rows && rows.next();) {
+        if (rows.place() != nullptr && rows.place() < start.first_data) {
+            continue;
+        }
+        ++row;
+        for (std::size_t column = 0; column < rows.fields(); ++column) {
+            const std::u16string_view text = bare(rows.cells()[column]);
+            if (looks_like_number(text)) {
+                marks.add(text);
+            }
         }
     }
     return marks;

@@ -14,8 +14,9 @@
 
 namespace textio::advice {
 
-/// The marks of the numbers of a reading's table.
-[[nodiscard]] NumberMarks marks_of(const Reading& reading);
+/// The marks of the numbers in the first rows of a reading's table, which begins at `start`.
+[[nodiscard]] NumberMarks marks_of(const Reading& reading, const FieldArray& lines,
+                                   const TableStart& start);
 
 /// The columns of a reading's table, which begins at `start`. `lines` is the text read as one field
 /// a line with the comments of the reading; `type_options` have the marks of the numbers.

@@ -1,6 +1,7 @@
 #include "advice/grading.hpp"
 
 #include "advice/flush_columns.hpp"
+#include "advice/lines.hpp"
 #include "advice/name_words.hpp"
 #include "advice/number_shape.hpp"
 #include "advice/tagged_records.hpp"
@@ -8,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <utility>
 
 namespace textio::advice {
@@ -26,9 +28,10 @@ double columns_term(std::size_t columns) {
     return columns < 2 ? 0 : std::sqrt((count - 1) / count);
 }
 
-/// A table usually is most of the text, but a long preamble is no great fault.
-double coverage_term(double coverage) {
-    return std::sqrt(std::sqrt(coverage));
+/// A table usually is most of the text, but a long preamble is no great fault. Blanks stand in any
+/// text: a table that they make should be more of it.
+double coverage_term(double coverage, bool at_blanks) {
+    return std::pow(coverage, at_blanks ? weights::coverage_at_blanks : weights::coverage);
 }
 
 double squared(double value) {
@@ -57,6 +60,18 @@ double blanks_term(const Reading& reading, const FieldArray& sample, const Surve
     return names_text_columns(first, reading.grid) ? 1 : weights::words_at_blanks;
 }
 
+/// Whether all fields of a row could be names: short texts with letters, no numbers and no dates.
+bool could_be_names(std::span<const Field> row, const GradingContext& context) {
+    constexpr std::size_t longest_name = 40;
+    CellJudge judge(*context.analyzer, u'"');
+    return std::all_of(row.begin(), row.end(), [&](const Field& field) {
+        const std::u16string_view name = bare(field.view());
+        const CellKind kind = judge.judge(name);
+        return has_letter(name) && name.size() <= longest_name && kind != CellKind::number &&
+               kind != CellKind::date;
+    });
+}
+
 /// Grades the table that `run` shows.
 void grade_run(Reading& reading, const RegularRun& run, double prior,
                const GradingContext& context) {
@@ -76,7 +91,7 @@ void grade_run(Reading& reading, const RegularRun& run, double prior,
     reading.figures = figures_of(reading.grid, judge);
     Terms& terms = reading.terms;
     terms[TermKind::consistency] = squared(run.consistency());
-    terms[TermKind::coverage] = coverage_term(run.coverage());
+    terms[TermKind::coverage] = coverage_term(run.coverage(), reading.is_blank_separated());
     terms[TermKind::types] = reading.figures.types;
     terms[TermKind::columns] = columns_term(reading.grid.columns);
     terms[TermKind::rows] = rows_term(run.kept + run.short_rows, weights::rows_doubt);
@@ -154,6 +169,14 @@ void grade_rows(Reading& reading, double prior, const GradingContext& context) {
         grade_run(other, last, prior, context);
         keep_better(std::move(other));
     }
+    if (reading.is_delimited() && best.kept != best.all) {
+        const RegularRun headed = find_headed_run(sample);
+        if (headed.width != 0 && could_be_names(first_row_of(sample, headed), context)) {
+            Reading other = ungraded;
+            grade_run(other, headed, prior, context);
+            keep_better(std::move(other));
+        }
+    }
     const bool can_be_tagged = reading.is_delimited() && reading.delimiter != u",";
     if (can_be_tagged && best.kept != best.all) {
         Reading other = ungraded;
@@ -175,12 +198,13 @@ Reading begin_positions(Positions positions, const GradingContext& context) {
     if (!positions.has_padding) {
         terms[TermKind::context] *= weights::never_padded;
     }
-    const bool has_sign = positions.has_ruler || positions.has_heading || positions.is_padded;
+    const bool has_sign =
+        positions.has_ruler || positions.has_heading || positions.has_gaps || positions.is_padded;
     terms[TermKind::rows] =
         rows_term(positions.kept, has_sign ? weights::rows_doubt : weights::positions_doubt);
     terms[TermKind::consistency] = squared(positions.consistency());
     if (!positions.has_no_columns) {
-        terms[TermKind::coverage] = coverage_term(positions.coverage());
+        terms[TermKind::coverage] = coverage_term(positions.coverage(), false);
         terms[TermKind::alignment] = squared(positions.alignment);
         terms[TermKind::columns] = columns_term(reading.columns);
     }

@@ -7,13 +7,14 @@ namespace textio::advice {
 Grid grid_of(const FieldArray& sample, const RegularRun& run) {
     Grid grid;
     grid.columns = run.width;
-    RowPicker picker(run.kept);
+    RowPicker picker(run.is_padded ? run.rows : run.kept);
     for (std::size_t line = run.first_line; line <= run.last_line; ++line) {
         const auto fields = sample.line(line);
-        if (fields.size() == run.width && picker.takes()) {
+        if (run.holds(fields.size()) && picker.takes()) {
             for (const Field& field : fields) {
                 grid.cells.push_back(field.view());
             }
+            grid.cells.resize(grid.cells.size() + run.width - fields.size());
         }
     }
     return grid;

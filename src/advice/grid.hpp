@@ -42,7 +42,7 @@ private:
     std::size_t passed_;
 };
 
-/// Rows that keep the width of `run`.
+/// Rows of the table that `run` shows; cells that a row lacks are empty.
 [[nodiscard]] Grid grid_of(const FieldArray& sample, const RegularRun& run);
 
 /// The fields of the first row that keeps the width of `run`.

@@ -1,5 +1,6 @@
 #include "advice/names_above.hpp"
 
+#include "advice/cell_kind.hpp"
 #include "advice/comments.hpp"
 #include "advice/heading.hpp"
 #include "advice/lines.hpp"
@@ -40,6 +41,11 @@ std::u16string_view without_opener(std::u16string_view line, std::u16string_view
     return trimmed(text);
 }
 
+/// Whether so many words can head so many columns though they cannot be told apart.
+bool can_head(std::size_t words, std::size_t columns) {
+    return words > 1 && words * 5 >= columns * 3 && words * 2 <= columns * 3;
+}
+
 /// The parts of a line that may be names, cut as the table's rows are. In a comment a word may
 /// stand in front of the names, and a last name may be missing.
 Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment) {
@@ -48,7 +54,11 @@ Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment
     }
     if (reading.is_blank_separated()) {
         Words words = words_of(text, 1);
-        return words.size() == reading.columns ? words : words_of(text, 2);
+        Words parts = words_of(text, 2);
+        const bool are_single =
+            words.size() == reading.columns ||
+            (!can_head(parts.size(), reading.columns) && !reads_like_a_sentence(text));
+        return are_single ? words : parts;
     }
     Words parts = split(text, reading.delimiter);
     if (is_comment && parts.size() == reading.columns + 1) {
@@ -62,11 +72,6 @@ Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment
 bool are_mostly_numbers(const Words& words) {
     const auto numbers = std::count_if(words.begin(), words.end(), looks_like_number);
     return static_cast<std::size_t>(numbers) * 3 > words.size();
-}
-
-/// Whether so many words can head so many columns though they cannot be told apart.
-bool can_head(std::size_t words, std::size_t columns) {
-    return words > 1 && words * 5 >= columns * 3 && words * 2 <= columns * 3;
 }
 
 /// The words of a heading over columns at positions: each belongs to the column its middle is over.

@@ -4,6 +4,7 @@
 #include "advice/heading.hpp"
 #include "advice/lines.hpp"
 #include "advice/regions.hpp"
+#include "advice/weights.hpp"
 
 #include <algorithm>
 #include <optional>
@@ -75,6 +76,7 @@ std::optional<Positions> columns_of_region(const FieldArray& lines, Region regio
         return std::nullopt;
     }
     found.is_padded = are_of_one_length(filled);
+    found.has_gaps = have_gaps(counts, most, found.starts);
     if (region.first > 0) {
         const std::u16string_view heading = text_of(lines, region.first - 1);
         found.has_heading = stands_flush(heading, found.starts, filled);
@@ -132,7 +134,8 @@ std::optional<Positions> columns_below_ruler(const FieldArray& lines, Region rul
 } // namespace
 
 double Positions::consistency() const noexcept {
-    const double weighed = static_cast<double>(rows) + static_cast<double>(behind) / 2;
+    const double weighed =
+        static_cast<double>(rows) + weights::behind_run * static_cast<double>(behind);
     return rows == 0 ? 0 : static_cast<double>(kept) / weighed;
 }
 

@@ -23,6 +23,7 @@ struct Positions {
     double alignment = 0;            ///< how flush the cells stand in their columns
     bool has_ruler = false;          ///< a line of dashes or bars shows the columns
     bool has_heading = false;        ///< the words of the line above stand flush with the columns
+    bool has_gaps = false;           ///< most columns have two blanks before them on all lines
     bool has_padding = false;        ///< cells are padded: columns that never are, are none
     bool is_padded = false;          ///< the lines are all of one length
     bool has_no_columns = false;     ///< records of one length; the starts are where units change

@@ -85,7 +85,7 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
     proposal.names_line = start.names_line;
     proposal.first_data_line = start.first_data_line;
 
-    const NumberMarks marks = marks_of(reading);
+    const NumberMarks marks = marks_of(reading, *sources.lines, start);
     proposal.decimal_mark = settings.decimal_mark.value_or(marks.decimal_mark());
     proposal.thousands_separator =
         settings.thousands_separator.value_or(marks.thousands_separator());

@@ -1,5 +1,7 @@
 #include "advice/regular_run.hpp"
 
+#include "advice/weights.hpp"
+
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -50,14 +52,8 @@ public:
     void add(std::size_t line, std::size_t fields) {
         const bool keeps = fields == width_;
         const bool lacks_last = last_is_optional_ && fields + 1 == width_;
-        if (sum_ <= 0) {
-            if (!keeps) {
-                return;
-            }
-            sum_ = 0;
-            now_ = RegularRun{};
-            now_.width = width_;
-            now_.first_line = line;
+        if (sum_ <= 0 && !begin(line, keeps, lacks_last)) {
+            return;
         }
         sum_ += keeps ? 1 : lacks_last ? 0 : -2;
         ++now_.rows;
@@ -76,8 +72,28 @@ public:
     [[nodiscard]] const RegularRun& best() const { return best_; }
 
 private:
+    /// Begins a run with a row that keeps the width, and with the rows right above that lack their
+    /// last field alone; gives whether there is such a row.
+    bool begin(std::size_t line, bool keeps, bool lacks_last) {
+        if (!keeps) {
+            short_start_ = short_rows_ == 0 ? line : short_start_;
+            short_rows_ = lacks_last ? short_rows_ + 1 : 0;
+            return false;
+        }
+        sum_ = 0;
+        now_ = RegularRun{};
+        now_.width = width_;
+        now_.first_line = short_rows_ == 0 ? line : short_start_;
+        now_.rows = short_rows_;
+        now_.short_rows = short_rows_;
+        short_rows_ = 0;
+        return true;
+    }
+
     std::size_t width_;
     bool last_is_optional_;
+    std::size_t short_start_ = 0; ///< line of the first of `short_rows_`
+    std::size_t short_rows_ = 0;  ///< rows above that lack their last field, while no run is on
     std::int64_t sum_ = 0;
     std::int64_t best_sum_ = 0;
     RegularRun now_;
@@ -99,8 +115,11 @@ void for_each_row(const FieldArray& sample, Visit visit) {
 } // namespace
 
 double RegularRun::consistency() const noexcept {
-    const double weighed = static_cast<double>(rows) + static_cast<double>(behind) / 2;
-    const double fitting = static_cast<double>(kept) + 0.5 * static_cast<double>(short_rows);
+    const double weighed =
+        static_cast<double>(rows) + weights::behind_run * static_cast<double>(behind);
+    const double fitting =
+        static_cast<double>(kept) +
+        (is_padded ? weights::announced_row : weights::short_row) * static_cast<double>(short_rows);
     return rows == 0 ? 0 : fitting / weighed;
 }
 
@@ -136,6 +155,28 @@ RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional) {
         });
     }
     return best;
+}
+
+RegularRun find_headed_run(const FieldArray& sample) {
+    constexpr std::size_t least_width = 3;
+    RegularRun run;
+    bool is_wider = false;
+    for_each_row(sample, [&](std::size_t line, std::size_t fields) {
+        if (run.rows == 0) {
+            run.width = fields;
+            run.first_line = line;
+        }
+        ++run.rows;
+        run.last_line = line;
+        is_wider = is_wider || fields > run.width;
+        ++(fields == run.width ? run.kept : run.short_rows);
+    });
+    if (run.width < least_width || is_wider || run.short_rows == 0) {
+        return {};
+    }
+    run.all = run.rows;
+    run.is_padded = true;
+    return run;
 }
 
 RegularRun find_last_run(const FieldArray& sample) {

@@ -19,6 +19,13 @@ struct RegularRun {
     std::size_t behind = 0;     ///< rows behind the run
     std::size_t all = 0;        ///< rows of the sample
 
+    bool is_padded = false; ///< shorter rows belong to the table: they lack their last fields
+
+    /// Whether a row of so many fields is one of the table's.
+    [[nodiscard]] bool holds(std::size_t fields) const noexcept {
+        return fields == width || (is_padded && fields != 0 && fields < width);
+    }
+
     [[nodiscard]] double consistency() const noexcept; ///< kept, of the run and what is behind it
     [[nodiscard]] double coverage() const noexcept;    ///< kept, of all rows
 };
@@ -26,6 +33,10 @@ struct RegularRun {
 /// The run of at least two fields a row with the highest sum of 1 for each row that keeps its width
 /// and `-2` for each that does not.
 [[nodiscard]] RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional);
+
+/// The whole sample as a run of the first row's width, if no row is wider and some are shorter: the
+/// first row may name columns that rows lack at their ends. Otherwise none.
+[[nodiscard]] RegularRun find_headed_run(const FieldArray& sample);
 
 /// The run of the last row's width that ends with that row: a short table under a long preamble.
 [[nodiscard]] RegularRun find_last_run(const FieldArray& sample);

@@ -21,7 +21,10 @@ bool is_tag(std::u16string_view text) {
            });
 }
 
-/// The different tags of a sample, up to a limit.
+/// More kinds than records of one format have: then the codes are data.
+constexpr std::size_t most_kinds = 64;
+
+/// The different tags of a sample, up to that limit.
 class TagSet {
 public:
     void add(std::u16string_view tag) {
@@ -33,14 +36,15 @@ public:
     [[nodiscard]] std::size_t size() const { return size_; }
 
 private:
-    std::array<std::u16string_view, 64> tags_;
+    std::array<std::u16string_view, most_kinds> tags_;
     std::size_t size_ = 0;
 };
 
 } // namespace
 
 bool TaggedRecords::are_records(bool lines_end_alike) const noexcept {
-    return tagged >= 3 && kinds >= 2 && (lines_end_alike || (tagged - kinds) * 2 >= tagged);
+    return tagged >= 3 && kinds >= 2 && kinds < most_kinds &&
+           (lines_end_alike || (tagged - kinds) * 2 >= tagged);
 }
 
 TaggedRecords find_tagged_records(const FieldArray& sample, CellJudge& judge) {
