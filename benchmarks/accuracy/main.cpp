@@ -11,6 +11,8 @@
 #include <fmt/format.h>
 
 #include <exception>
+#include <iostream>
+#include <map>
 #include <string>
 #include <utility>
 #include <vector>
@@ -114,36 +116,50 @@ std::vector<LabelledText> read_all(const std::string& folder, const std::string&
     return texts;
 }
 
-} // namespace
-
-int main(int argument_count, char** arguments) {
-    CLI::App app("Scores a folder of labelled files by both doors of the library.");
+struct Options {
     std::string folder;
     std::string labels = LABELS_FILE;
     bool shows_misses = false;
     bool measures_times = false;
     bool leaves_out = false;
-    app.add_option("folder", folder, "the files, named by the ids of their labels")->required();
-    app.add_option("--labels", labels, "other labels than those beside the source");
-    app.add_flag("-v,--verbose", shows_misses, "tell each wrong layout");
-    app.add_flag("--times", measures_times, "also what the answers cost");
-    app.add_flag("--leave-one-out", leaves_out, "also what each term of the score brings");
-    CLI11_PARSE(app, argument_count, arguments);
+};
+
+void add_options(CLI::App& app, Options& options) {
+    app.add_option("folder", options.folder, "the files, named by the ids of their labels")
+        ->required();
+    app.add_option("--labels", options.labels, "other labels than those beside the source");
+    app.add_flag("-v,--verbose", options.shows_misses, "tell each wrong layout");
+    app.add_flag("--times", options.measures_times, "also what the answers cost");
+    app.add_flag("--leave-one-out", options.leaves_out, "also what each term of the score brings");
+}
+
+/// Prints the tables. Gives the status of the program.
+int run(const Options& options) {
+    const std::vector<LabelledText> texts = read_all(options.folder, options.labels);
+    Tallies tallies = score(texts, options.shows_misses);
+    print_layouts(tallies);
+    print_facts(tallies);
+    print_confidences(tallies);
+    if (options.measures_times) {
+        print_times(texts);
+    }
+    if (options.leaves_out) {
+        print_ranking_without_terms(texts);
+    }
+    return texts.empty() ? 1 : 0;
+}
+
+} // namespace
+
+int main(int argument_count, char** arguments) {
     try {
-        const std::vector<LabelledText> texts = read_all(folder, labels);
-        Tallies tallies = score(texts, shows_misses);
-        print_layouts(tallies);
-        print_facts(tallies);
-        print_confidences(tallies);
-        if (measures_times) {
-            print_times(texts);
-        }
-        if (leaves_out) {
-            print_ranking_without_terms(texts);
-        }
-        return texts.empty() ? 1 : 0;
+        CLI::App app("Scores a folder of labelled files by both doors of the library.");
+        Options options;
+        add_options(app, options);
+        CLI11_PARSE(app, argument_count, arguments);
+        return run(options);
     } catch (const std::exception& error) {
-        fmt::print(stderr, "{}\n", error.what());
+        std::cerr << error.what() << '\n';
         return 1;
     }
 }
