@@ -27,6 +27,13 @@ bool holds_words_alone(const Reading& reading) {
     return reading.figures.typed_columns == 0 && reading.figures.quoted == 0;
 }
 
+/// Marks of texts that are written without blanks.
+bool ends_sentences(const Reading& reading) {
+    constexpr std::u16string_view marks = u"\u3001\u3002\uFF0C";
+    return reading.delimiter.size() == 1 &&
+           marks.find(reading.delimiter) != std::u16string_view::npos;
+}
+
 /// Whether a reading cuts at the marks in a log's stamps.
 bool cuts_stamps(const Reading& reading, const TextKind& text) {
     return reading.delimiter == u":" || (reading.delimiter == u"," && text.log_has_commas);
@@ -36,11 +43,12 @@ bool cuts_stamps(const Reading& reading, const TextKind& text) {
 double text_factor(const Reading& reading, const TextKind& text) {
     const bool at_marks = is_punctuation(reading);
     const bool at_blanks = reading.is_blank_separated() || reading.is_at_positions();
+    const bool is_prose = text.is_prose || ends_sentences(reading);
     double factor = 1;
     if (text.is_log && (at_blanks || cuts_stamps(reading, text))) {
         factor *= weights::log;
     }
-    if (text.is_prose && holds_words_alone(reading) && (at_marks || reading.is_blank_separated())) {
+    if (is_prose && holds_words_alone(reading) && (at_marks || reading.is_blank_separated())) {
         factor *= weights::prose;
     }
     if (text.is_code && (at_marks || at_blanks)) {

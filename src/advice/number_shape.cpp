@@ -114,7 +114,9 @@ bool cuts_numbers(const Grid& grid) noexcept {
     }
     const bool has_groups = grid.columns == most_parts;
     const std::size_t digits = last_digits(grid.cell(0, grid.columns - 1));
+    constexpr std::size_t many_rows = 5;
     bool has_zero = false;
+    bool has_points = grid.rows() >= many_rows;
     for (std::size_t row = 0; row < grid.rows(); ++row) {
         const std::u16string_view lead = grid.cell(row, 0);
         const std::u16string_view last = grid.cell(row, grid.columns - 1);
@@ -125,8 +127,9 @@ bool cuts_numbers(const Grid& grid) noexcept {
             return false;
         }
         has_zero = has_zero || last.front() == u'0';
+        has_points = has_points && last.size() > digits && lead.size() <= group_digits + 1;
     }
-    return has_zero;
+    return has_zero || has_points;
 }
 
 } // namespace textio::advice

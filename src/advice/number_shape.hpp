@@ -14,8 +14,8 @@ namespace textio::advice {
 [[nodiscard]] bool looks_like_number(std::u16string_view text) noexcept;
 
 /// Whether the commas between the cells of a grid cut numbers in two: all cells are digits, behind
-/// the last comma stand as many on every row, some with a 0 in front, and what stands between two
-/// commas are groups of three.
+/// the last comma stand as many on every row, some with a 0 in front or all with a point behind,
+/// and what stands between two commas are groups of three.
 [[nodiscard]] bool cuts_numbers(const Grid& grid) noexcept;
 
 } // namespace textio::advice

@@ -64,11 +64,15 @@ SignPlaces places_of(const Survey& survey, char16_t sign) {
     return places;
 }
 
-/// The length that nearly all runs of the sign are a multiple of; 1 where there is no such.
-std::size_t common_run(const SignPlaces& places, const Survey& survey) {
-    for (std::size_t length = places.multiples.size() - 1; length > 1; --length) {
-        if (places.runs != 0 && places.multiples[length] * 4 >= places.runs * 3 &&
-            places.lines_with_single * 4 < survey.lines.size()) {
+/// The length that nearly all runs of the sign are a multiple of; 1 where there is no such, or
+/// where the first line, which may name the columns, has the sign by itself.
+std::size_t common_run(const SignPlaces& places, const Survey& survey, char16_t sign) {
+    SignPlaces first;
+    add_line(survey.first, sign, first);
+    const bool stands_alone =
+        first.lines_with_single != 0 || places.lines_with_single * 4 >= survey.lines.size();
+    for (std::size_t length = places.multiples.size() - 1; length > 1 && !stands_alone; --length) {
+        if (places.runs != 0 && places.multiples[length] * 4 >= places.runs * 3) {
             return length;
         }
     }
@@ -116,7 +120,7 @@ std::vector<Separator> suggested_separators(const Survey& survey) {
         }
         const SignPlaces places =
             can_be_doubled(count.sign) ? places_of(survey, count.sign) : SignPlaces{};
-        found.push_back({std::u16string(common_run(places, survey), count.sign),
+        found.push_back({std::u16string(common_run(places, survey, count.sign), count.sign),
                          prior_of(count.sign, places), share});
     }
     std::stable_sort(found.begin(), found.end(), [](const Separator& left, const Separator& right) {

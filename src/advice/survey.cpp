@@ -113,6 +113,7 @@ Survey survey_lines(const FieldArray& lines) {
     Survey survey;
     const std::size_t filled = lines.fields.size();
     const std::size_t first = filled / 2;
+    survey.first = filled == 0 ? std::u16string_view() : lines.fields.front().view();
     const std::size_t step = (filled - first) / most_lines + 1;
     survey.lines.reserve(std::min(filled - first, most_lines));
     SignCounter counter;

@@ -20,7 +20,8 @@ struct SignCount {
 /// What some lines of the second half of a sample hold: a preamble is left out that way.
 struct Survey {
     std::vector<std::u16string_view>
-        lines; ///< those looked at, none of them blank; the first part of long ones
+        lines;                 ///< those looked at, none of them blank; the first part of long ones
+    std::u16string_view first; ///< the first filled line of the text
     std::vector<SignCount> signs; ///< the signs of these lines, in no order
     std::size_t with_runs = 0;    ///< lines with two blanks in a row or a tab inside
     std::size_t with_blank = 0;   ///< lines with a blank inside
