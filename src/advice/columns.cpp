@@ -77,7 +77,7 @@ NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const Tabl
         return marks;
     }
     TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
-    for (std::size_t row = 0; row < most_rows && rows.next();) {
+    for (std::size_t row = 0; row < most_rows && !marks.are_settled() && rows.next();) {
         if (rows.place() != nullptr && rows.place() < start.first_data) {
             continue;
         }

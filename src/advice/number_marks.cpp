@@ -37,6 +37,12 @@ void NumberMarks::add(std::u16string_view number) noexcept {
     ++(is_group ? mark.either : mark.decimal);
 }
 
+bool NumberMarks::are_settled() const noexcept {
+    constexpr std::size_t many = 16;
+    const bool agree = point_.decimal == 0 || comma_.decimal == 0;
+    return agree && point_.decimal + comma_.decimal >= many;
+}
+
 char16_t NumberMarks::decimal_mark() const noexcept {
     if (point_.decimal > comma_.decimal) {
         return u'.';

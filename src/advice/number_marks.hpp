@@ -13,6 +13,9 @@ public:
     /// Takes in a cell that looks like a number, trimmed and without quotes.
     void add(std::u16string_view number) noexcept;
 
+    /// Whether so many numbers have told the same that more would change nothing.
+    [[nodiscard]] bool are_settled() const noexcept;
+
     /// The decimal mark; 0 where nothing tells.
     [[nodiscard]] char16_t decimal_mark() const noexcept;
 
