@@ -159,7 +159,9 @@ RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional) {
 
 RegularRun find_headed_run(const FieldArray& sample) {
     constexpr std::size_t least_width = 3;
+    constexpr std::size_t most_missing = 3; ///< two of so many fields
     RegularRun run;
+    std::size_t all_fields = 0;
     bool is_wider = false;
     for_each_row(sample, [&](std::size_t line, std::size_t fields) {
         if (run.rows == 0) {
@@ -169,9 +171,11 @@ RegularRun find_headed_run(const FieldArray& sample) {
         ++run.rows;
         run.last_line = line;
         is_wider = is_wider || fields > run.width;
+        all_fields += fields;
         ++(fields == run.width ? run.kept : run.short_rows);
     });
-    if (run.width < least_width || is_wider || run.short_rows == 0) {
+    const bool is_hollow = run.rows == 0 || all_fields / run.rows < run.width / most_missing;
+    if (run.width < least_width || is_wider || is_hollow || run.short_rows == 0) {
         return {};
     }
     run.all = run.rows;

@@ -34,8 +34,8 @@ struct RegularRun {
 /// and `-2` for each that does not.
 [[nodiscard]] RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional);
 
-/// The whole sample as a run of the first row's width, if no row is wider and some are shorter: the
-/// first row may name columns that rows lack at their ends. Otherwise none.
+/// The whole sample as a run of the first row's width, if no row is wider and some are shorter, but
+/// not hollow: the first row may name columns that rows lack at their ends. Otherwise none.
 [[nodiscard]] RegularRun find_headed_run(const FieldArray& sample);
 
 /// The run of the last row's width that ends with that row: a short table under a long preamble.
