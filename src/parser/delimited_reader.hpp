@@ -15,7 +15,7 @@
 
 namespace textio::parser {
 
-/// Built for one read; the options must outlive it, and its rules are read from them.
+/// Built for one read, from options that outlive it and stay as they are meanwhile.
 struct DelimitedRecordReader {
     static constexpr bool comment_keeps_columns = false;
     static constexpr bool blank_lines_are_empty = true;

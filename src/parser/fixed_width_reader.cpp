@@ -39,13 +39,22 @@ void add_span(Record& record, std::size_t start, std::size_t end) {
     record.spans.push_back(end);
 }
 
-/// The units that a field of `width` at `start` takes: up to the last one that is there to take.
-std::size_t reach(const Field& text, std::size_t start, std::size_t width) {
-    std::size_t units = std::min(width, text.size - start);
-    while (units > 0 && text.data[start + units - 1] == end_of_text) {
-        --units;
+/// Where a field that starts at `start` and may reach up to `end` ends: behind the last unit that
+/// is there to take.
+std::size_t end_within_reach(const Field& text, std::size_t start, std::size_t end) {
+    while (end > start && text.data[end - 1] == end_of_text) {
+        --end;
     }
-    return units;
+    return end;
+}
+
+/// Whether a field that may reach up to `end` takes the unit at `at`. The ends of text behind the
+/// last unit that is there to take are looked at by one record alone: none can follow it.
+bool is_within_reach(const Field& text, std::size_t at, std::size_t end) {
+    while (at < end && text.data[at] == end_of_text) {
+        ++at;
+    }
+    return at < end;
 }
 
 /// Walks through the line endings of one record, from left to right. Fields are shorter than lines,
@@ -130,12 +139,13 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
     LineEndingWalk line_endings(reader, text);
     std::size_t position = 0;
     for (const std::size_t width : reader.widths) {
-        const std::size_t end = position + reach(text, position, width);
-        const LineEnding inside = line_endings.first_within(position, end);
-        if (inside.length != 0 &&
+        const std::size_t farthest = position + std::min(width, text.size - position);
+        const LineEnding inside = line_endings.first_within(position, farthest);
+        if (inside.length != 0 && is_within_reach(text, inside.at, farthest) &&
             end_at_partial_field(reader, record, position, inside, record_mark)) {
             return;
         }
+        const std::size_t end = end_within_reach(text, position, farthest);
         add_span(record, position, end);
         position = end;
         const std::size_t line_end = line_endings.length_at(end);

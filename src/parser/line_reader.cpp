@@ -5,8 +5,8 @@
 namespace textio::parser {
 
 LineRecordReader::LineRecordReader(const options& options)
-    : scanner(options.line_endings, {}), whitespace(&options.whitespace),
-      blank_units(options.whitespace), guarded_line_ends(scanner.ends),
+    : scanner(options.line_endings, {}), whitespace(&options.whitespace), blank_units(*whitespace),
+      guarded_line_ends(scanner.ends),
       has_plain_records(
           are_disjoint({blank_units.set().units(), guarded_line_ends.first_units().units(),
                         std::u16string_view(&end_of_text, 1)})) {}

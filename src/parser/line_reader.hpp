@@ -16,7 +16,7 @@
 
 namespace textio::parser {
 
-/// Built for one read; the options must outlive it.
+/// Built for one read, from options that outlive it and stay as they are meanwhile.
 struct LineRecordReader {
     static constexpr bool comment_keeps_columns = false;
     static constexpr bool blank_lines_are_empty = true;

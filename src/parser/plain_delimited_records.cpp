@@ -171,6 +171,14 @@ void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, R
     }
 }
 
+/// Whether nothing but empty fields that are dropped, perhaps millions, stands from `begin` up to
+/// the end of the record.
+bool drops_rest_of_line(const DelimitedRecordReader& reader, const PlainFields<SearchWalk>& fields,
+                        RunEnds& runs, const char16_t* begin) {
+    return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
+           fields.may_end_line(runs.end_of_run(begin));
+}
+
 /// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
 /// was plain.
 inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
@@ -185,6 +193,9 @@ inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecor
             break;
         }
         if (end >= checkpoint) {
+            if (begin == end && drops_rest_of_line(reader, fields, runs, begin)) {
+                return false;
+            }
             checkpoint = records.make_room_within_record(end);
         }
         records.add_field(begin, end);

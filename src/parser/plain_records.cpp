@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <cstdint>
+#include <new>
 #include <span>
 #include <string>
 
@@ -39,14 +40,33 @@ const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t 
 /// So many values are added to an array at once: one by one, each waits for the array's new end.
 constexpr std::size_t added_at_once = 64;
 
-constexpr double most_growth = 100; ///< what a few lines are trusted with
+constexpr double least_growth = 1.5; ///< so that moving the values stays in proportion
+constexpr double most_growth = 100;  ///< what a few lines are trusted with
 
 /// By how much an array grows of which `expected` is foretold. More than `trusted` is come to in
 /// two like steps, for then the first holds little that must be moved.
 double trusted_growth(double expected, double trusted) {
-    constexpr double least_growth = 1.5;
     const double step = expected > trusted ? std::sqrt(expected) : expected;
     return std::clamp(step, least_growth, trusted);
+}
+
+/// Makes room for `least` values at least, and for `wanted` if there is the memory: what was
+/// foretold may never come, so the half of it does as well.
+template <class Value>
+void make_room_for(std::vector<Value>& values, double wanted, double least) {
+    const auto most = static_cast<double>(values.max_size());
+    for (double room = std::min(wanted, most); room > least; room /= 2) {
+        try {
+            values.reserve(static_cast<std::size_t>(room));
+            return;
+        } catch (const std::bad_alloc&) {
+            continue;
+        }
+    }
+    if (least >= most) {
+        throw std::bad_alloc();
+    }
+    values.reserve(static_cast<std::size_t>(least));
 }
 
 } // namespace
@@ -262,10 +282,10 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
     const double believed = rows < telling_rows ? 0 : static_cast<double>(little_room) / held;
     const double growth =
         trusted_growth(expected_growth(at, rows), std::max(believed, most_growth));
-    array_.fields.reserve(static_cast<std::size_t>(held * growth) + spare_fields);
+    const auto lines = static_cast<double>(array_.line_ends.size());
+    make_room_for(array_.fields, held * growth + spare_fields, held * least_growth + spare_fields);
     roomy_fields_ = array_.fields.capacity() - spare_fields;
-    array_.line_ends.reserve(
-        static_cast<std::size_t>(static_cast<double>(array_.line_ends.size()) * growth) + 1);
+    make_room_for(array_.line_ends, lines * growth + 1, lines * least_growth + 1);
 }
 
 /// Makes room for `count` more lines at least, and for as many as are to be expected, where the
@@ -273,9 +293,9 @@ void PlainRecords::make_room(const char16_t* at, std::size_t rows) {
 void PlainRecords::make_room_for_lines(const char16_t* at, std::size_t count) {
     const double growth =
         trusted_growth(expected_growth(at, counts_.rows + taken_ + 1), most_growth);
-    const std::size_t held = array_.line_ends.size();
-    array_.line_ends.reserve(
-        std::max(static_cast<std::size_t>(static_cast<double>(held) * growth), held + count));
+    const auto held = static_cast<double>(array_.line_ends.size());
+    make_room_for(array_.line_ends, held * growth,
+                  std::max(held * least_growth, held + static_cast<double>(count)));
 }
 
 } // namespace textio::parser

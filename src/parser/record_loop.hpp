@@ -45,7 +45,8 @@ CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, 
     return {Reader::comment_keeps_columns ? end : content, lines, false};
 }
 
-/// The state of one run of the loop.
+/// The state of one run of the loop, which needs no more of the builder than an array to begin
+/// with.
 template <class Reader>
 class RecordLoop {
 public:
@@ -57,7 +58,22 @@ public:
         }
     }
 
+    /// Where a read fails, the array holds the lines before the one that failed.
     ReadCounts run() {
+        try {
+            read();
+        } catch (...) {
+            FieldArray& array = *builder_.field_array;
+            array.fields.resize(array.line_ends.empty() ? 0 : array.line_ends.back());
+            throw;
+        }
+        return counts_;
+    }
+
+private:
+    enum class AfterComment : std::uint8_t { record, next_line, stop };
+
+    void read() {
         std::optional<PlainRecords> plain;
         if (can_go_the_short_way()) {
             plain.emplace(line_shape(), limits_, text_, counts_, *builder_.field_array);
@@ -81,11 +97,7 @@ public:
                 take_record();
             }
         }
-        return counts_;
     }
-
-private:
-    enum class AfterComment : std::uint8_t { record, next_line, stop };
 
     [[nodiscard]] bool is_wanted() const {
         return counts_.rows < limits_.rows && counts_.lines < limits_.lines &&
@@ -95,7 +107,8 @@ private:
     /// Only where the builder does with a record what the short way does.
     [[nodiscard]] bool can_go_the_short_way() const {
         return reader_.field_limit == (builder_.limit_fields ? builder_.field_limit : SIZE_MAX) &&
-               *builder_.whitespace == options_.whitespace && reader_.has_plain_records;
+               builder_.whitespace != nullptr && *builder_.whitespace == options_.whitespace &&
+               reader_.has_plain_records;
     }
 
     [[nodiscard]] LineShape line_shape() const {
@@ -114,7 +127,7 @@ private:
         if (!comments_) {
             return AfterComment::record;
         }
-        const std::size_t start = skip_to_content(reader_, text_, 0);
+        const std::size_t start = content_start();
         const std::size_t end = comments_->skip_comment(text_, start);
         if (end <= start) {
             return AfterComment::record;
@@ -128,6 +141,17 @@ private:
             return AfterComment::next_line;
         }
         return too_many_lines ? AfterComment::stop : AfterComment::record;
+    }
+
+    /// Where content starts on the line at hand. Where blanks end lines, one run of them is many
+    /// lines, all with the same content behind it, which is then looked for once.
+    std::size_t content_start() {
+        if (text_.data >= blanks_end_) {
+            const std::size_t blanks = reader_.blanks().skip(text_, 0);
+            blanks_end_ = text_.data + blanks;
+            content_ = text_.data + skip_to_content(reader_, text_, blanks);
+        }
+        return static_cast<std::size_t>(content_ - text_.data);
     }
 
     /// Keeps one line without fields for each line that the comment took up entirely, so that a
@@ -196,6 +220,8 @@ private:
     std::unique_ptr<const CommentScanner> comments_; ///< null if the text can hold none
     Record record_;
     ReadCounts counts_;
+    const char16_t* blanks_end_ = nullptr; ///< of the blanks that were skipped last
+    const char16_t* content_ = nullptr;    ///< the content behind them
 };
 
 } // namespace textio::parser
