@@ -3,6 +3,7 @@
 // full shows as well, so a sort or a walk through much memory has up to 1.3.
 
 #include "growth_cases.hpp"
+#include "heap_use.hpp"
 #include "measuring.hpp"
 
 #include <array>
@@ -71,6 +72,7 @@ bool measure(const GrowthCase& growth_case) {
 
 /// The cases whose names match the regular expression that is given, or all.
 int main(int argc, char** argv) {
+    keep_freed_memory();
     const std::regex wanted(argc > 1 ? argv[1] : ".");
     std::printf("%-60s", "ms at units or parts");
     for (const std::size_t size : sizes) {

@@ -123,7 +123,7 @@ void add_other_cases(std::vector<GrowthCase>& cases) {
     cases.push_back({"get_fixed_stream, stepped through", [](std::size_t units) {
                          return [units] {
                              constexpr std::size_t step = 1 << 18;
-                             Letters letters(128 * units);
+                             Letters letters(5'000'000 + 128 * units);
                              const zentor::io::text::stream::TextStream stream(letters);
                              while (textio::get_fixed_stream(stream, {u"\n"}).size > step) {
                                  stream.position += step;
