@@ -245,7 +245,8 @@ void read(const Input& input) {
 }
 
 void pick(const Input& input) {
-    textio::detection::StrategySelector selector(input.reading, {});
+    const zentor::io::text::typedetection::TypeAnalyzerOptions type_options;
+    textio::detection::StrategySelector selector(input.reading, type_options);
     static_cast<void>(selector.pick_strategy(Field(input.text), SIZE_MAX));
 }
 
