@@ -14,7 +14,7 @@ DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_optio
           std::u16string(delimiters->first_units.begin(), delimiters->first_units.end())),
       stops(scanner.bounds.stop_units + reader_options.quote + end_of_text),
       other_units(delimiter_units.units(), UnitSearch::Wanted::outside),
-      has_plain_records(can_have_plain_records(*this)) {}
+      has_plain_records(parser::has_plain_records(*this)) {}
 
 std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t position) {

@@ -1,22 +1,10 @@
 #include "parser/fixed_width_reader.hpp"
 
 #include "parser/parser_exception.hpp"
-#include "parser/search_walk.hpp"
 
 #include <algorithm>
 
 namespace textio::parser {
-
-namespace {
-
-bool can_have_plain_records(const FixedWidthRecordReader& reader) {
-    return reader.options->partial_field_rule == partial_field::keep && !reader.widths.empty() &&
-           std::count(reader.widths.begin(), reader.widths.end(), 0U) == 0 &&
-           are_disjoint({reader.blank_units.set().units(), reader.stop_units,
-                         std::u16string_view(&end_of_text, 1)});
-}
-
-} // namespace
 
 FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_options)
     : options(&reader_options), widths(reader_options.field_widths),
@@ -24,7 +12,7 @@ FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_opt
       stop_units(line_ends->first_units.begin(), line_ends->first_units.end()), stops(stop_units),
       blank_units(reader_options.whitespace), guarded_line_ends(line_ends),
       plain_stops(stop_units + end_of_text), field_limit(widths.size()),
-      has_plain_records(can_have_plain_records(*this)) {}
+      has_plain_records(parser::has_plain_records(*this)) {}
 
 namespace {
 
@@ -155,31 +143,6 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
         }
     }
     take_rest_of_line(reader, text, record, line_endings, position);
-}
-
-/// A plain line holds no end of text and is not blank, so each of its fields reaches as far as its
-/// width or the line does. What stands behind the last width is no field.
-void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& records) {
-    const char16_t* const text_end = records.end();
-    SearchWalk stops(reader.plain_stops, records.start(), text_end);
-    while (records.at_record()) {
-        const char16_t* const line_end = stops.next(records.start());
-        const char16_t* position = records.start();
-        auto width = reader.widths.begin();
-        for (;
-             width != reader.widths.end() && *width < static_cast<std::size_t>(line_end - position);
-             ++width) {
-            records.add_field(position, position + *width);
-            position += *width;
-        }
-        if (width != reader.widths.end()) {
-            records.add_field(position, line_end);
-        }
-        if (!records.end_record(line_end)) {
-            records.give_record_back();
-            return;
-        }
-    }
 }
 
 bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record& record) {

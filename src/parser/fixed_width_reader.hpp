@@ -3,8 +3,8 @@
 #pragma once
 
 #include "parser/guarded_delim.hpp"
-#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
+#include "parser/short_way/plain_records.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
@@ -27,8 +27,6 @@ struct FixedWidthRecordReader {
     explicit FixedWidthRecordReader(const options& options);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-    [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
-    [[nodiscard]] static std::u16string_view skipped_starts() noexcept { return {}; }
 
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units

@@ -4,8 +4,8 @@
 
 #include "parser/boundary_scanner.hpp"
 #include "parser/guarded_delim.hpp"
-#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
+#include "parser/short_way/plain_records.hpp"
 #include "parser/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
@@ -25,8 +25,6 @@ struct LineRecordReader {
     explicit LineRecordReader(const options& options);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-    [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
-    [[nodiscard]] static std::u16string_view skipped_starts() noexcept { return {}; }
 
     BoundaryScanner scanner;          ///< ends at line endings; has no barriers
     const std::u16string* whitespace; ///< that of the options

@@ -1,34 +1,52 @@
 /// \file
 /// The one loop that walks through a text, record by record, and hands the records on.
 ///
-/// It runs with any of the three readers. A reader supplies, as free functions and members:
-/// - `read_record(reader, text, record)`: reads the record at the start of `text`, and gives
-///   whether the record counts as a row even when it is blank;
-/// - `skip_to_content(reader, text, from)`: where content starts on the line at `from`;
-/// - `comment_keeps_columns`: whether text behind a block comment is read with the blanks in front;
-/// - `take_plain_records(reader, records)`: reads plain records until one is not, with
-///   `has_plain_records` if there can be any, `field_limit` as the limit on fields of a record
-///   under which that is so, `unplain_starts()` that none of them begins with,
-///   `skipped_starts()` that `skip_to_content` skips behind blanks, and `blank_lines_are_empty` if
-///   a line of blanks is an empty line;
-/// - `blanks()` and `guarded_line_ends`.
+/// It runs with any of the three readers: `RecordReader` says what one must supply.
 #pragma once
 
 #include "parser/comment_scanner.hpp"
 #include "parser/parser_exception.hpp"
-#include "parser/plain_records.hpp"
+#include "parser/short_way/gate.hpp"
+#include "parser/short_way/plain_records.hpp"
 #include "parser/unit_search.hpp"
+#include "sample/sample_writer.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <optional>
 
 namespace textio::parser {
 
-/// What follows the comment from `start` to `end` of `text`, as `skip_comment` gave it.
+/// What the record loop needs of a reader:
+/// - `read_record` reads the record at the start of a text, and gives whether the record counts as
+///   a row even when it is blank;
+/// - `skip_to_content` gives where content starts on the line at a position;
+/// - `comment_keeps_columns` tells whether text behind a block comment is read with the blanks in
+///   front, and `blank_lines_are_empty` whether a line of blanks is an empty line;
+/// - `blanks()` finds whitespace, and `guarded_line_ends` line endings;
+/// - for the short way, `take_plain_records` reads records until one is not plain, and
+///   `has_plain_records`, `unplain_starts` and `field_limit`, the limit on fields of a record under
+///   which that is so, are told in short_way/gate.hpp.
 template <class Reader>
+concept RecordReader = requires(const Reader reader, const Field text, Record record,
+                                PlainRecords records) {
+    { read_record(reader, text, record) } -> std::same_as<bool>;
+    { skip_to_content(reader, text, text.size) } -> std::same_as<std::size_t>;
+    { Reader::comment_keeps_columns } -> std::convertible_to<bool>;
+    { Reader::blank_lines_are_empty } -> std::convertible_to<bool>;
+    { reader.blanks() } -> std::same_as<const UnitSearch&>;
+    { reader.guarded_line_ends } -> std::convertible_to<const GuardedDelim&>;
+    take_plain_records(reader, records);
+    { reader.has_plain_records } -> std::convertible_to<bool>;
+    { unplain_starts(reader) } -> std::convertible_to<std::u16string_view>;
+    { reader.field_limit } -> std::convertible_to<std::size_t>;
+};
+
+/// What follows the comment from `start` to `end` of `text`, as `skip_comment` gave it.
+template <RecordReader Reader>
 CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, const Field& text,
                           std::size_t start, std::size_t end) {
     if (!comments.is_block) {
@@ -52,7 +70,8 @@ class RecordLoop {
 public:
     RecordLoop(const options& options, const Reader& reader, ReadLimits limits, Field& text,
                output::DetectionOutputBuilder& builder)
-        : options_(options), reader_(reader), limits_(limits), text_(text), builder_(builder) {
+        : options_(options), reader_(reader), limits_(limits), text_(text), builder_(builder),
+          sample_(*builder.field_array, text, limits.rows) {
         if (!options.comment_style.empty()) {
             comments_ = std::make_unique<CommentScanner>(options);
         }
@@ -63,37 +82,25 @@ public:
         try {
             read();
         } catch (...) {
-            FieldArray& array = *builder_.field_array;
-            array.fields.resize(array.line_ends.empty() ? 0 : array.line_ends.back());
+            sample_.give_record_back();
             throw;
         }
         return counts_;
     }
 
 private:
-    enum class AfterComment : std::uint8_t { record, next_line, stop };
-
     void read() {
         std::optional<PlainRecords> plain;
-        if (can_go_the_short_way()) {
-            plain.emplace(line_shape(), limits_, text_, counts_, *builder_.field_array);
+        if (is_short_way_open(reader_, options_, builder_)) {
+            plain.emplace(line_shape(), limits_, text_, counts_, sample_);
         }
         while (is_wanted()) {
-            bool is_behind_comment = false;
             if (plain) {
                 plain->resume();
                 take_plain_records(reader_, *plain);
                 plain->pause();
-                if (!is_wanted()) {
-                    break;
-                }
-                is_behind_comment = plain->is_behind_comment();
             }
-            const AfterComment next = is_behind_comment ? AfterComment::record : pass_comment();
-            if (next == AfterComment::stop) {
-                break;
-            }
-            if (next == AfterComment::record) {
+            if (is_wanted() && pass_comments()) {
                 take_record();
             }
         }
@@ -104,43 +111,41 @@ private:
                text_.unit_at(0) != end_of_text;
     }
 
-    /// Only where the builder does with a record what the short way does.
-    [[nodiscard]] bool can_go_the_short_way() const {
-        return reader_.field_limit == (builder_.limit_fields ? builder_.field_limit : SIZE_MAX) &&
-               builder_.whitespace != nullptr && *builder_.whitespace == options_.whitespace &&
-               reader_.has_plain_records;
-    }
-
     [[nodiscard]] LineShape line_shape() const {
-        return {reader_.blanks(),
-                reader_.guarded_line_ends,
-                comments_.get(),
-                Reader::comment_keeps_columns,
-                reader_.skipped_starts(),
-                reader_.unplain_starts(),
-                options_.empty_line_rule == empty_line::keep,
-                Reader::blank_lines_are_empty};
+        std::u16string starts = comments_ ? comments_->opener.substr(0, 1) : std::u16string();
+        return {reader_.blanks(), reader_.guarded_line_ends, starts.append(unplain_starts(reader_)),
+                options_.empty_line_rule == empty_line::keep, Reader::blank_lines_are_empty};
     }
 
-    /// Passes the comment that stands here, if any.
-    AfterComment pass_comment() {
+    /// Passes the comments that stand here, a line each. Gives whether the record that stands here
+    /// then is to be read by the full rules.
+    bool pass_comments() {
         if (!comments_) {
-            return AfterComment::record;
+            return true;
         }
-        const std::size_t start = content_start();
-        const std::size_t end = comments_->skip_comment(text_, start);
-        if (end <= start) {
-            return AfterComment::record;
-        }
+        bool passed = false;
+        do {
+            const std::size_t start = content_start();
+            const std::size_t end = comments_->skip_comment(text_, start);
+            if (end <= start) {
+                return !passed;
+            }
+            if (!pass_comment(start, end)) {
+                return counts_.lines < limits_.lines;
+            }
+            passed = true;
+        } while (is_wanted());
+        return false;
+    }
+
+    /// Passes the comment from `start` to `end`. Gives whether its line ends with it. A record that
+    /// follows on the line is read at once: what stands there is no further comment.
+    bool pass_comment(std::size_t start, std::size_t end) {
         const CommentEnd comment = finish_comment(reader_, *comments_, text_, start, end);
         text_.advance(comment.resume_at);
         counts_.consumed += comment.resume_at;
-        const bool too_many_lines = counts_.lines + comment.lines > limits_.lines;
         keep_lines_of(comment);
-        if (comment.line_ended) {
-            return AfterComment::next_line;
-        }
-        return too_many_lines ? AfterComment::stop : AfterComment::record;
+        return comment.line_ended;
     }
 
     /// Where content starts on the line at hand. Where blanks end lines, one run of them is many
@@ -159,9 +164,7 @@ private:
     void keep_lines_of(const CommentEnd& comment) {
         const std::size_t touched = comment.lines + (comment.line_ended ? 1U : 0U);
         const std::size_t taken_up = touched == 0 ? 0 : touched - 1;
-        for (std::size_t line = 0; line < taken_up; ++line) {
-            builder_.field_array->add_empty_line();
-        }
+        sample_.add_empty_lines(taken_up, text_.data);
         counts_.lines += taken_up;
     }
 
@@ -218,6 +221,7 @@ private:
     Field& text_;
     output::DetectionOutputBuilder& builder_;
     std::unique_ptr<const CommentScanner> comments_; ///< null if the text can hold none
+    SampleWriter sample_;
     Record record_;
     ReadCounts counts_;
     const char16_t* blanks_end_ = nullptr; ///< of the blanks that were skipped last

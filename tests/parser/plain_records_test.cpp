@@ -80,19 +80,16 @@ private:
 template <class Reader>
 std::u16string left_by(options options, std::u16string_view text) {
     const Reader reader(options);
-    const CommentScanner comments(options);
     textio::Field view(text);
     ReadCounts counts;
     textio::FieldArray array;
+    SampleWriter sample(array, view, SIZE_MAX);
     const LineShape shape{.blanks = reader.blanks(),
                           .line_ends = reader.guarded_line_ends,
-                          .comments = &comments,
-                          .comment_keeps_columns = Reader::comment_keeps_columns,
-                          .skipped_starts = reader.skipped_starts(),
-                          .unplain_starts = reader.unplain_starts(),
+                          .unplain_starts = std::u16string(unplain_starts(reader)),
                           .keeps_empty_lines = true,
                           .blank_lines_are_empty = Reader::blank_lines_are_empty};
-    PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, array);
+    PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, sample);
     records.resume();
     take_plain_records(reader, records);
     records.pause();
@@ -110,17 +107,6 @@ TEST(PlainRecords, AreNotLeftToTheFullSetOfRules) {
                           .leading_delimiters_rule = leading_delimiters::skip,
                           .trailing_delimiters_rule = trailing_delimiters::drop};
     EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u" a  b\n\nc \td  \n  e"), u"");
-    const std::u16string_view commented = u"a\n#,\n,#b\n#,c,# \n#,,#\td \n#,";
-    const std::vector<std::u16string> blocks{u"#,", u",#"};
-    for (const auto& style : {std::vector<std::u16string>{u"#"}, blocks}) {
-        options options = aligned;
-        options.comment_style = style;
-        EXPECT_EQ(left_by<DelimitedRecordReader>(options, commented), u"");
-        options = {.delimiters = {u";"}, .comment_style = style, .field_widths = {1, 9}};
-        EXPECT_EQ(left_by<DelimitedRecordReader>(options, commented), u"");
-        EXPECT_EQ(left_by<LineRecordReader>(options, commented), u"");
-        EXPECT_EQ(left_by<FixedWidthRecordReader>(options, commented), u"");
-    }
 }
 
 TEST(RecordLoop, NeedsOnlyAnArrayToBegin) {
