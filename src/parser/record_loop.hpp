@@ -94,15 +94,23 @@ private:
         if (is_short_way_open(reader_, options_, builder_)) {
             plain.emplace(line_shape(), limits_, text_, counts_, sample_);
         }
+        bool behind_comment =
+            false; // what stands here is a record, even if it looks like a comment
         while (is_wanted()) {
             if (plain) {
-                plain->resume();
+                plain->resume(behind_comment);
                 take_plain_records(reader_, *plain);
                 plain->pause();
+                behind_comment = plain->is_behind_comment();
+                if (!is_wanted()) {
+                    break;
+                }
             }
-            if (is_wanted() && pass_comments()) {
+            const Passed passed = behind_comment ? Passed::nothing : pass_comments();
+            if (passed == Passed::nothing) {
                 take_record();
             }
+            behind_comment = passed == Passed::start_of_line;
         }
     }
 
@@ -112,34 +120,32 @@ private:
     }
 
     [[nodiscard]] LineShape line_shape() const {
-        std::u16string starts = comments_ ? comments_->opener.substr(0, 1) : std::u16string();
-        return {reader_.blanks(), reader_.guarded_line_ends, starts.append(unplain_starts(reader_)),
-                options_.empty_line_rule == empty_line::keep, Reader::blank_lines_are_empty};
+        return {reader_.blanks(),
+                reader_.guarded_line_ends,
+                comments_ ? comments_->opener.substr(0, 1) : std::u16string(),
+                unplain_starts(reader_),
+                options_.empty_line_rule == empty_line::keep,
+                Reader::blank_lines_are_empty};
     }
 
-    /// Passes the comments that stand here, a line each. Gives whether the record that stands here
-    /// then is to be read by the full rules.
-    bool pass_comments() {
-        if (!comments_) {
-            return true;
-        }
-        bool passed = false;
-        do {
+    /// The comments in front of what stands here now.
+    enum class Passed : std::uint8_t { nothing, lines, start_of_line };
+
+    /// Passes the comments that stand here, up to one with text behind it on its line.
+    Passed pass_comments() {
+        Passed passed = Passed::nothing;
+        while (comments_ && is_wanted() && passed != Passed::start_of_line) {
             const std::size_t start = content_start();
             const std::size_t end = comments_->skip_comment(text_, start);
             if (end <= start) {
-                return !passed;
+                break;
             }
-            if (!pass_comment(start, end)) {
-                return counts_.lines < limits_.lines;
-            }
-            passed = true;
-        } while (is_wanted());
-        return false;
+            passed = pass_comment(start, end) ? Passed::lines : Passed::start_of_line;
+        }
+        return passed;
     }
 
-    /// Passes the comment from `start` to `end`. Gives whether its line ends with it. A record that
-    /// follows on the line is read at once: what stands there is no further comment.
+    /// Passes the comment from `start` to `end`. Gives whether its line ends with it.
     bool pass_comment(std::size_t start, std::size_t end) {
         const CommentEnd comment = finish_comment(reader_, *comments_, text_, start, end);
         text_.advance(comment.resume_at);

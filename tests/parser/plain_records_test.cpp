@@ -86,11 +86,12 @@ std::u16string left_by(options options, std::u16string_view text) {
     SampleWriter sample(array, view, SIZE_MAX);
     const LineShape shape{.blanks = reader.blanks(),
                           .line_ends = reader.guarded_line_ends,
-                          .unplain_starts = std::u16string(unplain_starts(reader)),
+                          .comment_start = {},
+                          .unplain_starts = unplain_starts(reader),
                           .keeps_empty_lines = true,
                           .blank_lines_are_empty = Reader::blank_lines_are_empty};
     PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, sample);
-    records.resume();
+    records.resume(false);
     take_plain_records(reader, records);
     records.pause();
     return std::u16string(view.view());

@@ -8,6 +8,7 @@ namespace textio::parser {
 void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& records) {
     const char16_t* const text_end = records.end();
     SearchWalk stops(reader.plain_stops, records.start(), text_end);
+    SampleWriter& sample = records.sample();
     while (records.at_record()) {
         const char16_t* const line_end = stops.next(records.start());
         const char16_t* position = records.start();
@@ -15,11 +16,11 @@ void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& reco
         for (;
              width != reader.widths.end() && *width < static_cast<std::size_t>(line_end - position);
              ++width) {
-            records.sample().add_field(position, position + *width);
+            sample.add_field(position, position + *width);
             position += *width;
         }
         if (width != reader.widths.end()) {
-            records.sample().add_field(position, line_end);
+            sample.add_field(position, line_end);
         }
         if (!records.end_record(line_end)) {
             records.give_record_back();

@@ -33,7 +33,9 @@ const char16_t* end_of_run(const char16_t* begin, const char16_t* end, char16_t 
 PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& text,
                            ReadCounts& counts, SampleWriter& sample)
     : blanks_(shape.blanks), line_ends_(shape.line_ends), usual_line_end_(line_ends_.usual_unit()),
-      unplain_behind_blanks_(shape.unplain_starts + end_of_text),
+      unplain_rests_(blanks_.set().units() + std::u16string(shape.unplain_starts)),
+      unplain_behind_blanks_(std::u16string(shape.unplain_starts) + shape.comment_start +
+                             end_of_text),
       unplain_starts_(unplain_behind_blanks_.units() + blanks_.set().units() +
                       line_ends_.first_units().units()),
       keeps_empty_lines_(shape.keeps_empty_lines),
@@ -43,8 +45,9 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
       limits_(limits), text_(text), counts_(counts), sample_(sample), end_(text.data + text.size),
       start_(text.data) {}
 
-void PlainRecords::resume() noexcept {
+void PlainRecords::resume(bool behind_comment) noexcept {
     start_ = text_.data;
+    behind_comment_ = behind_comment ? start_ : nullptr;
     taken_ = 0;
     empty_lines_ = 0;
     rows_wanted_ = limits_.rows - counts_.rows;
@@ -65,6 +68,9 @@ std::size_t PlainRecords::other_line_ending_at(const char16_t* at) const noexcep
 }
 
 bool PlainRecords::at_record_behind_blanks() {
+    if (is_behind_comment()) {
+        return !unplain_rests_.contains(*start_);
+    }
     while (is_wanted()) {
         const char16_t* const content =
             blanks_.set().contains(*start_) ? end_of_blanks(start_) : start_;

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 namespace textio::parser {
 
@@ -30,11 +31,10 @@ struct ReadLimits {
 struct LineShape {
     const UnitSearch& blanks;
     const GuardedDelim& line_ends;
-    /// Units with which no plain record starts, in front of or behind its blanks: of comments and
-    /// odd delimiters.
-    std::u16string unplain_starts;
-    bool keeps_empty_lines;     ///< an empty line becomes a line without fields
-    bool blank_lines_are_empty; ///< so does a line of blanks
+    std::u16string comment_start;       ///< the unit with which comments start, if there are any
+    std::u16string_view unplain_starts; ///< what else no plain record starts with
+    bool keeps_empty_lines;             ///< an empty line becomes a line without fields
+    bool blank_lines_are_empty;         ///< so does a line of blanks
 };
 
 /// A cursor that goes from one plain record to the next, takes the empty lines between them, and
@@ -49,11 +49,15 @@ public:
     PlainRecords(const LineShape& shape, ReadLimits limits, Field& text, ReadCounts& counts,
                  SampleWriter& sample);
 
-    /// Starts where the text stands now.
-    void resume() noexcept;
+    /// Starts where the text stands now. With `behind_comment`, what stands there is a record and
+    /// no further comment.
+    void resume(bool behind_comment) noexcept;
 
     /// Moves the text on to the first record that was not taken.
     void pause() noexcept;
+
+    /// Whether nothing was taken since `resume` with `behind_comment`.
+    [[nodiscard]] bool is_behind_comment() const noexcept { return start_ == behind_comment_; }
 
     /// Whether a record that may be plain starts at `start()`. Takes empty lines on the way.
     [[nodiscard]] bool at_record() {
@@ -103,6 +107,7 @@ private:
     const UnitSearch& blanks_;
     const GuardedDelim& line_ends_;
     const char32_t usual_line_end_;       ///< one unit that is a line ending by itself, or none
+    const UnitSet unplain_rests_;         ///< what a rest of a line may start with and not be plain
     const UnitSet unplain_behind_blanks_; ///< what a record may hold behind blanks and not be plain
     const UnitSet unplain_starts_;        ///< the same, blanks and what begins a line ending
     const bool keeps_empty_lines_;
@@ -115,12 +120,13 @@ private:
     const char16_t* const end_;
     const char16_t* start_;
 
-    // Since the last `resume()`:
-    std::size_t taken_ = 0;        ///< records taken
-    std::size_t empty_lines_ = 0;  ///< lines without fields taken
-    std::size_t rows_wanted_ = 0;  ///< records that the limit of rows allows
-    std::size_t lines_wanted_ = 0; ///< lines that the limit of lines allows
-    std::size_t most_taken_ = 0;   ///< how many records both allow
+    // Since the last `resume`:
+    const char16_t* behind_comment_ = nullptr; ///< where it started, if behind a comment
+    std::size_t taken_ = 0;                    ///< records taken
+    std::size_t empty_lines_ = 0;              ///< lines without fields taken
+    std::size_t rows_wanted_ = 0;              ///< records that the limit of rows allows
+    std::size_t lines_wanted_ = 0;             ///< lines that the limit of lines allows
+    std::size_t most_taken_ = 0;               ///< how many records both allow
 };
 
 } // namespace textio::parser
