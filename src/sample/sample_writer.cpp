@@ -1,5 +1,7 @@
 #include "sample/sample_writer.hpp"
 
+#include "address.hpp"
+
 #include <algorithm>
 #include <cmath>
 #include <new>
@@ -11,6 +13,15 @@ namespace {
 
 /// So many values are added to an array at once: one by one, each waits for the array's new end.
 constexpr std::size_t added_at_once = 64;
+
+/// Has the memory fetched that is written soon if an array goes on being filled as it came to
+/// `written`. Runs of empty fields, which cost little but the writing, are a tenth faster for it;
+/// other fields are not. Nothing is read or changed, so it may as well be no memory.
+void fetch_ahead(const Field& written) noexcept {
+    constexpr std::uintptr_t ahead = 3072; // bytes; twice or half as many do as well
+    // NOLINTNEXTLINE(*-reinterpret-cast, *-no-int-to-ptr): a hint may name what is no memory.
+    __builtin_prefetch(reinterpret_cast<const void*>(address_of(&written) + ahead));
+}
 
 constexpr double least_growth = 1.5; ///< so that moving the values stays in proportion
 constexpr double most_growth = 100;  ///< what a few lines are trusted with
@@ -44,17 +55,13 @@ void make_room_for(std::vector<Value>& values, double wanted, double least) {
 } // namespace
 
 void SampleWriter::add_line_ends(std::size_t count, const char16_t* next) {
-    constexpr std::size_t line = 64 / sizeof(std::size_t); // values in a line of the cache
     std::vector<std::size_t>& line_ends = array_.line_ends;
     if (line_ends.capacity() - line_ends.size() < count) {
         make_room_for_lines(next, count);
     }
     while (count > 0) {
         const std::size_t added = std::min(count, added_at_once);
-        const auto first = line_ends.insert(line_ends.end(), added, array_.fields.size());
-        for (std::size_t i = 0; i < added; i += line) {
-            fetch_ahead(&first[static_cast<std::ptrdiff_t>(i)]);
-        }
+        line_ends.insert(line_ends.end(), added, array_.fields.size());
         count -= added;
     }
 }
@@ -65,7 +72,7 @@ void SampleWriter::add_empty_fields(const char16_t* begin, const char16_t* end) 
         Field* const first = &*array_.fields.insert(array_.fields.end(), added, Field(begin, 0));
         for (Field& field : std::span(first, added)) {
             field.data = begin++;
-            fetch_ahead(&field);
+            fetch_ahead(field);
         }
     }
 }

@@ -2,7 +2,6 @@
 /// How a read fills the array of its sample.
 #pragma once
 
-#include "sample/write_ahead.hpp"
 #include "textio/field.hpp"
 
 #include <cstddef>
@@ -25,7 +24,7 @@ public:
 
     /// Adds the field from `begin` up to `end` to the record at hand.
     void add_field(const char16_t* begin, const char16_t* end) {
-        fetch_ahead(&array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin)));
+        array_.fields.emplace_back(begin, static_cast<std::size_t>(end - begin));
     }
 
     /// Adds an empty field at each unit from `begin` up to `end`.
