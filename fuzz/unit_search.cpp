@@ -1,8 +1,8 @@
 // The search that all reading stands on, beside the plain loop.
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 #include "input.hpp"
-#include "parser/run_walk.hpp"
-#include "parser/search_walk.hpp"
+#include "search/run_walk.hpp"
+#include "search/search_walk.hpp"
 
 namespace {
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "parser/field_scanner.hpp"
-#include "parser/guarded_delim.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/short_way/plain_records.hpp"
+#include "search/guarded_delim.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 

@@ -2,10 +2,10 @@
 /// Reads text whose fields have fixed widths.
 #pragma once
 
-#include "parser/guarded_delim.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/short_way/plain_records.hpp"
-#include "parser/unit_search.hpp"
+#include "search/guarded_delim.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 #include "textio/platform/delimiter_set.hpp"

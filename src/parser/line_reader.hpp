@@ -2,11 +2,11 @@
 /// Reads each line as one field.
 #pragma once
 
-#include "parser/boundary_scanner.hpp"
-#include "parser/guarded_delim.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/short_way/plain_records.hpp"
-#include "parser/unit_search.hpp"
+#include "search/boundary_scanner.hpp"
+#include "search/guarded_delim.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 

@@ -8,8 +8,8 @@
 #include "parser/parser_exception.hpp"
 #include "parser/short_way/gate.hpp"
 #include "parser/short_way/plain_records.hpp"
-#include "parser/unit_search.hpp"
 #include "sample/sample_writer.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 

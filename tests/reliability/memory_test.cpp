@@ -146,6 +146,23 @@ TEST(Memory, AReadThatRunsOutHoldsTheLinesBefore) {
     }
 }
 
+TEST(Memory, ALineIsAddedWholeOrNotAtAll) {
+    const std::u16string text(9, u'x');
+    const std::vector<textio::Field> line(9, textio::Field(text));
+    const textio::Record record{{0, 1, 1, 2, 2, 3, 3, 9}, 9};
+    for (std::size_t number = 0; number < 9; ++number) {
+        textio::output::DetectionOutputBuilder builder;
+        builder.field_array = std::make_unique<textio::FieldArray>();
+        const textio::FieldArray& array = *builder.field_array;
+        const auto add = [&] {
+            builder.field_array->add_line(line.data(), line.data() + line.size(), line.size());
+            builder.add_record(textio::Field(text), record);
+        };
+        with_failing_allocation(number, add);
+        ASSERT_EQ(array.fields.size(), array.line_ends.empty() ? 0 : array.line_ends.back()) << number;
+    }
+}
+
 // What was foretold from a text's first lines, and fields that are dropped again, are never held.
 TEST(Memory, AReadTakesLittleMoreThanItHolds) {
     std::u16string much_to_come;

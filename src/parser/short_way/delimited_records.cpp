@@ -2,8 +2,8 @@
 // walk from stop to stop, that is from one delimiter, line ending, quote or end of text to the
 // next, and look at nothing in between. A field is added where its last stop is found.
 #include "parser/delimited_reader.hpp"
-#include "parser/run_walk.hpp"
-#include "parser/search_walk.hpp"
+#include "search/run_walk.hpp"
+#include "search/search_walk.hpp"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 #include "parser/fixed_width_reader.hpp"
-#include "parser/search_walk.hpp"
+#include "search/search_walk.hpp"
 
 namespace textio::parser {
 

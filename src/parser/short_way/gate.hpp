@@ -24,7 +24,7 @@
 /// line ending is one that is a single unit and begins no other, which is asked first.
 #pragma once
 
-#include "parser/guarded_delim.hpp"
+#include "search/guarded_delim.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 

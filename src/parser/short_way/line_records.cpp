@@ -1,5 +1,5 @@
 #include "parser/line_reader.hpp"
-#include "parser/search_walk.hpp"
+#include "search/search_walk.hpp"
 
 namespace textio::parser {
 

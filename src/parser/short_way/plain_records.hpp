@@ -2,9 +2,9 @@
 /// The place of a read in its text while it goes the short way (see gate.hpp).
 #pragma once
 
-#include "parser/guarded_delim.hpp"
-#include "parser/unit_search.hpp"
 #include "sample/sample_writer.hpp"
+#include "search/guarded_delim.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 
 #include <algorithm>

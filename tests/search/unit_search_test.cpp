@@ -1,5 +1,5 @@
-#include "parser/search_walk.hpp"
-#include "parser/unit_search.hpp"
+#include "search/search_walk.hpp"
+#include "search/unit_search.hpp"
 #include "support/text.hpp"
 
 #include <gtest/gtest.h>
