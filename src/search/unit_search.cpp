@@ -138,18 +138,4 @@ void UnitSearch::choose_mask() noexcept {
     }
 }
 
-std::size_t plain_next(const UnitSet& set, const Field& text, std::size_t from) noexcept {
-    while (from < text.size && !set.contains(text.data[from])) {
-        ++from;
-    }
-    return from;
-}
-
-std::size_t plain_skip(const UnitSet& set, const Field& text, std::size_t from) noexcept {
-    while (from < text.size && set.contains(text.data[from])) {
-        ++from;
-    }
-    return from;
-}
-
 } // namespace textio::parser

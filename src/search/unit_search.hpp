@@ -109,11 +109,4 @@ private:
     alignas(16) std::array<std::array<unsigned char, 16>, most_compared_units> compared_{};
 };
 
-/// What `UnitSearch::next` and `UnitSearch::skip` give, found by looking at one unit after the
-/// other. The measure of the fast search in the tests.
-[[nodiscard]] std::size_t plain_next(const UnitSet& set, const Field& text,
-                                     std::size_t from) noexcept;
-[[nodiscard]] std::size_t plain_skip(const UnitSet& set, const Field& text,
-                                     std::size_t from) noexcept;
-
 } // namespace textio::parser
