@@ -39,8 +39,7 @@ struct Shape {
     double most_times = 2;
 };
 
-/// Comments have the full rules of the record loop alone, and a text of nothing else may show it.
-constexpr double most_times_of_comments = 12;
+constexpr double most_times_of_comments = 12; ///< they have no short way
 
 /// Rows separated by a comma if `candidates` holds one, else by its first unit. All other
 /// candidates stand here and there inside the fields, so that they are tried too.
