@@ -5,6 +5,10 @@
 #include <cstring>
 #include <new>
 
+#if __has_include(<malloc.h>)
+#include <malloc.h>
+#endif
+
 namespace {
 
 /// The size of each block stands in front of it, in as much room as keeps the block aligned.
@@ -23,6 +27,14 @@ HeapUse heap_use() noexcept {
 
 void restart_peak() noexcept {
     use.peak_bytes = use.held_bytes;
+}
+
+void keep_freed_memory() noexcept {
+#if defined(__GLIBC__)
+    constexpr int most_bytes = 1 << 30;
+    mallopt(M_MMAP_MAX, 0);
+    mallopt(M_TRIM_THRESHOLD, most_bytes);
+#endif
 }
 
 } // namespace bench

@@ -18,4 +18,9 @@ HeapUse heap_use() noexcept;
 /// Lets the peak start anew from what is held now.
 void restart_peak() noexcept;
 
+/// Memory that is given back stays with the program, as in a host that has detected a large text
+/// before. Otherwise large texts measure how fast the system clears fresh pages, and small ones do
+/// not.
+void keep_freed_memory() noexcept;
+
 } // namespace bench

@@ -4,6 +4,7 @@
 #include "parser/line_reader.hpp"
 #include "parser/parser_exception.hpp"
 #include "samples.hpp"
+#include "support/odd_options.hpp"
 
 namespace {
 
@@ -115,7 +116,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::uint8_t reader = input.byte() % 3;
     const std::size_t rows = input.size(3);
     const std::size_t lines = input.size(SIZE_MAX);
-    const options options = input.reading_options();
+    options options = input.reading_options();
+    if (input.flag(false)) {
+        options = test::odd_options([&input](std::size_t count) { return input.byte() % count; });
+    }
     const fuzz::Text text = input.text();
     switch (reader) {
     case 0:

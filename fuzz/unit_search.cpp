@@ -1,8 +1,9 @@
 // The search that all reading stands on, beside the plain loop.
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 #include "input.hpp"
-#include "parser/run_walk.hpp"
-#include "parser/search_walk.hpp"
+#include "search/run_walk.hpp"
+#include "search/search_walk.hpp"
+#include "support/plain_search.hpp"
 
 namespace {
 
@@ -64,8 +65,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const char16_t* walked = text.data;
     const char16_t* other_walked = text.data;
     for (std::size_t from = 0; from <= text.size; from += 1 + input.byte() % 80U) {
-        const std::size_t found = plain_next(set, text, from);
-        const std::size_t other = plain_skip(set, text, from);
+        const std::size_t found = test::plain_next(set, text, from);
+        const std::size_t other = test::plain_skip(set, text, from);
         require(inside.next(text, from) == found, "the next unit of the set is found");
         require(outside.next(text, from) == other, "the next unit outside the set is found");
         require(inside.skip(text, from) == other, "a run of units of the set is passed");
@@ -76,7 +77,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             require(walked == text.data + found, "a walk finds it");
             if (found < text.size) {
                 walked = walk.next();
-                require(walked == text.data + plain_next(set, text, found + 1),
+                require(walked == text.data + test::plain_next(set, text, found + 1),
                         "a walk finds the next");
                 walked += walked == text.data + text.size ? 0 : 1;
             }

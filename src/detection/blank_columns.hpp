@@ -2,7 +2,7 @@
 /// The character positions at which every line of a text is blank.
 #pragma once
 
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 
 #include <cstddef>

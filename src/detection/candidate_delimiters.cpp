@@ -1,5 +1,5 @@
 #include "address.hpp"
-#include "detection/punctuation_search.hpp"
+#include "search/punctuation_search.hpp"
 #include "textio/candidates.hpp"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 /// Where a comment ends, and how many lines it takes up.
 #pragma once
 
-#include "parser/boundary_scanner.hpp"
+#include "search/boundary_scanner.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 

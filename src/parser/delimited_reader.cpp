@@ -14,7 +14,7 @@ DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_optio
           std::u16string(delimiters->first_units.begin(), delimiters->first_units.end())),
       stops(scanner.bounds.stop_units + reader_options.quote + end_of_text),
       other_units(delimiter_units.units(), UnitSearch::Wanted::outside),
-      has_plain_records(can_have_plain_records(*this)) {}
+      has_plain_records(parser::has_plain_records(*this)) {}
 
 std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t position) {
@@ -73,6 +73,26 @@ void check_trailing(const DelimitedRecordReader& reader, Record& record, bool se
 
 namespace {
 
+/// Whether a record that has come to `position` ends there.
+bool ends_record(const DelimitedRecordReader& reader, const Field& text, std::size_t position) {
+    return text.unit_at(position) == end_of_text || reader.line_ends->match_at(text, position) != 0;
+}
+
+/// The position behind the empty fields at `position`. Where they are dropped, they need not be
+/// kept first: a line may have millions.
+std::size_t skip_empty_fields(const DelimitedRecordReader& reader, const Field& text,
+                              std::size_t position) {
+    while (!ends_record(reader, text, position)) {
+        std::size_t field_size = 0;
+        const std::size_t next = scan_field(reader.scanner, text, position, field_size);
+        if (field_size != 0) {
+            break;
+        }
+        position = next;
+    }
+    return position;
+}
+
 /// Where the first field of the record at the start of `text` starts.
 std::size_t skip_leading_delimiters(const DelimitedRecordReader& reader, const Field& text) {
     switch (reader.options->leading_delimiters_rule) {
@@ -116,7 +136,14 @@ void split_record(const DelimitedRecordReader& reader, const Field& text, Record
 } // namespace
 
 void read_record_separate(const DelimitedRecordReader& reader, const Field& text, Record& record) {
-    split_record(reader, text, record, [](std::size_t, std::size_t&) {});
+    const bool drops = reader.options->trailing_delimiters_rule == trailing_delimiters::drop;
+    std::size_t empty_up_to = 0; // where the empty fields end that were looked along last
+    split_record(reader, text, record, [&](std::size_t, std::size_t& next) {
+        if (drops && next >= empty_up_to && reader.delimiters->match_at(text, next) != 0) {
+            empty_up_to = skip_empty_fields(reader, text, next);
+            next = ends_record(reader, text, empty_up_to) ? empty_up_to : next;
+        }
+    });
     check_trailing(reader, record, false, SIZE_MAX);
 }
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "parser/field_scanner.hpp"
-#include "parser/guarded_delim.hpp"
-#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
+#include "parser/short_way/plain_records.hpp"
+#include "search/guarded_delim.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
@@ -15,7 +15,7 @@
 
 namespace textio::parser {
 
-/// Built for one read; the options must outlive it, and its rules are read from them.
+/// Built for one read, from options that outlive it and stay as they are meanwhile.
 struct DelimitedRecordReader {
     static constexpr bool comment_keeps_columns = false;
     static constexpr bool blank_lines_are_empty = true;
@@ -24,13 +24,6 @@ struct DelimitedRecordReader {
     explicit DelimitedRecordReader(const options& options);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return scanner.blanks; }
-
-    /// Delimiters, where they separate each and leading ones are not simply kept: behind them may
-    /// stand a comment or nothing.
-    [[nodiscard]] std::u16string_view unplain_starts() const noexcept;
-
-    /// Delimiters, where leading ones are skipped.
-    [[nodiscard]] std::u16string_view skipped_starts() const noexcept;
 
     const parser::options* options;
     std::shared_ptr<Delim> line_ends;
@@ -60,10 +53,6 @@ std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& te
 void read_record_separate(const DelimitedRecordReader& reader, const Field& text, Record& record);
 void read_record_merge(const DelimitedRecordReader& reader, const Field& text, Record& record);
 void read_record_error(const DelimitedRecordReader& reader, const Field& text, Record& record);
-
-/// Whether fields can be told by their stops alone: each delimiter is one unit, and no unit is two
-/// of delimiter, line ending, blank, quote and end of text.
-bool can_have_plain_records(const DelimitedRecordReader& reader);
 
 /// Reads plain records until one is not.
 void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records);

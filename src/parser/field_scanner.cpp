@@ -9,7 +9,7 @@ namespace textio::parser {
 FieldScanner::FieldScanner(const options& options, std::shared_ptr<Delim> delimiters,
                            std::shared_ptr<Delim> line_ends)
     : quote(options.quote), bounds(std::move(delimiters), std::move(line_ends)),
-      whitespace(options.whitespace), blanks(options.whitespace),
+      whitespace(options.whitespace), blanks(whitespace),
       quotes(std::u16string_view(&options.quote, 1)) {}
 
 namespace {

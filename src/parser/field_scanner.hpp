@@ -2,8 +2,8 @@
 /// Finds one field of delimited text.
 #pragma once
 
-#include "parser/boundary_scanner.hpp"
-#include "parser/unit_search.hpp"
+#include "search/boundary_scanner.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 

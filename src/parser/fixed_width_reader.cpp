@@ -1,22 +1,10 @@
 #include "parser/fixed_width_reader.hpp"
 
 #include "parser/parser_exception.hpp"
-#include "parser/search_walk.hpp"
 
 #include <algorithm>
 
 namespace textio::parser {
-
-namespace {
-
-bool can_have_plain_records(const FixedWidthRecordReader& reader) {
-    return reader.options->partial_field_rule == partial_field::keep && !reader.widths.empty() &&
-           std::count(reader.widths.begin(), reader.widths.end(), 0U) == 0 &&
-           are_disjoint({reader.blank_units.set().units(), reader.stop_units,
-                         std::u16string_view(&end_of_text, 1)});
-}
-
-} // namespace
 
 FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_options)
     : options(&reader_options), widths(reader_options.field_widths),
@@ -24,7 +12,7 @@ FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_opt
       stop_units(line_ends->first_units.begin(), line_ends->first_units.end()), stops(stop_units),
       blank_units(reader_options.whitespace), guarded_line_ends(line_ends),
       plain_stops(stop_units + end_of_text), field_limit(widths.size()),
-      has_plain_records(can_have_plain_records(*this)) {}
+      has_plain_records(parser::has_plain_records(*this)) {}
 
 namespace {
 
@@ -39,13 +27,22 @@ void add_span(Record& record, std::size_t start, std::size_t end) {
     record.spans.push_back(end);
 }
 
-/// The units that a field of `width` at `start` takes: up to the last one that is there to take.
-std::size_t reach(const Field& text, std::size_t start, std::size_t width) {
-    std::size_t units = std::min(width, text.size - start);
-    while (units > 0 && text.data[start + units - 1] == end_of_text) {
-        --units;
+/// Where a field that starts at `start` and may reach up to `end` ends: behind the last unit that
+/// is there to take.
+std::size_t end_within_reach(const Field& text, std::size_t start, std::size_t end) {
+    while (end > start && text.data[end - 1] == end_of_text) {
+        --end;
     }
-    return units;
+    return end;
+}
+
+/// Whether a field that may reach up to `end` takes the unit at `at`. The ends of text behind the
+/// last unit that is there to take are looked at by one record alone: none can follow it.
+bool is_within_reach(const Field& text, std::size_t at, std::size_t end) {
+    while (at < end && text.data[at] == end_of_text) {
+        ++at;
+    }
+    return at < end;
 }
 
 /// Walks through the line endings of one record, from left to right. Fields are shorter than lines,
@@ -130,12 +127,13 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
     LineEndingWalk line_endings(reader, text);
     std::size_t position = 0;
     for (const std::size_t width : reader.widths) {
-        const std::size_t end = position + reach(text, position, width);
-        const LineEnding inside = line_endings.first_within(position, end);
-        if (inside.length != 0 &&
+        const std::size_t farthest = position + std::min(width, text.size - position);
+        const LineEnding inside = line_endings.first_within(position, farthest);
+        if (inside.length != 0 && is_within_reach(text, inside.at, farthest) &&
             end_at_partial_field(reader, record, position, inside, record_mark)) {
             return;
         }
+        const std::size_t end = end_within_reach(text, position, farthest);
         add_span(record, position, end);
         position = end;
         const std::size_t line_end = line_endings.length_at(end);
@@ -145,31 +143,6 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
         }
     }
     take_rest_of_line(reader, text, record, line_endings, position);
-}
-
-/// A plain line holds no end of text and is not blank, so each of its fields reaches as far as its
-/// width or the line does. What stands behind the last width is no field.
-void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& records) {
-    const char16_t* const text_end = records.end();
-    SearchWalk stops(reader.plain_stops, records.start(), text_end);
-    while (records.at_record()) {
-        const char16_t* const line_end = stops.next(records.start());
-        const char16_t* position = records.start();
-        auto width = reader.widths.begin();
-        for (;
-             width != reader.widths.end() && *width < static_cast<std::size_t>(line_end - position);
-             ++width) {
-            records.add_field(position, position + *width);
-            position += *width;
-        }
-        if (width != reader.widths.end()) {
-            records.add_field(position, line_end);
-        }
-        if (!records.end_record(line_end)) {
-            records.give_record_back();
-            return;
-        }
-    }
 }
 
 bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record& record) {

@@ -2,10 +2,10 @@
 /// Reads text whose fields have fixed widths.
 #pragma once
 
-#include "parser/guarded_delim.hpp"
-#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
-#include "parser/unit_search.hpp"
+#include "parser/short_way/plain_records.hpp"
+#include "search/guarded_delim.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 #include "textio/platform/delimiter_set.hpp"
@@ -19,7 +19,7 @@
 
 namespace textio::parser {
 
-/// Built for one read; the options must outlive it, and its rules are read from them.
+/// Built for one read, from options that outlive it and stay as they are meanwhile.
 struct FixedWidthRecordReader {
     static constexpr bool comment_keeps_columns = true;
     static constexpr bool blank_lines_are_empty = false;
@@ -27,8 +27,6 @@ struct FixedWidthRecordReader {
     explicit FixedWidthRecordReader(const options& options);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-    [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
-    [[nodiscard]] static std::u16string_view skipped_starts() noexcept { return {}; }
 
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units

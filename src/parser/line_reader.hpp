@@ -2,11 +2,11 @@
 /// Reads each line as one field.
 #pragma once
 
-#include "parser/boundary_scanner.hpp"
-#include "parser/guarded_delim.hpp"
-#include "parser/plain_records.hpp"
 #include "parser/record_loop.hpp"
-#include "parser/unit_search.hpp"
+#include "parser/short_way/plain_records.hpp"
+#include "search/boundary_scanner.hpp"
+#include "search/guarded_delim.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
@@ -16,7 +16,7 @@
 
 namespace textio::parser {
 
-/// Built for one read; the options must outlive it.
+/// Built for one read, from options that outlive it and stay as they are meanwhile.
 struct LineRecordReader {
     static constexpr bool comment_keeps_columns = false;
     static constexpr bool blank_lines_are_empty = true;
@@ -25,8 +25,6 @@ struct LineRecordReader {
     explicit LineRecordReader(const options& options);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-    [[nodiscard]] static std::u16string_view unplain_starts() noexcept { return {}; }
-    [[nodiscard]] static std::u16string_view skipped_starts() noexcept { return {}; }
 
     BoundaryScanner scanner;          ///< ends at line endings; has no barriers
     const std::u16string* whitespace; ///< that of the options

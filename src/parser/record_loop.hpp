@@ -1,34 +1,52 @@
 /// \file
 /// The one loop that walks through a text, record by record, and hands the records on.
 ///
-/// It runs with any of the three readers. A reader supplies, as free functions and members:
-/// - `read_record(reader, text, record)`: reads the record at the start of `text`, and gives
-///   whether the record counts as a row even when it is blank;
-/// - `skip_to_content(reader, text, from)`: where content starts on the line at `from`;
-/// - `comment_keeps_columns`: whether text behind a block comment is read with the blanks in front;
-/// - `take_plain_records(reader, records)`: reads plain records until one is not, with
-///   `has_plain_records` if there can be any, `field_limit` as the limit on fields of a record
-///   under which that is so, `unplain_starts()` that none of them begins with,
-///   `skipped_starts()` that `skip_to_content` skips behind blanks, and `blank_lines_are_empty` if
-///   a line of blanks is an empty line;
-/// - `blanks()` and `guarded_line_ends`.
+/// It runs with any of the three readers: `RecordReader` says what one must supply.
 #pragma once
 
 #include "parser/comment_scanner.hpp"
 #include "parser/parser_exception.hpp"
-#include "parser/plain_records.hpp"
-#include "parser/unit_search.hpp"
+#include "parser/short_way/gate.hpp"
+#include "parser/short_way/plain_records.hpp"
+#include "sample/sample_writer.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
+#include <concepts>
 #include <cstddef>
 #include <memory>
 #include <optional>
 
 namespace textio::parser {
 
-/// What follows the comment from `start` to `end` of `text`, as `skip_comment` gave it.
+/// What the record loop needs of a reader:
+/// - `read_record` reads the record at the start of a text, and gives whether the record counts as
+///   a row even when it is blank;
+/// - `skip_to_content` gives where content starts on the line at a position;
+/// - `comment_keeps_columns` tells whether text behind a block comment is read with the blanks in
+///   front, and `blank_lines_are_empty` whether a line of blanks is an empty line;
+/// - `blanks()` finds whitespace, and `guarded_line_ends` line endings;
+/// - for the short way, `take_plain_records` reads records until one is not plain, and
+///   `has_plain_records`, `unplain_starts` and `field_limit`, the limit on fields of a record under
+///   which that is so, are told in short_way/gate.hpp.
 template <class Reader>
+concept RecordReader = requires(const Reader reader, const Field text, Record record,
+                                PlainRecords records) {
+    { read_record(reader, text, record) } -> std::same_as<bool>;
+    { skip_to_content(reader, text, text.size) } -> std::same_as<std::size_t>;
+    { Reader::comment_keeps_columns } -> std::convertible_to<bool>;
+    { Reader::blank_lines_are_empty } -> std::convertible_to<bool>;
+    { reader.blanks() } -> std::same_as<const UnitSearch&>;
+    { reader.guarded_line_ends } -> std::convertible_to<const GuardedDelim&>;
+    take_plain_records(reader, records);
+    { reader.has_plain_records } -> std::convertible_to<bool>;
+    { unplain_starts(reader) } -> std::convertible_to<std::u16string_view>;
+    { reader.field_limit } -> std::convertible_to<std::size_t>;
+};
+
+/// What follows the comment from `start` to `end` of `text`, as `skip_comment` gave it.
+template <RecordReader Reader>
 CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, const Field& text,
                           std::size_t start, std::size_t end) {
     if (!comments.is_block) {
@@ -45,89 +63,106 @@ CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, 
     return {Reader::comment_keeps_columns ? end : content, lines, false};
 }
 
-/// The state of one run of the loop.
+/// The state of one run of the loop, which needs no more of the builder than an array to begin
+/// with.
 template <class Reader>
 class RecordLoop {
 public:
     RecordLoop(const options& options, const Reader& reader, ReadLimits limits, Field& text,
                output::DetectionOutputBuilder& builder)
-        : options_(options), reader_(reader), limits_(limits), text_(text), builder_(builder) {
+        : options_(options), reader_(reader), limits_(limits), text_(text), builder_(builder),
+          sample_(*builder.field_array, text, limits.rows) {
         if (!options.comment_style.empty()) {
             comments_ = std::make_unique<CommentScanner>(options);
         }
     }
 
+    /// Where a read fails, the array holds the lines before the one that failed.
     ReadCounts run() {
-        std::optional<PlainRecords> plain;
-        if (can_go_the_short_way()) {
-            plain.emplace(line_shape(), limits_, text_, counts_, *builder_.field_array);
-        }
-        while (is_wanted()) {
-            bool is_behind_comment = false;
-            if (plain) {
-                plain->resume();
-                take_plain_records(reader_, *plain);
-                plain->pause();
-                if (!is_wanted()) {
-                    break;
-                }
-                is_behind_comment = plain->is_behind_comment();
-            }
-            const AfterComment next = is_behind_comment ? AfterComment::record : pass_comment();
-            if (next == AfterComment::stop) {
-                break;
-            }
-            if (next == AfterComment::record) {
-                take_record();
-            }
+        try {
+            read();
+        } catch (...) {
+            sample_.give_record_back();
+            throw;
         }
         return counts_;
     }
 
 private:
-    enum class AfterComment : std::uint8_t { record, next_line, stop };
+    void read() {
+        std::optional<PlainRecords> plain;
+        if (is_short_way_open(reader_, options_, builder_)) {
+            plain.emplace(line_shape(), limits_, text_, counts_, sample_);
+        }
+        bool behind_comment =
+            false; // what stands here is a record, even if it looks like a comment
+        while (is_wanted()) {
+            if (plain) {
+                plain->resume(behind_comment);
+                take_plain_records(reader_, *plain);
+                plain->pause();
+                behind_comment = plain->is_behind_comment();
+                if (!is_wanted()) {
+                    break;
+                }
+            }
+            const Passed passed = behind_comment ? Passed::nothing : pass_comments();
+            if (passed == Passed::nothing) {
+                take_record();
+            }
+            behind_comment = passed == Passed::start_of_line;
+        }
+    }
 
     [[nodiscard]] bool is_wanted() const {
         return counts_.rows < limits_.rows && counts_.lines < limits_.lines &&
                text_.unit_at(0) != end_of_text;
     }
 
-    /// Only where the builder does with a record what the short way does.
-    [[nodiscard]] bool can_go_the_short_way() const {
-        return reader_.field_limit == (builder_.limit_fields ? builder_.field_limit : SIZE_MAX) &&
-               *builder_.whitespace == options_.whitespace && reader_.has_plain_records;
-    }
-
     [[nodiscard]] LineShape line_shape() const {
         return {reader_.blanks(),
                 reader_.guarded_line_ends,
-                comments_.get(),
-                Reader::comment_keeps_columns,
-                reader_.skipped_starts(),
-                reader_.unplain_starts(),
+                comments_ ? comments_->opener.substr(0, 1) : std::u16string(),
+                unplain_starts(reader_),
                 options_.empty_line_rule == empty_line::keep,
                 Reader::blank_lines_are_empty};
     }
 
-    /// Passes the comment that stands here, if any.
-    AfterComment pass_comment() {
-        if (!comments_) {
-            return AfterComment::record;
+    /// The comments in front of what stands here now.
+    enum class Passed : std::uint8_t { nothing, lines, start_of_line };
+
+    /// Passes the comments that stand here, up to one with text behind it on its line.
+    Passed pass_comments() {
+        Passed passed = Passed::nothing;
+        while (comments_ && is_wanted() && passed != Passed::start_of_line) {
+            const std::size_t start = content_start();
+            const std::size_t end = comments_->skip_comment(text_, start);
+            if (end <= start) {
+                break;
+            }
+            passed = pass_comment(start, end) ? Passed::lines : Passed::start_of_line;
         }
-        const std::size_t start = skip_to_content(reader_, text_, 0);
-        const std::size_t end = comments_->skip_comment(text_, start);
-        if (end <= start) {
-            return AfterComment::record;
-        }
+        return passed;
+    }
+
+    /// Passes the comment from `start` to `end`. Gives whether its line ends with it.
+    bool pass_comment(std::size_t start, std::size_t end) {
         const CommentEnd comment = finish_comment(reader_, *comments_, text_, start, end);
         text_.advance(comment.resume_at);
         counts_.consumed += comment.resume_at;
-        const bool too_many_lines = counts_.lines + comment.lines > limits_.lines;
         keep_lines_of(comment);
-        if (comment.line_ended) {
-            return AfterComment::next_line;
+        return comment.line_ended;
+    }
+
+    /// Where content starts on the line at hand. Where blanks end lines, one run of them is many
+    /// lines, all with the same content behind it, which is then looked for once.
+    std::size_t content_start() {
+        if (text_.data >= blanks_end_) {
+            const std::size_t blanks = reader_.blanks().skip(text_, 0);
+            blanks_end_ = text_.data + blanks;
+            content_ = text_.data + skip_to_content(reader_, text_, blanks);
         }
-        return too_many_lines ? AfterComment::stop : AfterComment::record;
+        return static_cast<std::size_t>(content_ - text_.data);
     }
 
     /// Keeps one line without fields for each line that the comment took up entirely, so that a
@@ -135,9 +170,7 @@ private:
     void keep_lines_of(const CommentEnd& comment) {
         const std::size_t touched = comment.lines + (comment.line_ended ? 1U : 0U);
         const std::size_t taken_up = touched == 0 ? 0 : touched - 1;
-        for (std::size_t line = 0; line < taken_up; ++line) {
-            builder_.field_array->add_empty_line();
-        }
+        sample_.add_empty_lines(taken_up, text_.data);
         counts_.lines += taken_up;
     }
 
@@ -194,8 +227,11 @@ private:
     Field& text_;
     output::DetectionOutputBuilder& builder_;
     std::unique_ptr<const CommentScanner> comments_; ///< null if the text can hold none
+    SampleWriter sample_;
     Record record_;
     ReadCounts counts_;
+    const char16_t* blanks_end_ = nullptr; ///< of the blanks that were skipped last
+    const char16_t* content_ = nullptr;    ///< the content behind them
 };
 
 } // namespace textio::parser

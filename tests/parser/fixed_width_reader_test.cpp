@@ -12,6 +12,8 @@ TEST(FixedWidthReader, CutsLines) {
     const options one_wide_and_no_blanks{.whitespace = u"", .field_widths = {1}};
     const options one_line{.line_endings = {}, .whitespace = u"", .field_widths = {1}};
     const options width_0_and_odd_ending{.line_endings = {u"\n\uFFFF"}, .field_widths = {0, 2}};
+    const options marked_at_end{
+        .line_endings = {u"\uFFFF"}, .field_widths = {2, 9}, .partial_field_rule = partial_field::drop_mark_2};
     test::expect_readings<FixedWidthRecordReader>({
         {"exact", u"abcdef\n", "[abc][def]/ 7 1 1", threes},
         {"too long", u"abcdefgh\nijk\n", "[abc][def][gh]/[ijk]/ 13 2 2", threes},
@@ -30,6 +32,7 @@ TEST(FixedWidthReader, CutsLines) {
         {"mark 3", u"\n", "/ 1 1 1", cut({3, 3}, partial_field::drop_mark_3)},
         {"mark 1", u"ab", "[ab]/ 2 1 1", cut({3, 3}, partial_field::drop_mark_1)},
         {"error", u"abcdef\nabcd\n", "[abc][def]/ partial record 1 field 1\\n", cut({3, 3}, partial_field::error)},
+        {"ends of text end a line if text follows", u"ab\uFFFFcde\uFFFFf\uFFFF\uFFFF", "[ab]/[cd]/[f]/ 9 3 3", marked_at_end},
         {"rule outside the table", u"ab\n", "[ab]/ 3 1 1", cut({3}, 9)},
         {"without blanks any rest is text", u"a \n", "[a][ ]/ 3 1 1", one_wide_and_no_blanks},
         {"all is one line", u"a \uFFFF b", "[a][ \\uFFFF b]/ 5 1 1", one_line},

@@ -1,5 +1,6 @@
 // Memory that runs out at any moment. The program's own allocations are counted and made to fail,
 // so this is a program by itself.
+#include "parser/reading.hpp"
 #include "reliability/layouts.hpp"
 
 #include <gtest/gtest.h>
@@ -12,14 +13,16 @@ namespace {
 
 constexpr std::size_t never = SIZE_MAX;
 std::size_t allocations_until_failure = never;
+std::size_t largest_block = never; ///< what is larger cannot be had
 std::size_t blocks_in_use = 0;
 
 } // namespace
 
 // Inlined, they would look like mismatched pairs of calls to the compiler.
 [[gnu::noinline]] void* operator new(std::size_t size) {
-    const bool fails = allocations_until_failure == 0;
-    if (fails) {
+    const bool is_due = allocations_until_failure == 0;
+    const bool fails = is_due || size > largest_block;
+    if (is_due) {
         allocations_until_failure = never;
     } else if (allocations_until_failure != never) {
         --allocations_until_failure;
@@ -98,6 +101,96 @@ TEST(Memory, RunningOutLosesNothing) {
             failures += outcome == Outcome::out_of_memory ? 1 : 0;
         }
         EXPECT_GT(failures, 30U) << layout.name;
+    }
+}
+
+using namespace textio::parser;
+
+/// Reads `text` into `array`.
+template <class Reader>
+void read_into(textio::FieldArray& array, const options& options, std::u16string_view text) {
+    textio::output::DetectionOutputBuilder builder;
+    builder.whitespace = std::make_unique<std::u16string>(options.whitespace);
+    builder.field_array = std::make_unique<textio::FieldArray>();
+    textio::Field view(text);
+    try {
+        read_records(options, Reader(options), SIZE_MAX, SIZE_MAX, view, builder);
+    } catch (const std::bad_alloc&) {
+        array = std::move(*builder.field_array);
+        throw;
+    }
+    array = std::move(*builder.field_array);
+}
+
+TEST(Memory, AReadThatRunsOutHoldsTheLinesBefore) {
+    std::u16string text = u"a,b\n\n";
+    for (int fields = 1; fields < 300; ++fields) {
+        text += u"c,";
+    }
+    text += u"\nd,e,,,\n";
+    for (const char16_t* const delimiter : {u",", u"c,"}) {
+        const options options{.delimiters = {delimiter}, .trailing_delimiters_rule = trailing_delimiters::drop};
+        textio::FieldArray whole;
+        read_into<DelimitedRecordReader>(whole, options, text);
+        const std::string lines = test::shown(whole);
+        std::size_t partly = 0;
+        Outcome outcome = Outcome::out_of_memory;
+        for (std::size_t number = 0; outcome != Outcome::done; ++number) {
+            textio::FieldArray read;
+            outcome = with_failing_allocation(number, [&] { read_into<DelimitedRecordReader>(read, options, text); });
+            ASSERT_EQ(read.fields.size(), read.line_ends.empty() ? 0 : read.line_ends.back()) << number;
+            ASSERT_EQ(lines.compare(0, test::shown(read).size(), test::shown(read)), 0) << number;
+            partly += !read.line_ends.empty() && outcome == Outcome::out_of_memory ? 1 : 0;
+        }
+        EXPECT_GT(partly, 3U) << "of the failures, hardly any came between lines";
+    }
+}
+
+TEST(Memory, ALineIsAddedWholeOrNotAtAll) {
+    const std::u16string text(9, u'x');
+    const std::vector<textio::Field> line(9, textio::Field(text));
+    const textio::Record record{{0, 1, 1, 2, 2, 3, 3, 9}, 9};
+    for (std::size_t number = 0; number < 9; ++number) {
+        textio::output::DetectionOutputBuilder builder;
+        builder.field_array = std::make_unique<textio::FieldArray>();
+        const textio::FieldArray& array = *builder.field_array;
+        const auto add = [&] {
+            builder.field_array->add_line(line.data(), line.data() + line.size(), line.size());
+            builder.add_record(textio::Field(text), record);
+        };
+        with_failing_allocation(number, add);
+        ASSERT_EQ(array.fields.size(), array.line_ends.empty() ? 0 : array.line_ends.back()) << number;
+    }
+}
+
+// What was foretold from a text's first lines, and fields that are dropped again, are never held.
+TEST(Memory, AReadTakesLittleMoreThanItHolds) {
+    std::u16string much_to_come;
+    for (int line = 0; line < 2000; ++line) {
+        much_to_come += u"a\n";
+    }
+    much_to_come += std::u16string(4'000'000, u'x');
+    std::u16string much_to_drop = u"a,b";
+    much_to_drop += std::u16string(1'000'000, u',') + u"\nc";
+    const struct {
+        const char* name;
+        std::u16string text;
+        textio::parser::options options;
+        std::size_t fields;
+    } cases[] = {
+        {"fewer lines than foretold", much_to_come, {.delimiters = {u","}}, 2001},
+        {"trailing delimiters", much_to_drop, {.delimiters = {u","}, .trailing_delimiters_rule = trailing_delimiters::drop}, 3},
+        {"trailing delimiters of two units",
+         much_to_drop,
+         {.delimiters = {u",,"}, .trailing_delimiters_rule = trailing_delimiters::drop},
+         2},
+    };
+    for (const auto& c : cases) {
+        textio::FieldArray array;
+        largest_block = 1 << 20;
+        EXPECT_NO_THROW(read_into<DelimitedRecordReader>(array, c.options, c.text)) << c.name;
+        largest_block = never;
+        EXPECT_EQ(array.fields.size(), c.fields) << c.name;
     }
 }
 

@@ -2,7 +2,7 @@
 /// A search for the ends of fields where runs of delimiters separate them.
 #pragma once
 
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 
 #include <bit>
 #include <cstddef>

@@ -52,4 +52,12 @@ TEST(Comments, ArePassedOverAtTheStartOfARecord) {
     }
 }
 
+TEST(Comments, AreFoundBehindBlanksThatEndLines) {
+    const options options{
+        .delimiters = {u","}, .whitespace = u" \n", .field_widths = {9}, .leading_delimiters_rule = leading_delimiters::skip};
+    expect_readings<LineRecordReader>({{"lines", u"\n \n1\n\n#x\n\n\n2", "//[1]////[2]/ 12 7 2", options}});
+    expect_readings<FixedWidthRecordReader>({{"widths", u"\n \n1\n\n#x\n\n\n2", "//[1]////[2]/ 12 7 2", options}});
+    expect_readings<DelimitedRecordReader>({{"delimiters", u"\n \n,,1\n\n,#x\n\n\n2", "/[ \\n][][1]////[2]/ 15 6 2", options}});
+}
+
 } // namespace

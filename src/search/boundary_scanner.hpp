@@ -2,7 +2,7 @@
 /// The search for the end of a field or a line.
 #pragma once
 
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/delimiter_set.hpp"
 

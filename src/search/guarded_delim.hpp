@@ -2,7 +2,7 @@
 /// A set of strings with a quick answer for the common case.
 #pragma once
 
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/delimiter_set.hpp"
 

@@ -1,5 +1,6 @@
-#include "parser/search_walk.hpp"
-#include "parser/unit_search.hpp"
+#include "search/search_walk.hpp"
+#include "search/unit_search.hpp"
+#include "support/plain_search.hpp"
 #include "support/text.hpp"
 
 #include <gtest/gtest.h>
@@ -40,14 +41,14 @@ TEST(UnitSearch, GivesWhatThePlainLoopGives) {
         SearchWalk walk(inside, units.get(), units.get() + size);
         for (std::size_t from = random() % 70; from <= size; from += random() % 40) {
             const std::size_t found = inside.next(text, from);
-            ASSERT_EQ(found, plain_next(set, text, from)) << from;
+            ASSERT_EQ(found, test::plain_next(set, text, from)) << from;
             if (from >= walked) {
                 ASSERT_EQ(walk.next(units.get() + from), units.get() + found) << "walking";
-                walked = plain_next(set, text, std::min(found + 1, size));
+                walked = test::plain_next(set, text, std::min(found + 1, size));
                 ASSERT_EQ(walk.next(), units.get() + walked) << "walking on";
                 walked += 1;
             }
-            const std::size_t other = plain_skip(set, text, from);
+            const std::size_t other = test::plain_skip(set, text, from);
             ASSERT_EQ(outside.next(text, from), other) << from << " outside";
             ASSERT_EQ(inside.skip(text, from), other) << from << " behind a run";
             ASSERT_EQ(outside.skip(text, from), found) << from << " behind a run outside";

@@ -2,7 +2,7 @@
 /// A search that goes through a text once, from left to right.
 #pragma once
 
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
 
 #include <bit>
 #include <cstddef>

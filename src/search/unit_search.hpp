@@ -90,7 +90,7 @@ private:
 
     using BlockMask = std::uint64_t (*)(const UnitSearch&, const char16_t*) noexcept;
 
-    static std::uint64_t plain_mask(const UnitSearch& search, const char16_t* units) noexcept;
+    static std::uint64_t looked_up_mask(const UnitSearch& search, const char16_t* units) noexcept;
     template <std::size_t count>
     static std::uint64_t byte_mask(const UnitSearch& search, const char16_t* units) noexcept;
     static std::uint64_t unit_mask(const UnitSearch& search, const char16_t* units) noexcept;
@@ -102,18 +102,11 @@ private:
     void choose_mask() noexcept;
 
     UnitSet set_;
-    BlockMask mask_of_block_ = &plain_mask;
+    BlockMask mask_of_block_ = &looked_up_mask;
     std::uint64_t unwanted_ = 0; ///< flips the mask when the units outside are wanted
 
     /// Each unit of the set, as often as a vector holds it: as bytes, if all fit into bytes.
     alignas(16) std::array<std::array<unsigned char, 16>, most_compared_units> compared_{};
 };
-
-/// What `UnitSearch::next` and `UnitSearch::skip` give, found by looking at one unit after the
-/// other. The measure of the fast search in the tests.
-[[nodiscard]] std::size_t plain_next(const UnitSet& set, const Field& text,
-                                     std::size_t from) noexcept;
-[[nodiscard]] std::size_t plain_skip(const UnitSet& set, const Field& text,
-                                     std::size_t from) noexcept;
 
 } // namespace textio::parser

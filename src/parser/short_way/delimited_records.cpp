@@ -2,33 +2,12 @@
 // walk from stop to stop, that is from one delimiter, line ending, quote or end of text to the
 // next, and look at nothing in between. A field is added where its last stop is found.
 #include "parser/delimited_reader.hpp"
-#include "parser/run_walk.hpp"
-#include "parser/search_walk.hpp"
+#include "search/run_walk.hpp"
+#include "search/search_walk.hpp"
 
 #include <algorithm>
 
 namespace textio::parser {
-
-bool can_have_plain_records(const DelimitedRecordReader& reader) {
-    const GuardedDelim delimiters(reader.delimiters);
-    const std::u16string_view quote(&reader.options->quote, 1);
-    const std::u16string_view text_end(&end_of_text, 1);
-    return reader.options->consecutive_delimiters_rule != consecutive_delimiters::error &&
-           delimiters.only_lone_units() &&
-           are_disjoint({reader.blanks().set().units(), delimiters.first_units().units(),
-                         reader.guarded_line_ends.first_units().units(), quote, text_end});
-}
-
-std::u16string_view DelimitedRecordReader::unplain_starts() const noexcept {
-    const bool are_plain = options->leading_delimiters_rule == leading_delimiters::keep ||
-                           options->consecutive_delimiters_rule == consecutive_delimiters::merge;
-    return are_plain ? std::u16string_view() : delimiter_units.units();
-}
-
-std::u16string_view DelimitedRecordReader::skipped_starts() const noexcept {
-    const bool are_skipped = options->leading_delimiters_rule == leading_delimiters::skip;
-    return are_skipped ? delimiter_units.units() : std::u16string_view();
-}
 
 namespace {
 
@@ -150,11 +129,11 @@ private:
 void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, RunEnds& runs,
                        const char16_t* checkpoint, const char16_t*& begin, const char16_t*& end) {
     while (end < checkpoint && fields.is_usual_delimiter(*end)) {
-        records.add_field(begin, end);
+        records.sample().add_field(begin, end);
         begin = end + 1;
         if (fields.is_at_run()) [[unlikely]] {
             const char16_t* const run_end = std::min(runs.end_of_run(begin), checkpoint);
-            records.add_empty_fields(begin, run_end);
+            records.sample().add_empty_fields(begin, run_end);
             begin = run_end;
             end = fields.next_stop(begin);
             continue;
@@ -164,11 +143,19 @@ void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, R
             if (!fields.is_usual_delimiter(*end)) {
                 return;
             }
-            records.add_field(begin, end);
+            records.sample().add_field(begin, end);
             begin = end + 1;
         }
         end = fields.next_stop();
     }
+}
+
+/// Whether nothing but empty fields that are dropped, perhaps millions, stands from `begin` up to
+/// the end of the record.
+bool drops_rest_of_line(const DelimitedRecordReader& reader, const PlainFields<SearchWalk>& fields,
+                        RunEnds& runs, const char16_t* begin) {
+    return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
+           fields.may_end_line(runs.end_of_run(begin));
 }
 
 /// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
@@ -176,7 +163,7 @@ void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, R
 inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
                                  PlainFields<SearchWalk>& fields, RunEnds& runs) {
     const char16_t* begin = records.start();
-    const char16_t* checkpoint = records.first_checkpoint();
+    const char16_t* checkpoint = records.sample().checkpoint(begin);
     const char16_t* end = fields.next_stop(begin);
     for (;;) {
         take_usual_fields(records, fields, runs, checkpoint, begin, end);
@@ -185,9 +172,12 @@ inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecor
             break;
         }
         if (end >= checkpoint) {
-            checkpoint = records.make_room_within_record(end);
+            if (begin == end && drops_rest_of_line(reader, fields, runs, begin)) {
+                return false;
+            }
+            checkpoint = records.sample().make_room_within_record(end);
         }
-        records.add_field(begin, end);
+        records.sample().add_field(begin, end);
         begin = end + 1;
         end = fields.next_stop();
     }
@@ -195,7 +185,7 @@ inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecor
         (begin == end && reader.options->trailing_delimiters_rule != trailing_delimiters::keep)) {
         return false;
     }
-    records.add_field(begin, end);
+    records.sample().add_field(begin, end);
     return records.end_record(end);
 }
 
@@ -212,11 +202,11 @@ inline bool take_merged_fields(const DelimitedRecordReader& reader, PlainRecords
                 return false;
             }
             if (!fields.is_delimiter_at(stop)) {
-                records.add_field(begin, stop);
+                records.sample().add_field(begin, stop);
                 return records.end_record(stop);
             }
         }
-        records.add_field(begin, stop);
+        records.sample().add_field(begin, stop);
         begin = fields.next_stop();
         if (fields.may_end_line(begin)) {
             return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&

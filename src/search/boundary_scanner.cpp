@@ -1,4 +1,4 @@
-#include "parser/boundary_scanner.hpp"
+#include "search/boundary_scanner.hpp"
 
 #include <utility>
 

@@ -1,4 +1,5 @@
 #include "parser/reading.hpp"
+#include "support/odd_options.hpp"
 
 #include <gtest/gtest.h>
 
@@ -16,7 +17,7 @@ public:
     template <class Reader>
     void compare() {
         for (int round = 0; round < 3000; ++round) {
-            const options options = some_options();
+            const options options = odd_options([this](std::size_t count) { return random_() % count; });
             const std::u16string text = some_text();
             const Request request{.rows = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 3, 1}),
                                   .lines = one_of<std::size_t>({SIZE_MAX, SIZE_MAX, 4}),
@@ -35,28 +36,6 @@ private:
     template <class T>
     T one_of(const std::vector<T>& values) {
         return values[random_() % values.size()];
-    }
-
-    options some_options() {
-        options options = comma_options();
-        options.delimiters = one_of<std::vector<std::u16string>>(
-            {{u","}, {u","}, {u" ", u"\t"}, {u" ", u"\t"}, {u";", u","}, {u",,"}, {u"\""}, {}});
-        options.whitespace = one_of<std::u16string>({u" \t", u"", u"\u00A0", u" ,\n"});
-        if (options.delimiters.size() == 2 && random_() % 4 != 0) {
-            options.whitespace.assign(1, u'\u00A0');
-        }
-        options.line_endings =
-            one_of<std::vector<std::u16string>>({{u"\r\n", u"\n", u"\r"}, {u"\n"}, {u"\r\n", u"\n"}, {u"\r\n"}, {}});
-        options.comment_style = one_of<std::vector<std::u16string>>(
-            {{}, {u"#"}, {u"#", u"#"}, {u"#", u"x,,"}, {u"#,", u",#"}, {u",#", u"x"}, {u"#", u""}, {u"#", u"\nx"}, {u"##x"}});
-        const auto rule = [this] { return one_of<std::uint8_t>({0, 0, 1}); };
-        options.empty_line_rule = one_of<std::uint8_t>({empty_line::keep, empty_line::skip});
-        options.consecutive_delimiters_rule = rule();
-        options.leading_delimiters_rule = rule();
-        options.trailing_delimiters_rule = rule();
-        options.partial_field_rule = one_of<std::uint8_t>({0, 0, 0, 1, 4});
-        options.field_widths = one_of<std::vector<std::size_t>>({{3}, {2, 5, 1}, {4, SIZE_MAX}});
-        return options;
     }
 
     std::u16string some_text() {
@@ -80,20 +59,18 @@ private:
 template <class Reader>
 std::u16string left_by(options options, std::u16string_view text) {
     const Reader reader(options);
-    const CommentScanner comments(options);
     textio::Field view(text);
     ReadCounts counts;
     textio::FieldArray array;
+    SampleWriter sample(array, view, SIZE_MAX);
     const LineShape shape{.blanks = reader.blanks(),
                           .line_ends = reader.guarded_line_ends,
-                          .comments = &comments,
-                          .comment_keeps_columns = Reader::comment_keeps_columns,
-                          .skipped_starts = reader.skipped_starts(),
-                          .unplain_starts = reader.unplain_starts(),
+                          .comment_start = {},
+                          .unplain_starts = unplain_starts(reader),
                           .keeps_empty_lines = true,
                           .blank_lines_are_empty = Reader::blank_lines_are_empty};
-    PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, array);
-    records.resume();
+    PlainRecords records(shape, {SIZE_MAX, SIZE_MAX}, view, counts, sample);
+    records.resume(false);
     take_plain_records(reader, records);
     records.pause();
     return std::u16string(view.view());
@@ -110,17 +87,15 @@ TEST(PlainRecords, AreNotLeftToTheFullSetOfRules) {
                           .leading_delimiters_rule = leading_delimiters::skip,
                           .trailing_delimiters_rule = trailing_delimiters::drop};
     EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u" a  b\n\nc \td  \n  e"), u"");
-    const std::u16string_view commented = u"a\n#,\n,#b\n#,c,# \n#,,#\td \n#,";
-    const std::vector<std::u16string> blocks{u"#,", u",#"};
-    for (const auto& style : {std::vector<std::u16string>{u"#"}, blocks}) {
-        options options = aligned;
-        options.comment_style = style;
-        EXPECT_EQ(left_by<DelimitedRecordReader>(options, commented), u"");
-        options = {.delimiters = {u";"}, .comment_style = style, .field_widths = {1, 9}};
-        EXPECT_EQ(left_by<DelimitedRecordReader>(options, commented), u"");
-        EXPECT_EQ(left_by<LineRecordReader>(options, commented), u"");
-        EXPECT_EQ(left_by<FixedWidthRecordReader>(options, commented), u"");
-    }
+}
+
+TEST(RecordLoop, NeedsOnlyAnArrayToBegin) {
+    textio::output::DetectionOutputBuilder builder;
+    builder.field_array = std::make_unique<textio::FieldArray>();
+    const options options = comma_options();
+    textio::Field text(u"a,b\n\nc,\n");
+    read_records(options, DelimitedRecordReader(options), 9, 9, text, builder);
+    EXPECT_EQ(shown(*builder.field_array), "[a][b]//[c][]/");
 }
 
 TEST(PlainRecords, AreReadAsByTheFullSetOfRules) {

@@ -1,13 +1,14 @@
-#include "parser/unit_search.hpp"
+#include "search/unit_search.hpp"
+
+#include "search/vector.hpp"
 
 #include <algorithm>
 #include <bit>
 
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
-
 namespace textio::parser {
+
+using vector::Bytes;
+using vector::Units;
 
 UnitSet::UnitSet(std::u16string_view units) : units_(units) {
     std::sort(units_.begin(), units_.end());
@@ -78,7 +79,7 @@ std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin, const char16
     return (mask_of_block_(*this, block.data()) ^ unwanted) & ((std::uint64_t{1} << count) - 1);
 }
 
-std::uint64_t UnitSearch::plain_mask(const UnitSearch& search, const char16_t* units) noexcept {
+std::uint64_t UnitSearch::looked_up_mask(const UnitSearch& search, const char16_t* units) noexcept {
     std::uint64_t hits = 0;
     for (std::size_t i = 0; i < block_units; ++i) {
         hits |= std::uint64_t{search.set_.contains(units[i]) ? 1U : 0U} << i;
@@ -86,53 +87,35 @@ std::uint64_t UnitSearch::plain_mask(const UnitSearch& search, const char16_t* u
     return hits;
 }
 
-#if defined(__SSE2__)
-
-namespace {
-
-__m128i load(const void* bytes) noexcept {
-    return _mm_loadu_si128(static_cast<const __m128i*>(bytes));
-}
-
-void store(void* bytes, __m128i units) noexcept {
-    _mm_store_si128(static_cast<__m128i*>(bytes), units);
-}
-
-std::uint64_t bits(__m128i bytes) noexcept {
-    return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(bytes)));
-}
-
-} // namespace
-
-// The units are narrowed to bytes first, which halves the comparing. Narrowing saturates signed
-// numbers: it keeps the units below 0x7F and turns 0xFFFF, which is -1, into 0xFF, and nothing else
-// becomes one of these bytes. So it is exact for a set of such units, which nearly all sets are.
+// The units are narrowed to bytes first, which halves the comparing. A unit below 0x7F stays what
+// it is, 0xFFFF becomes 0xFF, and nothing else becomes one of these bytes. So it is exact for a set
+// of such units, which nearly all sets are.
 template <std::size_t count>
 std::uint64_t UnitSearch::byte_mask(const UnitSearch& search, const char16_t* units) noexcept {
     std::uint64_t mask = 0;
-    for (std::size_t at = 0; at < block_units; at += 16) {
-        const __m128i text = _mm_packs_epi16(load(units + at), load(units + at + 8));
-        __m128i hits = _mm_cmpeq_epi8(text, load(search.compared_[0].data()));
+    for (std::size_t at = 0; at < block_units; at += Bytes::count) {
+        const Bytes text =
+            Bytes::narrowed(Units::load(units + at), Units::load(units + at + Units::count));
+        Bytes hits = text.equal(Bytes::load(search.compared_[0].data()));
         for (std::size_t i = 1; i < count; ++i) {
-            hits = _mm_or_si128(hits, _mm_cmpeq_epi8(text, load(search.compared_[i].data())));
+            hits = hits.either(text.equal(Bytes::load(search.compared_[i].data())));
         }
-        mask |= bits(hits) << at;
+        mask |= hits.bits() << at;
     }
     return mask;
 }
 
 std::uint64_t UnitSearch::unit_mask(const UnitSearch& search, const char16_t* units) noexcept {
     std::uint64_t mask = 0;
-    for (std::size_t at = 0; at < block_units; at += 16) {
-        const __m128i low = load(units + at);
-        const __m128i high = load(units + at + 8);
-        __m128i hits = _mm_setzero_si128();
+    for (std::size_t at = 0; at < block_units; at += Bytes::count) {
+        const Units low = Units::load(units + at);
+        const Units high = Units::load(units + at + Units::count);
+        Bytes hits = Bytes::all(0);
         for (std::size_t i = 0; i < search.set_.units().size(); ++i) {
-            const __m128i wanted = load(search.compared_[i].data());
-            hits = _mm_or_si128(
-                hits, _mm_packs_epi16(_mm_cmpeq_epi16(low, wanted), _mm_cmpeq_epi16(high, wanted)));
+            const Units wanted = Units::load(search.compared_[i].data());
+            hits = hits.either(Bytes::narrowed(low.equal(wanted), high.equal(wanted)));
         }
-        mask |= bits(hits) << at;
+        mask |= hits.bits() << at;
     }
     return mask;
 }
@@ -147,30 +130,12 @@ void UnitSearch::choose_mask() noexcept {
     });
     mask_of_block_ = fit_in_bytes ? byte_masks[units.size() - 1] : &unit_mask;
     for (std::size_t i = 0; i < units.size(); ++i) {
-        const __m128i copies = fit_in_bytes ? _mm_set1_epi8(static_cast<char>(units[i]))
-                                            : _mm_set1_epi16(static_cast<short>(units[i]));
-        store(compared_[i].data(), copies);
+        if (fit_in_bytes) {
+            Bytes::all(static_cast<unsigned char>(units[i])).store(compared_[i].data());
+        } else {
+            Units::all(units[i]).store(compared_[i].data());
+        }
     }
-}
-
-#else
-
-void UnitSearch::choose_mask() noexcept {}
-
-#endif
-
-std::size_t plain_next(const UnitSet& set, const Field& text, std::size_t from) noexcept {
-    while (from < text.size && !set.contains(text.data[from])) {
-        ++from;
-    }
-    return from;
-}
-
-std::size_t plain_skip(const UnitSet& set, const Field& text, std::size_t from) noexcept {
-    while (from < text.size && set.contains(text.data[from])) {
-        ++from;
-    }
-    return from;
 }
 
 } // namespace textio::parser

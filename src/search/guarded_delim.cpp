@@ -1,4 +1,4 @@
-#include "parser/guarded_delim.hpp"
+#include "search/guarded_delim.hpp"
 
 #include <algorithm>
 #include <utility>
