@@ -108,6 +108,14 @@ public:
     /// the result to the counters of the record. Needs a sample.
     void inspect_datatypes();
 
+    /// The class of each column, from the left: what `inspect_datatypes()` finds, without a trace
+    /// in the record. There are as many as the valuation counts columns, and the lines looked at
+    /// are those behind the first data line; a column that says nothing on any of them is
+    /// `unknown`. A strategy that is not valued, such as one to fall back on, is looked at as its
+    /// valuation would look at it, and is not valued by that. Without a sample there are no
+    /// columns. Throws only `std::bad_alloc`.
+    [[nodiscard]] std::vector<zentor::io::text::typedetection::FieldClass> column_classes() const;
+
 protected:
     /// Copies the options; the strategy of a layout then fixes in `options_` what its layout needs.
     GenericStrategy(const parser::options& options,

@@ -39,4 +39,14 @@ void GenericStrategy::inspect_datatypes() {
                   valuation_record_);
 }
 
+std::vector<zentor::io::text::typedetection::FieldClass> GenericStrategy::column_classes() const {
+    if (!fields_) {
+        return {};
+    }
+    const StrategyValuation record = valuation_cached_
+                                         ? with_header(valuation_record_, header_lines_value_)
+                                         : LineFigures(*this).record;
+    return find_column_classes(*fields_, type_analyzer_, record);
+}
+
 } // namespace textio
