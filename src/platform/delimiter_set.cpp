@@ -52,7 +52,9 @@ std::shared_ptr<Delim> get_or_create_delim(const std::vector<std::u16string>& st
     auto set = std::make_shared<Delim>();
     set->strings = distinct_longest_first(strings);
     set->first_unit_storage = first_units_of(set->strings);
-    set->first_units = set->first_unit_storage;
+    if (!set->strings.empty()) {
+        set->first_units = set->first_unit_storage;
+    }
     set->single = set->strings.size() == 1 && set->strings.front().size() == 1;
     if (set->single) {
         set->only_string = set->strings.front();

@@ -63,7 +63,9 @@ TEST(DelimiterSet, LongestFirstAndEachOnce) {
     const auto end = get_or_create_delim({u"\uFFFF"});
     EXPECT_TRUE(end->single);
     EXPECT_EQ(end->match_at(Field(text), 99), 1U) << "past the end stands the end of text";
-    EXPECT_EQ(get_or_create_delim({})->match_at(Field(text), 0), 0U);
+    const auto none = get_or_create_delim({u""});
+    EXPECT_EQ(none->match_at(Field(text), 0), 0U);
+    EXPECT_EQ(none->first_units.data(), nullptr);
 }
 
 } // namespace

@@ -29,7 +29,7 @@ struct TEXTIO_EXPORT Delim {
     std::vector<std::u16string> strings;   ///< the strings, in the set's own order
     std::u16string only_string;            ///< with `single`: the one string
     bool single = false;                   ///< the set is one string of one code unit
-    std::span<const char16_t> first_units; ///< first units of the strings, ascending, each once
+    std::span<const char16_t> first_units; ///< first units, ascending, each once; null of no string
     std::u16string first_unit_storage;     ///< what `first_units` views
 
 private:
