@@ -1,6 +1,7 @@
 #include "parser/guarded_delim.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace textio::parser {
@@ -9,16 +10,17 @@ namespace {
 
 /// `end_of_text` is left out: whether it matches depends on what is left of the text.
 std::u16string units_that_match_alone(const Delim& delim) {
-    std::u16string units;
-    for (const char16_t unit : delim.first_units) {
-        const bool is_alone =
-            std::none_of(delim.strings.begin(), delim.strings.end(), [unit](const auto& string) {
-                return string.size() > 1 && string.front() == unit;
-            });
-        if (is_alone && unit != end_of_text) {
-            units.push_back(unit);
+    std::u16string starts_of_longer;
+    for (const std::u16string& string : delim.strings) {
+        if (string.size() > 1) {
+            starts_of_longer.push_back(string.front());
         }
     }
+    const UnitSet not_alone(starts_of_longer);
+    std::u16string units;
+    std::copy_if(
+        delim.first_units.begin(), delim.first_units.end(), std::back_inserter(units),
+        [&not_alone](char16_t unit) { return !not_alone.contains(unit) && unit != end_of_text; });
     return units;
 }
 

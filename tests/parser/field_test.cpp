@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
 #include <utility>
 
 namespace {
@@ -48,6 +50,32 @@ TEST(DetectionOutputBuilder, TellsLinesWithFieldsFromEmptyOnes) {
     builder.limit_fields = false;
     add({0, 3});
     EXPECT_EQ(test::shown(*builder.field_array), "///[ ][ ]/[a]//[   ]/");
+}
+
+TEST(DelimiterSet, FindsInManyStringsTheLongestThatFits) {
+    std::mt19937 random(5);
+    for (int round = 0; round < 200; ++round) {
+        const auto word = [&random](std::size_t longest) {
+            std::u16string units(random() % longest, u'a');
+            for (char16_t& unit : units) {
+                unit = u"ab\uFFFF"[random() % 3];
+            }
+            return units;
+        };
+        std::vector<std::u16string> strings(random() % 60);
+        std::generate(strings.begin(), strings.end(), [&] { return word(7); });
+        const std::u16string text = word(40);
+        const auto set = get_or_create_delim(strings);
+        for (std::size_t position = 0; position <= text.size() + 1; ++position) {
+            const auto rest = std::u16string_view(text).substr(std::min(position, text.size()));
+            std::size_t longest = 0;
+            for (const std::u16string& string : strings) {
+                longest = rest.starts_with(string) ? std::max(longest, string.size()) : longest;
+            }
+            ASSERT_EQ(set->match_at(Field(text), position), set->single && rest.empty() ? set->match_at(Field(), 0) : longest)
+                << test::shown(text) << " at " << position << " in round " << round;
+        }
+    }
 }
 
 TEST(DelimiterSet, LongestFirstAndEachOnce) {

@@ -15,8 +15,17 @@ using textio::Field;
 
 // Sets that are narrowed to bytes, that can't be, that are looked up, and none at all.
 const std::vector<std::u16string> sets{
-    u"",     u",",        u"\r\n,\"",      u"abcdefgh",      u"abcdefghi", std::u16string(1, u'\0'),
-    u"\xFF", u"\uFFFF\n", u"\u0101\u8001", u"\xD800,\xDC00",
+    u"",
+    u",",
+    u"\r\n,\"",
+    u"abcdefgh",
+    u"abcdefghi",
+    std::u16string(1, u'\0'),
+    u"\xFF",
+    u"\uFFFF\n",
+    u"\u0101\u8001",
+    u"\xD800,\xDC00",
+    u"\u0100\u0101\u0102\u0103\u0104\u0105\u2C2C\u8001\xD801",
 };
 
 TEST(UnitSearch, GivesWhatThePlainLoopGives) {
