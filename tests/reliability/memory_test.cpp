@@ -201,4 +201,26 @@ TEST(Memory, RunningOutLeavesAStreamAsItWas) {
     EXPECT_EQ(view_size(), 5U);
 }
 
+TEST(Memory, AStreamThatGrowsIsSeldomMoved) {
+    constexpr std::size_t step = 100;
+    constexpr std::size_t steps = 1000;
+    Letters letters;
+    const zentor::io::text::stream::TextStream stream(letters);
+    const std::size_t before = bytes_made;
+    for (std::size_t count = 1; count <= steps; ++count) {
+        stream.resizeInternalBuffer(count * step);
+        ASSERT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(count * step));
+        stream.data_end[-1] = static_cast<char16_t>(count);
+    }
+    EXPECT_LT(bytes_made - before, 5 * steps * step * sizeof(char16_t));
+    const std::size_t room = steps * step;
+    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room); }), Outcome::out_of_memory);
+    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room + 1); }), Outcome::out_of_memory);
+    stream.resizeInternalBuffer(2 * room);
+    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room + 1); }), Outcome::done_without);
+    EXPECT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(2 * room + 1));
+    EXPECT_EQ(stream.buffer_begin[room - 1], steps) << "what was held is held";
+    EXPECT_THROW(stream.resizeInternalBuffer(SIZE_MAX), std::bad_alloc);
+}
+
 } // namespace
