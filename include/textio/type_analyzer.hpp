@@ -136,6 +136,7 @@ public:
 
 private:
     TEXTIO_NO_EXPORT void prepare(textio::MutableField& field) const;
+    [[nodiscard]] TEXTIO_NO_EXPORT bool is_missing(std::u16string_view text) const;
     [[nodiscard]] TEXTIO_NO_EXPORT std::optional<FieldClass>
     class_with_digits(const textio::Field& text) const;
     [[nodiscard]] TEXTIO_NO_EXPORT FieldClass class_of_words(const textio::Field& text) const;
@@ -146,7 +147,7 @@ private:
 
     textio::operations::trim_whitespace whitespace_trimmer_;
     textio::operations::unquote unquoter_;
-    textio::operations::treat_as_missing missing_filter_;
+    textio::operations::treat_as_missing missing_filter_; ///< its texts ascend
     textio::operations::replace_characters decimal_to_dot_;
     textio::operations::replace_characters dot_to_invalid_;
     textio::operations::remove_characters thousands_remover_;

@@ -62,6 +62,8 @@ TEST(Operations, ChangeTheFieldAndNeverTheSample) {
         {"behind the closing quote", take_quotes, uR"("abc"def)", u"abcdef", Copy::inside},
         {"all together", take_quotes, uR"("a""b""c"d""e")", uR"(a"b"cd""e")", Copy::inside},
         {"long", take_quotes, uR"("a"")" + Text(40, u'b') + u'"', u"a\"" + Text(40, u'b'), Copy::heap},
+        {"missing", with(treat_as_missing{{u"NA", u"-"}}), u"-", u""},
+        {"not quite missing", with(treat_as_missing{{u"NA", u"-"}}), u"N", u"N"},
         {"nothing to replace", replace, u"1.5", u"1.5"},
         {"replace", replace, u",1;2,", u".1.2.", Copy::inside},
         {"nothing to remove", remove, Text(40, u'1'), Text(40, u'1')},
