@@ -34,7 +34,8 @@ add_possible_strategy(std::shared_ptr<GenericStrategy> strategy,
                       output::DetectionOutputBuilder& builder);
 
 /// All layouts worth comparing, read and valued. `line_sample` is the text read as one field per
-/// line, without empty lines at its end; the text itself is taken from `builder`.
+/// line, without empty lines at its end. The text itself is taken from `builder`; `text` is not
+/// looked at.
 TEXTIO_EXPORT std::vector<std::shared_ptr<GenericStrategy>>
 get_candidate_strategies(const FieldArray& line_sample, const Field& text,
                          const parser::options& options,
@@ -43,7 +44,8 @@ get_candidate_strategies(const FieldArray& line_sample, const Field& text,
 
 /// Looks for columns that are blank on every line of `line_sample`, and appends either a
 /// fixed-width strategy with the columns found or, where that explains the text no better,
-/// `space_candidate`. The latter must have been read and valued.
+/// `space_candidate`, which must have been read. `text` is not looked at: a strategy with columns is
+/// read from the text of `builder`.
 TEXTIO_EXPORT void add_possible_fixed_strategy(
     std::shared_ptr<GenericStrategy> space_candidate, const Field& text,
     const FieldArray& line_sample, std::vector<std::shared_ptr<GenericStrategy>>& candidates,

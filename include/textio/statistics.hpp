@@ -33,10 +33,14 @@ modified_median(std::vector<std::size_t>::const_iterator first,
 [[nodiscard]] TEXTIO_EXPORT std::vector<std::size_t>
 absolute_differences(const std::vector<std::size_t>& counts, std::size_t median);
 
-/// The header in entries of `diffs`, that is in non-empty lines: where the accumulated distances
-/// from the top bend down most sharply. At least `h_min` is considered header, and at most two
-/// thirds of `diffs` can be. With `space_separated`, a distance above 2 counts as 2. An empty
-/// `diffs` gives `h_min`.
+/// The header in entries of `diffs`, that is in non-empty lines: down to where the accumulated
+/// distances from the top bend down most sharply, or to `h_min` if that is further down, but without
+/// the zeros at its end, which can make it shorter than `h_min`. With `space_separated`, a distance
+/// above 2 counts as 2, except the first.
+///
+/// `h_min` is given as it is, whatever its size, where nothing but zeros or mostly zeros stand
+/// behind it, where the header would take more than two thirds of `diffs`, and of an empty `diffs`.
+/// Of two entries, the first is the header if they differ, and else there is none.
 [[nodiscard]] TEXTIO_EXPORT std::size_t get_header_lines(const std::vector<std::size_t>& diffs,
                                                          std::size_t h_min, bool space_separated);
 

@@ -29,6 +29,9 @@ enum class StrategyMode : std::uint8_t {
 
 } // namespace enums
 
+/// The library's own: it values a strategy in two steps.
+struct LineFigures;
+
 /// A hypothesis about the layout of a text: the options set up for it, the sample read under those
 /// options, and the sample's valuation. The four layouts differ in what their constructors set up
 /// and in nothing else.
@@ -82,12 +85,9 @@ public:
 
     /// Values the sample, once: later calls give the same record at once. Drops empty lines at the
     /// end of the sample and settles `header_lines()`. Needs a sample. Throws only
-    /// `std::bad_alloc`.
+    /// `std::bad_alloc`; the strategy is then as if it had not been called, but for the empty
+    /// lines.
     StrategyValuation& valuation();
-
-    /// The part of the valuation that looks at no text: all but the classes of the columns, and the
-    /// header. Made once, by `valuation()` where it has not been asked for before. Needs a sample.
-    TEXTIO_NO_EXPORT const StrategyValuation& measure_lines();
 
     /// Replaces the units that are trimmed from a field before it is classified, and nothing else.
     void reset_whitespace(const std::u16string& whitespace);
@@ -108,6 +108,14 @@ public:
     /// the result to the counters of the record. Needs a sample.
     void inspect_datatypes();
 
+    /// The class of each column, from the left: what `inspect_datatypes()` finds, without a trace
+    /// in the record. There are as many as the valuation counts columns, and the lines looked at
+    /// are those behind the first data line; a column that says nothing on any of them is
+    /// `unknown`. A strategy that is not valued, such as one to fall back on, is looked at as its
+    /// valuation would look at it, and is not valued by that. Without a sample there are no
+    /// columns. Throws only `std::bad_alloc`.
+    [[nodiscard]] std::vector<zentor::io::text::typedetection::FieldClass> column_classes() const;
+
 protected:
     /// Copies the options; the strategy of a layout then fixes in `options_` what its layout needs.
     GenericStrategy(const parser::options& options,
@@ -123,18 +131,13 @@ protected:
     zentor::io::text::typedetection::TypeAnalyzer<false> type_analyzer_;
 
     std::unique_ptr<FieldArray> fields_; ///< the sample
-    bool lines_measured_ = false;        ///< the figures of the lines are those of the sample
-    bool has_data_lines_ = false;        ///< some of the lines measured are no header
     bool valuation_cached_ = false;      ///< all figures are those of the sample
     bool space_separated_ = false;       ///< fields are separated by blank space
     bool has_fields_ = false;            ///< a sample has been handed over
     enums::StrategyMode mode_;           ///< the layout
 
 private:
-    TEXTIO_NO_EXPORT void measure_regular_lines(std::size_t fields);
-    TEXTIO_NO_EXPORT void settle_lines(std::size_t lines, std::size_t h_min);
-    TEXTIO_NO_EXPORT void measure_counts(const std::vector<std::size_t>& counts);
-    TEXTIO_NO_EXPORT void measure_table(const std::vector<std::size_t>& counts, std::size_t h_min);
+    friend struct LineFigures;
 };
 
 /// One field per line, blanks included. It never has header lines.

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 /// Operations that prepare a field's text before it is judged. Each narrows the view of the field,
@@ -26,7 +27,7 @@ struct TEXTIO_EXPORT trim_whitespace {
 /// the closing quote stays; a quote that is never closed is dropped at the front alone.
 struct TEXTIO_EXPORT unquote {
     char16_t quote = u'"'; ///< the quote character
-    /// Narrows the view where the closing quote ends the text, and else changes a copy.
+    /// Narrows the view, or changes a copy where a quote goes out of the middle of the text.
     void process(MutableField& field) const;
 };
 
@@ -48,7 +49,7 @@ struct TEXTIO_EXPORT replace_characters {
 /// Takes every unit that is one of `removed` out of the text.
 struct TEXTIO_EXPORT remove_characters {
     std::u16string removed; ///< the units to take out
-    /// Copies the text only if there is something to take out.
+    /// Narrows the view, or changes a copy where something goes out of the middle of the text.
     void process(MutableField& field) const;
 };
 
@@ -60,6 +61,20 @@ struct TEXTIO_EXPORT trim_non_numeric {
 };
 
 } // namespace textio::operations
+
+namespace zentor::io::text::typeconversion {
+
+/// Numbers to the base 16.
+struct HexNumberSystem {
+    static constexpr std::u16string_view Prefix = u"0X"; ///< in front of the digits, in any case
+};
+
+/// Numbers to the base 2.
+struct BinaryNumberSystem {
+    static constexpr std::u16string_view Prefix = u"0B"; ///< in front of the digits, in any case
+};
+
+} // namespace zentor::io::text::typeconversion
 
 namespace zentor::io::text::typedetection {
 
@@ -121,6 +136,7 @@ public:
 
 private:
     TEXTIO_NO_EXPORT void prepare(textio::MutableField& field) const;
+    [[nodiscard]] TEXTIO_NO_EXPORT bool is_missing(std::u16string_view text) const;
     [[nodiscard]] TEXTIO_NO_EXPORT std::optional<FieldClass>
     class_with_digits(const textio::Field& text) const;
     [[nodiscard]] TEXTIO_NO_EXPORT FieldClass class_of_words(const textio::Field& text) const;
@@ -131,7 +147,7 @@ private:
 
     textio::operations::trim_whitespace whitespace_trimmer_;
     textio::operations::unquote unquoter_;
-    textio::operations::treat_as_missing missing_filter_;
+    textio::operations::treat_as_missing missing_filter_; ///< its texts ascend
     textio::operations::replace_characters decimal_to_dot_;
     textio::operations::replace_characters dot_to_invalid_;
     textio::operations::remove_characters thousands_remover_;

@@ -1,6 +1,8 @@
 #include "common_delimiters.hpp"
+#include "detection/fixed_width_candidates.hpp"
 #include "detection/line_sample.hpp"
 #include "parser/read_sample.hpp"
+#include "strategies/line_figures.hpp"
 #include "textio/candidates.hpp"
 
 #include <algorithm>
@@ -55,10 +57,10 @@ double classified_share(const StrategyValuation& valuation) {
 /// Builds the list of candidates of one run.
 class CandidateSearch {
 public:
-    CandidateSearch(const FieldArray& line_sample, const Field& text,
-                    const parser::options& options, const TypeAnalyzerOptions& type_options,
+    CandidateSearch(const FieldArray& line_sample, const parser::options& options,
+                    const TypeAnalyzerOptions& type_options,
                     output::DetectionOutputBuilder& builder)
-        : line_sample_(line_sample), text_(text), options_(options), type_options_(type_options),
+        : line_sample_(line_sample), options_(options), type_options_(type_options),
           builder_(builder) {}
 
     std::vector<std::shared_ptr<GenericStrategy>> run() {
@@ -78,8 +80,7 @@ private:
                    options_.header_lines >= line_sample_.line_count()) {
             add_without_data_lines();
         } else {
-            add_possible_fixed_strategy(read_space_aligned(), text_, line_sample_, candidates_,
-                                        options_, type_options_, builder_);
+            add_columns_found();
         }
     }
 
@@ -96,6 +97,17 @@ private:
         strategy->header_lines(options_.header_lines);
         parser::read_sample(builder_, strategy, true);
         candidates_.push_back(std::move(strategy));
+    }
+
+    /// The columns are sought whatever the space-aligned reading says, so that is not valued; its
+    /// memory is free again when the columns are read.
+    void add_columns_found() {
+        const std::size_t aligned_header =
+            read_and_measure(make_space_aligned()).record.header_lines;
+        const std::size_t header_lines = without_data_lines(aligned_header, line_sample_, options_);
+        candidates_.push_back(
+            read_fixed_columns(find_fixed_columns(line_sample_, header_lines, builder_).widths,
+                               header_lines, options_, type_options_, builder_));
     }
 
     void add_separated_layouts() {
@@ -118,30 +130,35 @@ private:
     void add_blank_layouts() {
         const double aligned_share = add_aligned_layout();
         auto space_delimited = make_delimited(blank);
-        if (is_worth_valuing(space_delimited) &&
-            classified_share(space_delimited->valuation()) >= aligned_share) {
-            add_if_possible(std::move(space_delimited));
+        const LineFigures figures = read_and_measure(space_delimited);
+        if (is_regular(figures.record) &&
+            classified_share(figures.settle(*space_delimited)) >= aligned_share) {
+            add_valued(std::move(space_delimited));
         }
     }
 
     /// Gives the share of the columns of the space-aligned reading that have a class, or 0 if
     /// nothing was added.
     double add_aligned_layout() {
-        auto space_aligned = read_space_aligned();
-        if (can_be_fixed_width(*space_aligned)) {
-            const double share = classified_share(space_aligned->valuation());
-            add_possible_fixed_strategy(std::move(space_aligned), text_, line_sample_, candidates_,
-                                        options_, type_options_, builder_);
+        std::shared_ptr<GenericStrategy> space_aligned = make_space_aligned();
+        const LineFigures figures = read_and_measure(space_aligned);
+        if (can_be_fixed_width(figures.record.header_lines)) {
+            const double share = classified_share(figures.settle(*space_aligned));
+            add_possible_fixed_strategy(std::move(space_aligned), *builder_.text, line_sample_,
+                                        candidates_, options_, type_options_, builder_);
             return share;
         }
-        return add_if_possible(space_aligned) ? classified_share(space_aligned->valuation()) : 0;
+        if (!is_regular(figures.record)) {
+            return 0;
+        }
+        const double share = classified_share(figures.settle(*space_aligned));
+        return add_valued(std::move(space_aligned)) ? share : 0;
     }
 
-    [[nodiscard]] bool can_be_fixed_width(const GenericStrategy& space_aligned) const {
+    [[nodiscard]] bool can_be_fixed_width(std::size_t header_lines) const {
         const std::size_t lines = line_sample_.line_count();
         return options_.layout_hint != parser::layout::no_fixed_width && lines >= 2 &&
-               space_aligned.header_lines() < lines &&
-               lines_look_padded(line_sample_, space_aligned.header_lines());
+               header_lines < lines && lines_look_padded(line_sample_, header_lines);
     }
 
     [[nodiscard]] bool is_ruled_out(char16_t delimiter) const {
@@ -149,24 +166,27 @@ private:
                                                delimiter == options_.excluded_delimiter.front());
     }
 
-    /// Reads the sample of `strategy`. If its lines alone rule it out, nobody asks for the classes
-    /// of its columns.
-    bool is_worth_valuing(const std::shared_ptr<GenericStrategy>& strategy) {
-        parser::read_sample(builder_, strategy, false);
-        return is_regular(strategy->measure_lines());
+    /// If the lines of a layout alone rule it out, nobody asks for the classes of its columns.
+    void add_if_possible(std::shared_ptr<GenericStrategy> strategy) {
+        const LineFigures figures = read_and_measure(strategy);
+        if (is_regular(figures.record)) {
+            figures.settle(*strategy);
+            add_valued(std::move(strategy));
+        }
     }
 
-    bool add_if_possible(std::shared_ptr<GenericStrategy> strategy) {
-        return is_worth_valuing(strategy) &&
-               add_possible_strategy(std::move(strategy), candidates_, options_, type_options_,
+    LineFigures read_and_measure(const std::shared_ptr<GenericStrategy>& strategy) {
+        parser::read_sample(builder_, strategy, false);
+        return LineFigures(*strategy);
+    }
+
+    bool add_valued(std::shared_ptr<GenericStrategy> strategy) {
+        return add_possible_strategy(std::move(strategy), candidates_, options_, type_options_,
                                      builder_);
     }
 
-    std::shared_ptr<GenericStrategy> read_space_aligned() {
-        auto strategy = std::make_shared<SpaceAlignedStrategy>(options_, type_options_);
-        parser::read_sample(builder_, strategy, false);
-        strategy->measure_lines();
-        return strategy;
+    [[nodiscard]] std::shared_ptr<GenericStrategy> make_space_aligned() const {
+        return std::make_shared<SpaceAlignedStrategy>(options_, type_options_);
     }
 
     [[nodiscard]] std::shared_ptr<GenericStrategy> make_delimited(char16_t delimiter) const {
@@ -179,7 +199,6 @@ private:
     }
 
     const FieldArray& line_sample_;
-    const Field& text_;
     const parser::options& options_;
     const TypeAnalyzerOptions& type_options_;
     output::DetectionOutputBuilder& builder_;
@@ -204,10 +223,10 @@ bool add_possible_strategy(std::shared_ptr<GenericStrategy> strategy,
 }
 
 std::vector<std::shared_ptr<GenericStrategy>>
-get_candidate_strategies(const FieldArray& line_sample, const Field& text,
+get_candidate_strategies(const FieldArray& line_sample, const Field& /*text*/,
                          const parser::options& options, const TypeAnalyzerOptions& type_options,
                          output::DetectionOutputBuilder& builder) {
-    return CandidateSearch(line_sample, text, options, type_options, builder).run();
+    return CandidateSearch(line_sample, options, type_options, builder).run();
 }
 
 } // namespace textio::detection

@@ -1,8 +1,10 @@
 #include "textio/fixed_stream.hpp"
 
+#include "search/guarded_delim.hpp"
 #include "textio/platform/delimiter_set.hpp"
 
 #include <algorithm>
+#include <memory>
 
 namespace textio {
 
@@ -78,6 +80,15 @@ std::size_t length_of_whole_lines(const Field& whole, const Delim& line_endings)
     return 0;
 }
 
+/// The same from the front, for long line endings: in this direction they cost no more than others.
+std::size_t length_of_long_lines(const Field& whole, const parser::GuardedDelim& line_endings) {
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < whole.size; ++at) {
+        length = line_endings.match_at(whole, at) == 0 ? length : at + 1;
+    }
+    return length;
+}
+
 } // namespace
 
 Field get_fixed_stream(const TextStream& stream, const std::vector<std::u16string>& line_endings) {
@@ -87,7 +98,11 @@ Field get_fixed_stream(const TextStream& stream, const std::vector<std::u16strin
         return {stream.position, length};
     }
     const Field whole(stream.position, view_limit);
-    return {stream.position, length_of_whole_lines(whole, *get_or_create_delim(line_endings))};
+    const std::shared_ptr<Delim> set = get_or_create_delim(line_endings);
+    const bool has_long =
+        !set->strings.empty() && set->strings.front().size() >= parser::LongString::least_units;
+    return {stream.position, has_long ? length_of_long_lines(whole, parser::GuardedDelim(set))
+                                      : length_of_whole_lines(whole, *set)};
 }
 
 } // namespace textio

@@ -1,7 +1,8 @@
+#include "detection/fixed_width_candidates.hpp"
+
 #include "detection/blank_columns.hpp"
 #include "detection/line_sample.hpp"
 #include "parser/read_sample.hpp"
-#include "textio/candidates.hpp"
 #include "textio/statistics.hpp"
 
 #include <limits>
@@ -13,35 +14,6 @@ namespace textio::detection {
 using zentor::io::text::typedetection::TypeAnalyzerOptions;
 
 namespace {
-
-/// The columns that the lines from `first_line` on show, and how their number fell as more and more
-/// lines were taken in: one entry per line.
-struct FixedColumns {
-    std::vector<std::size_t> widths;
-    std::vector<std::size_t> column_counts;
-};
-
-FixedColumns find_fixed_columns(const Field& text, const FieldArray& line_sample,
-                                std::size_t first_line) {
-    const std::size_t lines = line_sample.line_count();
-    if (first_line >= lines) {
-        return {{}, {1}};
-    }
-    FixedColumns found;
-    found.column_counts.reserve(lines - first_line);
-    BlankColumns columns(line_length(line_sample, first_line), text);
-    std::size_t column_count = 0;
-    for (std::size_t line = first_line; line < lines; ++line) {
-        const std::span<const Field> fields = line_sample.line(line);
-        if (const std::size_t length = length_of(fields); length != 0) {
-            columns.add_line(fields.front(), length);
-            column_count = columns.columns();
-        }
-        found.column_counts.push_back(column_count);
-    }
-    found.widths = columns.widths();
-    return found;
-}
 
 /// The valuation that a fixed-width reading would have, without making one.
 StrategyValuation expected_valuation(const std::vector<std::size_t>& column_counts) {
@@ -57,10 +29,8 @@ std::size_t distance(std::size_t value, std::size_t from) {
 
 } // namespace
 
-std::size_t detect_header_lines_fixed_width(std::shared_ptr<GenericStrategy> strategy,
-                                            const FieldArray& line_sample,
-                                            const parser::options& options) {
-    std::size_t header_lines = strategy->header_lines();
+std::size_t without_data_lines(std::size_t header_lines, const FieldArray& line_sample,
+                               const parser::options& options) {
     if (!options.detect_header_lines || header_lines >= line_sample.line_count()) {
         return header_lines;
     }
@@ -69,6 +39,49 @@ std::size_t detect_header_lines_fixed_width(std::shared_ptr<GenericStrategy> str
         --header_lines;
     }
     return header_lines;
+}
+
+FixedColumns find_fixed_columns(const FieldArray& line_sample, std::size_t first_line,
+                                const output::DetectionOutputBuilder& builder) {
+    const std::size_t lines = line_sample.line_count();
+    if (first_line >= lines) {
+        return {{}, {1}};
+    }
+    FixedColumns found;
+    found.column_counts.reserve(lines - first_line);
+    BlankColumns columns(line_length(line_sample, first_line),
+                         builder.text == nullptr ? Field() : *builder.text);
+    std::size_t column_count = 0;
+    for (std::size_t line = first_line; line < lines; ++line) {
+        const std::span<const Field> fields = line_sample.line(line);
+        if (const std::size_t length = length_of(fields); length != 0) {
+            columns.add_line(fields.front(), length);
+            column_count = columns.columns();
+        }
+        found.column_counts.push_back(column_count);
+    }
+    found.widths = columns.widths();
+    return found;
+}
+
+std::shared_ptr<GenericStrategy> read_fixed_columns(std::vector<std::size_t> widths,
+                                                    std::size_t header_lines,
+                                                    const parser::options& options,
+                                                    const TypeAnalyzerOptions& type_options,
+                                                    output::DetectionOutputBuilder& builder) {
+    if (widths.empty()) {
+        widths = {1};
+    }
+    auto strategy = std::make_shared<FixedWidthStrategy>(options, type_options, std::move(widths));
+    strategy->header_lines(header_lines);
+    parser::read_sample(builder, strategy, true);
+    return strategy;
+}
+
+std::size_t detect_header_lines_fixed_width(std::shared_ptr<GenericStrategy> strategy,
+                                            const FieldArray& line_sample,
+                                            const parser::options& options) {
+    return without_data_lines(strategy->header_lines(), line_sample, options);
 }
 
 double mad(const std::vector<std::size_t>& values, int& median) {
@@ -91,35 +104,28 @@ bool isFixedWidthStrategyBetterThanSpaceAlignedStrategy(StrategyValuation fixed,
 }
 
 void add_possible_fixed_strategy(std::shared_ptr<GenericStrategy> space_candidate,
-                                 const Field& text, const FieldArray& line_sample,
+                                 const Field& /*text*/, const FieldArray& line_sample,
                                  std::vector<std::shared_ptr<GenericStrategy>>& candidates,
                                  const parser::options& options,
                                  const TypeAnalyzerOptions& type_options,
                                  output::DetectionOutputBuilder& builder) {
     const bool is_sought = options.layout_hint == parser::layout::fixed_width;
-    const StrategyValuation& space_value =
-        is_sought ? space_candidate->measure_lines() : space_candidate->valuation();
+    const StrategyValuation& space_value = space_candidate->valuation();
     if (!is_sought && space_value.data_variation == 0) {
         candidates.push_back(std::move(space_candidate)); // no columns are more regular
         return;
     }
     const std::size_t header_lines =
         detect_header_lines_fixed_width(space_candidate, line_sample, options);
-    FixedColumns found = find_fixed_columns(text, line_sample, header_lines);
+    FixedColumns found = find_fixed_columns(line_sample, header_lines, builder);
     if (!is_sought && !isFixedWidthStrategyBetterThanSpaceAlignedStrategy(
                           expected_valuation(found.column_counts), space_value)) {
         candidates.push_back(std::move(space_candidate));
         return;
     }
-    if (found.widths.empty()) {
-        found.widths = {1};
-    }
-    auto strategy =
-        std::make_shared<FixedWidthStrategy>(options, type_options, std::move(found.widths));
-    strategy->header_lines(header_lines);
     space_candidate.reset(); // the read can use its memory
-    parser::read_sample(builder, strategy, true);
-    candidates.push_back(std::move(strategy));
+    candidates.push_back(
+        read_fixed_columns(std::move(found.widths), header_lines, options, type_options, builder));
 }
 
 } // namespace textio::detection

@@ -23,10 +23,12 @@ CommentScanner::CommentScanner(const options& options)
     : opener(options.comment_style.empty() ? std::u16string() : options.comment_style.front()),
       to_closer(closers(options), {}), to_line_end(options.line_endings, {}),
       has_opener(!opener.empty()), is_block(names_a_closer(options.comment_style)),
-      opener_size(opener.size()), closer_size(is_block ? options.comment_style[1].size() : 0) {}
+      opener_size(opener.size()), closer_size(is_block ? options.comment_style[1].size() : 0),
+      long_opener(opener) {}
 
 std::size_t CommentScanner::skip_comment(const Field& text, std::size_t position) const noexcept {
-    if (!has_opener || position >= text.size || !text.view().substr(position).starts_with(opener)) {
+    if (!has_opener || position >= text.size ||
+        !long_opener.stands_at(text.data + position, text.data + text.size)) {
         return position;
     }
     const std::size_t body = position + opener_size;

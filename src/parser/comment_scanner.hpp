@@ -3,6 +3,7 @@
 #pragma once
 
 #include "search/boundary_scanner.hpp"
+#include "search/long_string.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
@@ -18,7 +19,8 @@ struct CommentEnd {
     bool line_ended;       ///< nothing else is left on the line
 };
 
-/// The comments of a text, as its options describe them. Built once for each read.
+/// The comments of a text, as its options describe them. Built once for each read, and for one
+/// thread at a time.
 struct CommentScanner {
     explicit CommentScanner(const options& options);
 
@@ -37,7 +39,8 @@ struct CommentScanner {
     bool has_opener;
     bool is_block; ///< comments are closed by a string of their own
     std::size_t opener_size;
-    std::size_t closer_size; ///< 0 unless `is_block`
+    std::size_t closer_size;        ///< 0 unless `is_block`
+    mutable LongString long_opener; ///< `opener`, as it is compared
 };
 
 } // namespace textio::parser

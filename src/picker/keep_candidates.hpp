@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <functional>
+#include <type_traits>
 #include <vector>
 
 namespace textio::detection::picker_rules {
@@ -29,36 +30,36 @@ template <typename Predicate>
     return kept;
 }
 
-/// Compares two candidates by their `figure`.
-template <typename Figure>
-[[nodiscard]] auto by(const std::vector<StrategyValuation>& values, Figure figure) {
-    return [&values, figure](std::size_t left, std::size_t right) {
-        return std::invoke(figure, values[left]) < std::invoke(figure, values[right]);
-    };
-}
-
 /// The candidate with the lowest `figure`, the first of equals. There must be a candidate.
 template <typename Figure>
 [[nodiscard]] std::size_t first_lowest(const std::vector<std::size_t>& candidates,
                                        const std::vector<StrategyValuation>& values,
                                        Figure figure) {
-    return *std::min_element(candidates.begin(), candidates.end(), by(values, figure));
+    return *std::min_element(
+        candidates.begin(), candidates.end(), [&](std::size_t left, std::size_t right) {
+            return std::invoke(figure, values[left]) < std::invoke(figure, values[right]);
+        });
 }
 
-/// The candidates that share the highest `figure`, in their given order.
+/// The candidates that share the highest `figure`, in their given order. Each figure is worked out
+/// once and stored, so that like ones are alike where arithmetic has more digits than memory.
 template <typename Figure>
 [[nodiscard]] std::vector<std::size_t> keep_highest(const std::vector<std::size_t>& candidates,
                                                     const std::vector<StrategyValuation>& values,
                                                     Figure figure) {
-    if (candidates.empty()) {
-        return {};
+    std::vector<std::invoke_result_t<Figure, const StrategyValuation&>> figures;
+    figures.reserve(candidates.size());
+    for (const std::size_t candidate : candidates) {
+        figures.push_back(std::invoke(figure, values[candidate]));
     }
-    const std::size_t best =
-        *std::max_element(candidates.begin(), candidates.end(), by(values, figure));
-    const auto highest = std::invoke(figure, values[best]);
-    return keep_if(candidates, values, [&](const StrategyValuation& valuation) {
-        return std::invoke(figure, valuation) == highest;
-    });
+    const auto highest = std::max_element(figures.begin(), figures.end());
+    std::vector<std::size_t> kept;
+    for (std::size_t i = 0; i < candidates.size(); ++i) {
+        if (figures[i] == *highest) {
+            kept.push_back(candidates[i]);
+        }
+    }
+    return kept.empty() ? candidates : kept;
 }
 
 } // namespace textio::detection::picker_rules

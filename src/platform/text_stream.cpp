@@ -1,6 +1,8 @@
 #include "textio/platform/text_stream.hpp"
 
 #include <algorithm>
+#include <cstdint>
+#include <new>
 #include <utility>
 
 namespace zentor::io::text::stream {
@@ -15,16 +17,39 @@ TextStream::TextStream(std::unique_ptr<TextSource> text_source) noexcept
 
 TextStream::~TextStream() = default;
 
+namespace {
+
+using Buffer = std::unique_ptr<char16_t[]>;
+
+Buffer try_to_make_buffer(std::size_t units) noexcept {
+    constexpr std::size_t most_units = PTRDIFF_MAX / sizeof(char16_t);
+    return Buffer(units > most_units ? nullptr : new (std::nothrow) char16_t[units]);
+}
+
+} // namespace
+
+/// The buffer grows by half at least, or a text that comes in many pieces would be moved at each.
+/// That is a wish only: where memory is short, what is needed will do. And it is no room that a
+/// source is asked to fill.
 void TextStream::resizeInternalBuffer(std::size_t units) const {
     if (units > capacity_) {
-        std::unique_ptr<char16_t[]> grown(new char16_t[units]);
+        std::size_t wanted = std::max(units, capacity_ + capacity_ / 2);
+        Buffer grown = try_to_make_buffer(wanted);
+        if (!grown && wanted > units) {
+            wanted = units;
+            grown = try_to_make_buffer(wanted);
+        }
+        if (!grown) {
+            throw std::bad_alloc();
+        }
         std::copy(buffer_begin, data_end, grown.get());
         position = grown.get() + (position - buffer_begin);
         buffer_ = std::move(grown);
         buffer_begin = buffer_.get();
-        capacity_ = units;
+        capacity_ = wanted;
     }
-    data_end = buffer_begin + capacity_;
+    room_ = std::max(room_, units);
+    data_end = buffer_begin + room_;
 }
 
 } // namespace zentor::io::text::stream

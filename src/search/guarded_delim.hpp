@@ -2,6 +2,7 @@
 /// A set of strings with a quick answer for the common case.
 #pragma once
 
+#include "search/long_string.hpp"
 #include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/delimiter_set.hpp"
@@ -9,10 +10,12 @@
 #include <cstddef>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace textio::parser {
 
-/// Asks a set of strings only where the unit in the text does not settle the matter by itself.
+/// Asks a set of strings only where the unit in the text does not settle the matter by itself. For
+/// one text, and for one thread at a time: it keeps what it has found out about long strings.
 class GuardedDelim {
 public:
     explicit GuardedDelim(std::shared_ptr<Delim> delim);
@@ -23,7 +26,7 @@ public:
         if (!first_units_.contains(unit)) {
             return 0;
         }
-        return lone_units_.contains(unit) ? 1 : delim_->match_at(text, position);
+        return lone_units_.contains(unit) ? 1 : match_strings(text, position);
     }
 
     /// The units with which the strings of the set begin.
@@ -40,7 +43,10 @@ public:
     }
 
 private:
+    [[nodiscard]] std::size_t match_strings(const Field& text, std::size_t position) const noexcept;
+
     std::shared_ptr<Delim> delim_;
+    mutable std::vector<LongString> long_strings_; ///< of a set of few, the long ones; they lead it
     UnitSet first_units_;
     UnitSet lone_units_; ///< units that are a string of the set and begin no other
 };

@@ -23,14 +23,12 @@ UnitSet::UnitSet(std::u16string_view units) : units_(units) {
 }
 
 bool are_disjoint(std::initializer_list<std::u16string_view> sets) {
-    std::u16string seen;
+    std::u16string all;
     for (const std::u16string_view set : sets) {
-        if (seen.find_first_of(set) != std::u16string::npos) {
-            return false;
-        }
-        seen += set;
+        all += UnitSet(set).units();
     }
-    return true;
+    std::sort(all.begin(), all.end());
+    return std::adjacent_find(all.begin(), all.end()) == all.end();
 }
 
 UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)

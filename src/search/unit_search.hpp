@@ -8,6 +8,7 @@
 
 #include "textio/field.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -38,8 +39,12 @@ private:
     static constexpr char16_t low_units = 256;
 
     [[nodiscard]] bool contains_high(char16_t unit) const noexcept {
-        return !high_.empty() && unit >= high_.front() && unit <= high_.back() &&
-               high_.find(unit) != std::u16string::npos;
+        constexpr std::size_t few_units = 8;
+        if (high_.empty() || unit < high_.front() || unit > high_.back()) {
+            return false;
+        }
+        return high_.size() <= few_units ? high_.find(unit) != std::u16string::npos
+                                         : std::binary_search(high_.begin(), high_.end(), unit);
     }
 
     std::array<std::uint64_t, low_units / 64> low_{}; ///< one bit for each unit below 256

@@ -1,6 +1,7 @@
 #include "common_delimiters.hpp"
 #include "textio/strategy.hpp"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
@@ -22,11 +23,16 @@ const std::vector<std::u16string>& blank_and_tab() {
 
 /// A character that separates fields is never blank inside one.
 std::u16string without(std::u16string whitespace, const std::vector<std::u16string>& delimiters) {
+    std::u16string units;
     for (const std::u16string& delimiter : delimiters) {
         if (delimiter.size() == 1) {
-            std::erase(whitespace, delimiter.front());
+            units.push_back(delimiter.front());
         }
     }
+    std::sort(units.begin(), units.end());
+    std::erase_if(whitespace, [&units](char16_t unit) {
+        return std::binary_search(units.begin(), units.end(), unit);
+    });
     return whitespace;
 }
 

@@ -11,9 +11,6 @@ namespace {
 
 namespace ascii = textio::ascii;
 
-constexpr std::u16string_view hexadecimal_prefix = u"0X";
-constexpr std::u16string_view binary_prefix = u"0B";
-
 constexpr bool is_imaginary_unit(char16_t unit) {
     return unit == u'i' || unit == u'j';
 }
@@ -109,11 +106,13 @@ bool starts_with_spelled_number(std::u16string_view text) {
 }
 
 bool HexadecimalScanner::matches(const textio::Field& text) const noexcept {
-    return is_prefix_and_digits(text.view(), hexadecimal_prefix, is_hexadecimal_digit);
+    return is_prefix_and_digits(text.view(), typeconversion::HexNumberSystem::Prefix,
+                                is_hexadecimal_digit);
 }
 
 bool BinaryScanner::matches(const textio::Field& text) const noexcept {
-    return is_prefix_and_digits(text.view(), binary_prefix, is_binary_digit);
+    return is_prefix_and_digits(text.view(), typeconversion::BinaryNumberSystem::Prefix,
+                                is_binary_digit);
 }
 
 } // namespace zentor::io::text::typedetection

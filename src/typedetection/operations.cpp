@@ -16,31 +16,23 @@ std::span<char16_t> writable_units_from(MutableField& field, std::size_t positio
     return std::span(field.writable_units(), field.size).subspan(position);
 }
 
-bool contains(std::u16string_view units, char16_t unit) {
-    return units.find(unit) != std::u16string_view::npos;
+void cut_off_ends(MutableField& field, std::u16string_view units) {
+    field.size = field.view().find_last_not_of(units) + 1;
+    field.advance(field.view().find_first_not_of(units));
 }
 
-} // namespace
-
-void trim_whitespace::process(MutableField& field) const {
-    field.size = field.view().find_last_not_of(whitespace) + 1;
-    field.advance(field.view().find_first_not_of(whitespace));
+/// How many times `quote` stands in a row at `position`.
+std::size_t quotes_at(std::u16string_view text, std::size_t position, char16_t quote) {
+    return std::min(text.find_first_not_of(quote, position), text.size()) - position;
 }
 
-void unquote::process(MutableField& field) const {
-    if (!field.view().starts_with(quote)) {
-        return;
-    }
-    field.advance(1);
-    const std::size_t first_quote = field.view().find(quote);
-    if (first_quote == std::u16string_view::npos) {
-        return;
-    }
-    if (first_quote + 1 == field.size) {
-        --field.size;
-        return;
-    }
+/// How many quotes of a run go: the second of each two, and the closing one if it is left over.
+std::size_t quotes_lost(std::size_t run) {
+    return run / 2 + run % 2;
+}
 
+/// Takes the quotes out of a text in whose middle they stand, the first at `first_quote`.
+void take_quotes_out(MutableField& field, std::size_t first_quote, char16_t quote) {
     const std::span<char16_t> units = writable_units_from(field, first_quote);
     auto unread = units.begin();
     auto kept_end = units.begin();
@@ -55,6 +47,38 @@ void unquote::process(MutableField& field) const {
         unread = next_quote;
     }
     field.size -= static_cast<std::size_t>(units.end() - kept_end);
+}
+
+bool contains(std::u16string_view units, char16_t unit) {
+    return units.find(unit) != std::u16string_view::npos;
+}
+
+} // namespace
+
+void trim_whitespace::process(MutableField& field) const {
+    cut_off_ends(field, whitespace);
+}
+
+void unquote::process(MutableField& field) const {
+    if (!field.view().starts_with(quote)) {
+        return;
+    }
+    field.advance(1);
+    // Quotes in a row are alike, so those that go at either end of the text are cut off there.
+    const std::size_t at_front = quotes_at(field.view(), 0, quote);
+    field.advance(quotes_lost(at_front));
+    const bool is_closed = at_front % 2 != 0;
+    const std::size_t first_quote =
+        is_closed ? std::u16string_view::npos : field.view().find(quote, at_front / 2);
+    if (first_quote == std::u16string_view::npos) {
+        return;
+    }
+    const std::size_t run = quotes_at(field.view(), first_quote, quote);
+    if (first_quote + run == field.size) {
+        field.size -= quotes_lost(run);
+    } else {
+        take_quotes_out(field, first_quote, quote);
+    }
 }
 
 void treat_as_missing::process(MutableField& field) const {
@@ -75,6 +99,7 @@ void replace_characters::process(MutableField& field) const {
 }
 
 void remove_characters::process(MutableField& field) const {
+    cut_off_ends(field, removed);
     const std::size_t first = field.view().find_first_of(removed);
     if (first == std::u16string_view::npos) {
         return;

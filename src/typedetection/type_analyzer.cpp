@@ -5,6 +5,7 @@
 #include "typedetection/number_scanner.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <string_view>
 
 namespace zentor::io::text::typedetection {
@@ -45,7 +46,9 @@ TypeAnalyzer<false>::TypeAnalyzer(const TypeAnalyzerOptions& options)
       do_treat_as_missing_(!options.treat_as_missing.empty()),
       do_swap_decimal_(options.decimal_separator != decimal_point),
       do_remove_thousands_(options.thousands_separator != 0),
-      datetime_context_(options.datetime_context), number_exponents_(options.exponent_characters) {}
+      datetime_context_(options.datetime_context), number_exponents_(options.exponent_characters) {
+    std::sort(missing_filter_.texts.begin(), missing_filter_.texts.end());
+}
 
 FieldClass TypeAnalyzer<false>::classify(const textio::Field& field) const {
     textio::MutableField text(field);
@@ -71,9 +74,15 @@ void TypeAnalyzer<false>::prepare(textio::MutableField& field) const {
     if (do_trim_whitespace_ && lost_quotes) {
         whitespace_trimmer_.process(field);
     }
-    if (do_treat_as_missing_) {
-        missing_filter_.process(field);
+    if (do_treat_as_missing_ && is_missing(field.view())) {
+        field.size = 0;
     }
+}
+
+/// What the filter finds, without a look at each of its texts: there can be many.
+bool TypeAnalyzer<false>::is_missing(std::u16string_view text) const {
+    const auto& texts = missing_filter_.texts;
+    return std::binary_search(texts.begin(), texts.end(), text, std::less<>());
 }
 
 std::optional<FieldClass> TypeAnalyzer<false>::class_with_digits(const textio::Field& text) const {

@@ -61,6 +61,10 @@ TEST(FixedStream, GivesAllOrWholeLines) {
         {"no ending", std::u16string(limit + 1, u'a'), usual, 0},
         {"pair across the limit", long_text(limit + 9, {{9, u'\r'}, {10, u'\n'}, {limit - 1, u'\r'}, {limit, u'\n'}}), pairs, 10},
         {"pair and its second unit", long_text(limit + 9, {{9, u'\r'}, {10, u'\n'}}), usual, 11},
+        {"long endings",
+         long_text(limit + 99, {{limit - 64, u'b'}, {limit - 1, u'b'}}),
+         {std::u16string(70, u'a') + u'b'},
+         limit - 134 + 1},
         {"end of text where it is looked for", long_text(3000, {{2048, u'\uFFFF'}, {1500, u'\uFFFF'}}), usual, 2048},
     };
     for (const auto& [name, text, line_endings, size] : cases) {

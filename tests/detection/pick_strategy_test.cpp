@@ -233,6 +233,30 @@ TEST(Candidates, FixedWidthsStartBehindTheHeader) {
     EXPECT_EQ(widths(), Widths{1}) << "nothing stands behind the last line";
 }
 
+/// A sanitizer sees what is read behind the text.
+TEST(Candidates, AreReadFromTheTextOfTheBuilderAlone) {
+    const std::u16string units = u"  12  north    7\n 345  south   89\n   6  west   123\n";
+    const auto exact = std::make_unique<char16_t[]>(units.size());
+    std::copy(units.begin(), units.end(), exact.get());
+    const Field text(exact.get(), units.size());
+    const Field wrong(exact.get(), units.size() + 4096);
+    const parser::options options{.layout_hint = parser::layout::fixed_width};
+    output::DetectionOutputBuilder builder;
+    builder.text = &text;
+    builder.sample_lines = SIZE_MAX;
+    const auto lines = std::make_shared<LineReaderStrategy>(options, Types());
+    parser::read_sample(builder, lines, true);
+    const auto& sample = *lines->field_array();
+    auto candidates = detection::get_candidate_strategies(sample, wrong, options, Types(), builder);
+    const auto aligned = std::make_shared<SpaceAlignedStrategy>(options, Types());
+    parser::read_sample(builder, aligned, true);
+    detection::add_possible_fixed_strategy(aligned, wrong, sample, candidates, options, Types(), builder);
+    ASSERT_EQ(candidates.size(), 2U);
+    for (const auto& candidate : candidates) {
+        EXPECT_EQ(candidate->options().field_widths, (Widths{4, 7, 5}));
+    }
+}
+
 TEST(Candidates, FixedWidthsMustExplainMoreWithNoMoreVariables) {
     const auto is_better = [](std::size_t variables, double variation) {
         textio::StrategyValuation fixed;

@@ -15,6 +15,8 @@ constexpr std::size_t never = SIZE_MAX;
 std::size_t allocations_until_failure = never;
 std::size_t largest_block = never; ///< what is larger cannot be had
 std::size_t blocks_in_use = 0;
+std::size_t blocks_made = 0;
+std::size_t bytes_made = 0;
 
 } // namespace
 
@@ -32,6 +34,8 @@ std::size_t blocks_in_use = 0;
         throw std::bad_alloc();
     }
     ++blocks_in_use;
+    ++blocks_made;
+    bytes_made += size;
     return block;
 }
 
@@ -194,6 +198,87 @@ TEST(Memory, AReadTakesLittleMoreThanItHolds) {
     }
 }
 
+using textio::DelimitedStrategy;
+
+/// A sample of a text with a title, empty lines, and a column that is empty at the end.
+std::unique_ptr<textio::FieldArray> sample_of(const std::u16string& text) {
+    auto sample = std::make_unique<textio::FieldArray>();
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        if (text[at] == u',' || text[at] == u'\n') {
+            sample->fields.emplace_back(text.data() + begin, at - begin);
+            begin = at + 1;
+        }
+        if (text[at] == u'\n') {
+            sample->line_ends.push_back(sample->fields.size());
+        }
+    }
+    sample->add_empty_line();
+    return sample;
+}
+
+std::string figures(DelimitedStrategy& strategy) {
+    const textio::StrategyValuation& v = strategy.valuation();
+    std::string out = test::shown(strategy) + ", " + std::to_string(v.data_variation);
+    for (const std::size_t figure :
+         {v.num_lines, std::size_t{v.classified_variables}, std::size_t{v.numeric_variables}, v.header_lines}) {
+        out += " " + std::to_string(figure);
+    }
+    return out;
+}
+
+TEST(Memory, RunningOutOfItLeavesAStrategyUnvalued) {
+    // The long number has to be copied to take its separators out.
+    const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator = u'2'};
+    const std::u16string first = u"title\nx,y\n1,a\n3," + std::u16string(20, u'1') + u'2' + std::u16string(20, u'1') + u"\n4,\n";
+    const std::u16string second = u"x,y,z\n5,6,7\n1\n8,,\n9,,\n";
+    const std::pair<const char*, void (*)(DelimitedStrategy&, const std::u16string&)> changes[] = {
+        {"none", [](DelimitedStrategy&, const std::u16string&) {}},
+        {"another sample",
+         [](DelimitedStrategy& strategy, const std::u16string& text) { strategy.field_array(sample_of(text)); }},
+        {"a fixed header", [](DelimitedStrategy& strategy, const std::u16string&) { strategy.header_lines(1); }},
+    };
+    for (const auto& [name, change] : changes) {
+        DelimitedStrategy untroubled({}, types, u',');
+        untroubled.field_array(sample_of(first));
+        change(untroubled, second);
+        const std::string expected = figures(untroubled);
+        std::size_t failures = 0;
+        Outcome outcome = Outcome::out_of_memory;
+        for (std::size_t number = 0; outcome == Outcome::out_of_memory; ++number) {
+            DelimitedStrategy strategy({}, types, u',');
+            strategy.field_array(sample_of(first));
+            outcome = with_failing_allocation(number, [&] { strategy.valuation(); });
+            if (outcome == Outcome::out_of_memory) {
+                ++failures;
+                EXPECT_EQ(strategy.header_lines(), SIZE_MAX) << name << number;
+                EXPECT_EQ(strategy.valuation_record().num_variables, 1U) << name << number;
+                change(strategy, second);
+                EXPECT_EQ(figures(strategy), expected) << name << number;
+            }
+        }
+        EXPECT_GE(failures, 4U) << name;
+    }
+}
+
+TEST(Memory, ColumnsTakeAByteEachToInspect) {
+    constexpr std::size_t columns = 1000;
+    DelimitedStrategy strategy({}, {}, u',');
+    std::u16string line;
+    for (std::size_t column = 0; column < columns; ++column) {
+        line += column + 1 < columns ? u"1," : u"1\n";
+    }
+    const std::u16string text = line + line;
+    strategy.field_array(sample_of(text));
+    ASSERT_EQ(strategy.valuation().numeric_variables, columns);
+    const std::size_t blocks = blocks_made;
+    const std::size_t bytes = bytes_made;
+    strategy.inspect_datatypes();
+    EXPECT_EQ(blocks_made - blocks, 1U);
+    EXPECT_EQ(bytes_made - bytes, columns);
+    EXPECT_EQ(strategy.valuation().numeric_variables, 2 * columns);
+}
+
 class Letters : public zentor::io::text::stream::TextSource {
     std::size_t read(char16_t* begin, char16_t* /*end*/) override {
         std::fill_n(begin, 5, u'x');
@@ -207,6 +292,28 @@ TEST(Memory, RunningOutLeavesAStreamAsItWas) {
     const auto view_size = [&stream] { return textio::get_fixed_stream(stream, {}).size; };
     EXPECT_EQ(with_failing_allocation(0, view_size), Outcome::out_of_memory);
     EXPECT_EQ(view_size(), 5U);
+}
+
+TEST(Memory, AStreamThatGrowsIsSeldomMoved) {
+    constexpr std::size_t step = 100;
+    constexpr std::size_t steps = 1000;
+    Letters letters;
+    const zentor::io::text::stream::TextStream stream(letters);
+    const std::size_t before = bytes_made;
+    for (std::size_t count = 1; count <= steps; ++count) {
+        stream.resizeInternalBuffer(count * step);
+        ASSERT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(count * step));
+        stream.data_end[-1] = static_cast<char16_t>(count);
+    }
+    EXPECT_LT(bytes_made - before, 5 * steps * step * sizeof(char16_t));
+    const std::size_t room = steps * step;
+    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room); }), Outcome::out_of_memory);
+    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room + 1); }), Outcome::out_of_memory);
+    stream.resizeInternalBuffer(2 * room);
+    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room + 1); }), Outcome::done_without);
+    EXPECT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(2 * room + 1));
+    EXPECT_EQ(stream.buffer_begin[room - 1], steps) << "what was held is held";
+    EXPECT_THROW(stream.resizeInternalBuffer(SIZE_MAX), std::bad_alloc);
 }
 
 } // namespace

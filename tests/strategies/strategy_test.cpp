@@ -143,6 +143,53 @@ TEST(Valuation, TakesEachWay) {
     }
 }
 
+/// The letters of the classes: one for each column.
+std::string classes_of(const GenericStrategy& strategy) {
+    std::string out;
+    for (const auto column : strategy.column_classes()) {
+        out += "?nt@?.?d:xb;,"[static_cast<std::size_t>(column)];
+    }
+    return out;
+}
+
+TEST(ColumnClasses, AreThoseThatTheValuationCounts) {
+    struct Case {
+        const char* name;
+        std::u16string text;
+        std::size_t header_lines;
+        std::string expected;
+    };
+    const std::vector<Case> cases{
+        {"no lines", u"", SIZE_MAX, "."},
+        {"every class", u"a,b,c,d,e,f,g,h,i\n1,x,2020-01-31 12:00,,2020-01-31,1:2:3,0x1F,0b1,\n,,,,,,,,;\n", SIZE_MAX,
+         "nt@.d:xb,"},
+        {"the first data line says nothing", u"t\na,b\n1,2\nx,y\n1,\n", SIZE_MAX, "nt"},
+        {"one data line", u"1,2\n", SIZE_MAX, ".."},
+        {"one field each", u"a\n1\n\n", SIZE_MAX, "n"},
+        {"short and long lines", u"1,2\n1,2\n1:2\n3,x,4\n", SIZE_MAX, "ntn"},
+        {"a long last line", u"1,2\n1,2\n1,2\n1,2\n1,2\n1:2\nx,,,,,12:30\n", SIZE_MAX, "tn...;"},
+        {"columns end at the header", u"1,2,3,4\n1,2\n1,b\n", 1, "nt"},
+    };
+    for (const Case& c : cases) {
+        const parser::options options{.header_lines = c.header_lines, .detect_header_lines = c.header_lines == SIZE_MAX};
+        const auto strategy = std::make_shared<DelimitedStrategy>(options, Types(), u',');
+        EXPECT_EQ(classes_of(*strategy), "") << c.name << ", without a sample";
+        const Field text(c.text);
+        output::DetectionOutputBuilder builder;
+        builder.text = &text;
+        builder.sample_lines = 99;
+        parser::read_sample(builder, strategy, false);
+        const std::string array = test::shown(*strategy->field_array());
+        EXPECT_EQ(classes_of(*strategy), c.expected) << c.name << ", not valued";
+        EXPECT_EQ(strategy->num_variables(), SIZE_MAX) << c.name;
+        EXPECT_EQ(strategy->header_lines(), c.header_lines) << c.name;
+        EXPECT_EQ(test::shown(*strategy->field_array()), array) << c.name;
+        const StrategyValuation before = strategy->valuation();
+        EXPECT_EQ(classes_of(*strategy), c.expected) << c.name << ", valued";
+        EXPECT_EQ(strategy->valuation().classified_variables, before.classified_variables) << c.name;
+    }
+}
+
 TEST(Valuation, HappensOnce) {
     DelimitedStrategy strategy(parser::options(), Types(), u',');
     strategy.reset_whitespace(u"_");

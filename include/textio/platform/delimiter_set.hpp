@@ -9,6 +9,7 @@
 #include <memory>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace textio {
@@ -29,12 +30,20 @@ struct TEXTIO_EXPORT Delim {
     std::vector<std::u16string> strings;   ///< the strings, in the set's own order
     std::u16string only_string;            ///< with `single`: the one string
     bool single = false;                   ///< the set is one string of one code unit
-    std::span<const char16_t> first_units; ///< first units of the strings, ascending, each once
+    std::span<const char16_t> first_units; ///< first units, ascending, each once; null of no string
     std::u16string first_unit_storage;     ///< what `first_units` views
 
 private:
+    friend TEXTIO_EXPORT std::shared_ptr<Delim>
+    get_or_create_delim(const std::vector<std::u16string>& strings);
+
     [[nodiscard]] std::size_t match_any(const Field& text, std::size_t position,
                                         char16_t unit) const noexcept;
+    [[nodiscard]] TEXTIO_NO_EXPORT std::size_t match_many(std::u16string_view rest) const noexcept;
+    TEXTIO_NO_EXPORT void sort_strings();
+
+    std::vector<std::size_t> ascending_;  ///< of a set of many, the indexes of the strings, sorted
+    std::vector<std::size_t> beginnings_; ///< for each, where the longest other it begins with is
 };
 
 /// A set of the strings of `strings`, never an empty pointer. Empty strings are dropped and

@@ -1,0 +1,63 @@
+#include "search/long_string.hpp"
+
+#include "address.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace textio::parser {
+
+namespace {
+
+/// How many units from `from` on are alike in both.
+std::size_t common_end(const char16_t* a, const char16_t* b, std::size_t from, std::size_t limit) {
+    return static_cast<std::size_t>(std::mismatch(a + from, a + limit, b + from).first - a);
+}
+
+/// For each unit of the string, how many from it on are those with which the string begins. The
+/// part that was compared furthest on repeats the beginning, so what holds there holds here.
+std::vector<std::size_t> repeats_of(const std::u16string& units) {
+    std::vector<std::size_t> repeats(units.size(), units.size());
+    std::size_t begin = 0;
+    std::size_t end = 0;
+    for (std::size_t at = 1; at < units.size(); ++at) {
+        std::size_t known = at < end ? std::min(repeats[at - begin], end - at) : 0;
+        if (at + known >= end) {
+            known = common_end(units.data(), units.data() + at, known, units.size() - at);
+            begin = at;
+            end = at + known;
+        }
+        repeats[at] = known;
+    }
+    return repeats;
+}
+
+} // namespace
+
+LongString::LongString(std::u16string units) : units_(std::move(units)) {
+    if (units_.size() >= least_units) {
+        repeats_ = repeats_of(units_);
+    }
+}
+
+bool LongString::stands_at(const char16_t* at, const char16_t* end) noexcept {
+    if (static_cast<std::size_t>(end - at) < units_.size()) {
+        return false;
+    }
+    if (repeats_.empty()) {
+        return std::equal(units_.begin(), units_.end(), at);
+    }
+    std::size_t known = 0;
+    if (address_of(begin_) <= address_of(at) && address_of(at) < address_of(end_)) {
+        known = static_cast<std::size_t>(end_ - at);
+        if (repeats_[static_cast<std::size_t>(at - begin_)] != known) {
+            return false; // the text leaves the string before or where it left it the last time
+        }
+    }
+    const std::size_t common = common_end(units_.data(), at, known, units_.size());
+    begin_ = at;
+    end_ = at + common;
+    return common == units_.size();
+}
+
+} // namespace textio::parser

@@ -1,0 +1,33 @@
+/// \file
+/// A string that may be as long as the text that is searched for it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+namespace textio::parser {
+
+/// Tells where a string stands in one text. Asked from left to right, it costs as much as the
+/// string and the text are long, however alike they are: what an earlier comparison has found out
+/// about the text is not looked at again.
+class LongString {
+public:
+    /// A shorter string is compared anew each time, which costs little.
+    static constexpr std::size_t least_units = 64;
+
+    explicit LongString(std::u16string units);
+
+    [[nodiscard]] std::size_t size() const noexcept { return units_.size(); }
+
+    /// Whether the string stands at `at`, in front of `end`.
+    [[nodiscard]] bool stands_at(const char16_t* at, const char16_t* end) noexcept;
+
+private:
+    std::u16string units_;
+    std::vector<std::size_t> repeats_; ///< how many units from each on are those of the beginning
+    const char16_t* begin_ = nullptr;  ///< from here ...
+    const char16_t* end_ = nullptr; ///< ... to here, the text is like the beginning of the string
+};
+
+} // namespace textio::parser
