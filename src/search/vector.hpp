@@ -11,12 +11,11 @@
 
 #if defined(__SSE2__) && !defined(TEXTIO_PLAIN_VECTORS)
 #include <emmintrin.h>
-#define TEXTIO_HAS_SSE2 1
 #endif
 
 namespace textio::vector {
 
-#if defined(TEXTIO_HAS_SSE2)
+#if defined(__SSE2__) && !defined(TEXTIO_PLAIN_VECTORS)
 
 /// Eight code units.
 class Units {
