@@ -79,13 +79,14 @@ std::size_t Delim::match_many(std::u16string_view rest) const noexcept {
 
 std::size_t Delim::match_any(const Field& text, std::size_t position,
                              char16_t unit) const noexcept {
-    if (!std::binary_search(first_units.begin(), first_units.end(), unit)) {
-        return 0;
-    }
     const std::u16string_view rest =
         text.view().substr(position < text.size ? position : text.size);
     if (!ascending_.empty()) {
-        return match_many(rest);
+        return std::binary_search(first_units.begin(), first_units.end(), unit) ? match_many(rest)
+                                                                                : 0;
+    }
+    if (std::find(first_units.begin(), first_units.end(), unit) == first_units.end()) {
+        return 0;
     }
     for (const std::u16string& string : strings) {
         if (rest.starts_with(string)) {

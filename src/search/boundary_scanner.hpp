@@ -2,7 +2,7 @@
 /// The search for the end of a field or a line.
 #pragma once
 
-#include "search/guarded_delim.hpp"
+#include "search/long_string.hpp"
 #include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/delimiter_set.hpp"
@@ -34,8 +34,8 @@ struct BoundaryScanner {
 
     std::shared_ptr<Delim> ends;     ///< a match is reported with its length
     std::shared_ptr<Delim> barriers; ///< a match ends the search and is not reported
-    GuardedDelim guarded_ends;       ///< `ends`, as the search asks it
-    GuardedDelim guarded_barriers;   ///< `barriers`
+    SetInText ends_in_text;          ///< `ends`, as the search asks it
+    SetInText barriers_in_text;      ///< `barriers`
     std::u16string stop_units;       ///< first units of both sets, ascending, each once
     UnitSearch search;               ///< finds the stop units
 };

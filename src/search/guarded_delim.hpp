@@ -10,15 +10,14 @@
 #include <cstddef>
 #include <memory>
 #include <string>
-#include <vector>
 
 namespace textio::parser {
 
 /// Asks a set of strings only where the unit in the text does not settle the matter by itself. For
-/// one text, and for one thread at a time: it keeps what it has found out about long strings.
+/// one text, and for one thread at a time.
 class GuardedDelim {
 public:
-    explicit GuardedDelim(std::shared_ptr<Delim> delim);
+    explicit GuardedDelim(const std::shared_ptr<Delim>& delim);
 
     /// As `Delim::match_at`.
     [[nodiscard]] std::size_t match_at(const Field& text, std::size_t position) const noexcept {
@@ -26,7 +25,7 @@ public:
         if (!first_units_.contains(unit)) {
             return 0;
         }
-        return lone_units_.contains(unit) ? 1 : match_strings(text, position);
+        return lone_units_.contains(unit) ? 1 : strings_.match_at(text, position);
     }
 
     /// The units with which the strings of the set begin.
@@ -43,10 +42,7 @@ public:
     }
 
 private:
-    [[nodiscard]] std::size_t match_strings(const Field& text, std::size_t position) const noexcept;
-
-    std::shared_ptr<Delim> delim_;
-    mutable std::vector<LongString> long_strings_; ///< of a set of few, the long ones; they lead it
+    SetInText strings_;
     UnitSet first_units_;
     UnitSet lone_units_; ///< units that are a string of the set and begin no other
 };

@@ -3,6 +3,7 @@
 #include "address.hpp"
 
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 namespace textio::parser {
@@ -32,6 +33,19 @@ std::vector<std::size_t> repeats_of(const std::u16string& units) {
     return repeats;
 }
 
+/// The long strings of the set. Of many strings, none: those are looked up in their order, and not
+/// compared one after the other.
+std::vector<LongString> long_strings_of(const Delim& delim) {
+    constexpr std::size_t few_strings = 8;
+    std::vector<LongString> found;
+    for (const std::u16string& string : delim.strings) {
+        if (string.size() >= LongString::least_units && delim.strings.size() <= few_strings) {
+            found.emplace_back(string);
+        }
+    }
+    return found;
+}
+
 } // namespace
 
 LongString::LongString(std::u16string units) : units_(std::move(units)) {
@@ -58,6 +72,23 @@ bool LongString::stands_at(const char16_t* at, const char16_t* end) noexcept {
     begin_ = at;
     end_ = at + common;
     return common == units_.size();
+}
+
+SetInText::SetInText(std::shared_ptr<Delim> set)
+    : set_(std::move(set)), long_strings_(long_strings_of(*set_)) {}
+
+std::size_t SetInText::match_any(const Field& text, std::size_t position) const noexcept {
+    const std::u16string_view rest = text.view().substr(std::min(position, text.size));
+    for (LongString& string : long_strings_) {
+        if (string.stands_at(rest.data(), rest.data() + rest.size())) {
+            return string.size();
+        }
+    }
+    const auto others = set_->strings.begin() + static_cast<std::ptrdiff_t>(long_strings_.size());
+    const auto found =
+        std::find_if(others, set_->strings.end(),
+                     [rest](const std::u16string& string) { return rest.starts_with(string); });
+    return found == set_->strings.end() ? 0 : found->size();
 }
 
 } // namespace textio::parser

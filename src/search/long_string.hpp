@@ -1,8 +1,12 @@
 /// \file
-/// A string that may be as long as the text that is searched for it.
+/// Strings that may be as long as the text that is searched for them.
 #pragma once
 
+#include "textio/field.hpp"
+#include "textio/platform/delimiter_set.hpp"
+
 #include <cstddef>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -28,6 +32,23 @@ private:
     std::vector<std::size_t> repeats_; ///< how many units from each on are those of the beginning
     const char16_t* begin_ = nullptr;  ///< from here ...
     const char16_t* end_ = nullptr; ///< ... to here, the text is like the beginning of the string
+};
+
+/// A set of strings as one text is asked for it, by one thread at a time.
+class SetInText {
+public:
+    explicit SetInText(std::shared_ptr<Delim> set);
+
+    /// As `Delim::match_at`.
+    [[nodiscard]] std::size_t match_at(const Field& text, std::size_t position) const noexcept {
+        return long_strings_.empty() ? set_->match_at(text, position) : match_any(text, position);
+    }
+
+private:
+    [[nodiscard]] std::size_t match_any(const Field& text, std::size_t position) const noexcept;
+
+    std::shared_ptr<Delim> set_;
+    mutable std::vector<LongString> long_strings_; ///< of a set of few, the long ones; they lead it
 };
 
 } // namespace textio::parser

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <bit>
+#include <utility>
+#include <vector>
 
 namespace textio::parser {
 
@@ -23,12 +25,18 @@ UnitSet::UnitSet(std::u16string_view units) : units_(units) {
 }
 
 bool are_disjoint(std::initializer_list<std::u16string_view> sets) {
-    std::u16string all;
+    std::vector<std::pair<char16_t, std::size_t>> units; // each with the number of its set
+    std::size_t number = 0;
     for (const std::u16string_view set : sets) {
-        all += UnitSet(set).units();
+        for (const char16_t unit : set) {
+            units.emplace_back(unit, number);
+        }
+        ++number;
     }
-    std::sort(all.begin(), all.end());
-    return std::adjacent_find(all.begin(), all.end()) == all.end();
+    std::sort(units.begin(), units.end());
+    return std::adjacent_find(units.begin(), units.end(), [](const auto& left, const auto& right) {
+               return left.first == right.first && left.second != right.second;
+           }) == units.end();
 }
 
 UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)

@@ -1,6 +1,7 @@
 #include "strategies/column_classes.hpp"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <span>
 
@@ -37,30 +38,48 @@ void count_column(FieldClass column, StrategyValuation& record) {
     ++record.classified_variables;
 }
 
-/// The first of the columns from `from` on without a class, or their number.
-std::size_t next_open(std::span<const FieldClass> classes, std::size_t from) {
-    static_assert(sizeof(FieldClass) == 1, "columns are looked at as bytes, many at once");
-    const auto rest = classes.subspan(from);
-    const void* const open =
-        rest.empty() ? nullptr
-                     : std::memchr(rest.data(), static_cast<int>(FieldClass::unknown), rest.size());
-    return open == nullptr
-               ? classes.size()
-               : static_cast<std::size_t>(static_cast<const FieldClass*>(open) - classes.data());
+constexpr std::size_t group = sizeof(std::uint64_t);
+
+/// Whether each of the `group` columns from `columns` on has a class. All are looked at at once.
+bool are_closed(const FieldClass* columns) {
+    constexpr std::uint64_t each = 0x0101010101010101;
+    constexpr std::uint64_t low_bits = each * 0x7F;
+    static_assert(sizeof(FieldClass) == 1);
+    std::uint64_t bytes = 0;
+    std::memcpy(&bytes, columns, group);
+    bytes ^= each * static_cast<std::uint64_t>(FieldClass::unknown);
+    // Each byte that is not 0 gets its highest bit set.
+    return (((bytes & low_bits) + low_bits) | bytes | low_bits) == ~std::uint64_t{0};
 }
 
-/// Gives each column without a class, from `first_open` on, that of its field on this line, if the
-/// field says anything. Columns that the line does not have are not looked at.
-void classify_columns(const TypeAnalyzer<false>& analyzer, std::span<const Field> line,
-                      std::span<FieldClass> classes, std::size_t first_open) {
-    const auto columns = classes.first(std::min(classes.size(), line.size()));
-    std::size_t column = next_open(columns, std::min(first_open, columns.size()));
-    while (column < columns.size()) {
-        if (line[column].size != 0) {
-            columns[column] = analyzer.classify(line[column]);
+/// Gives each of `columns` without a class that of its field, if the field says anything.
+void classify_some(const TypeAnalyzer<false>& analyzer, const Field* fields,
+                   std::span<FieldClass> columns) {
+    for (FieldClass& column : columns) {
+        if (column == FieldClass::unknown && fields->size != 0) {
+            column = analyzer.classify(*fields);
         }
-        column = next_open(columns, column + 1);
+        ++fields;
     }
+}
+
+/// The same for a line with as many fields as there are columns. In most lines of a wide table most
+/// columns have their class.
+void classify_line(const TypeAnalyzer<false>& analyzer, const Field* fields,
+                   std::span<FieldClass> columns) {
+    for (; columns.size() > group; columns = columns.subspan(group), fields += group) {
+        if (!are_closed(columns.data())) {
+            classify_some(analyzer, fields, columns.first(group));
+        }
+    }
+    classify_some(analyzer, fields, columns);
+}
+
+std::size_t skip_closed(std::span<const FieldClass> classes, std::size_t from) {
+    while (from < classes.size() && classes[from] != FieldClass::unknown) {
+        ++from;
+    }
+    return from;
 }
 
 } // namespace
@@ -77,8 +96,12 @@ std::vector<FieldClass> find_column_classes(const FieldArray& sample,
          --line) {
         const std::span<const Field> fields = sample.line(line - 1);
         if (!fields.empty() && static_cast<std::int32_t>(fields.size()) >= record.median_fields) {
-            classify_columns(analyzer, fields, classes, first_open);
-            first_open = next_open(classes, first_open);
+            const std::size_t end = std::min(classes.size(), fields.size());
+            if (first_open < end) {
+                classify_line(analyzer, &fields[first_open],
+                              std::span(classes).subspan(first_open, end - first_open));
+                first_open = skip_closed(classes, first_open);
+            }
         }
     }
     return classes;
