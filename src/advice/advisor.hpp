@@ -37,6 +37,8 @@ private:
     void find_columns_at_positions();
     void grade_best_positions(std::vector<Reading> begun);
     void add_line_reading();
+    void add_told_reading();
+    void lengthen_raw_lines();
 
     void add_delimited(const Separator& separator, char16_t quote);
     void add_blank_separated(char16_t quote, double prior);
