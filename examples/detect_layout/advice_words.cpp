@@ -1,6 +1,7 @@
 #include "advice_words.hpp"
 
 #include "advised.hpp"
+#include "detection.hpp"
 #include "layout_names.hpp"
 
 #include <fmt/format.h>
@@ -85,9 +86,22 @@ std::string_view class_phrase(FieldClass type) {
     }
 }
 
-/// All are 100 %, and nothing else is.
-std::string share_of_rows(const Proposal& proposal) {
-    return fmt::format("{} % of rows", 100 * proposal.regular_rows / proposal.rows);
+/// How many rows are as the proposal has them, rounded down: nothing but all of them is 100 %.
+std::string rows_phrase(const Proposal& proposal) {
+    const auto share = [](std::size_t part, std::size_t all) {
+        return fmt::format("{} % of rows", all == 0 ? 0 : 100 * part / all);
+    };
+    if (proposal.strategy->mode() == StrategyMode::fixed_width) {
+        return share(proposal.regular_rows, proposal.rows) + " keep to the columns";
+    }
+    const auto& sample = *proposal.strategy->field_array();
+    const auto rows = filled_lines(sample, 0);
+    const auto columns = proposal.columns.size();
+    const auto regular = std::count_if(rows.begin(), rows.end(), [&](std::size_t row) {
+        return sample.line(row).size() == columns;
+    });
+    return share(static_cast<std::size_t>(regular), rows.size()) + " have " +
+           counted(columns, "field");
 }
 
 /// `5 of 6 columns hold numbers, 1 text`.
@@ -185,15 +199,7 @@ std::string evidence_phrase(const Proposal& proposal) {
     if (proposal.strategy->mode() == StrategyMode::line_reader) {
         return "each line is one field";
     }
-    std::vector<std::string> parts;
-    if (proposal.rows > 0) {
-        parts.push_back(share_of_rows(proposal) +
-                        (proposal.strategy->mode() == StrategyMode::fixed_width
-                             ? " keep to the columns"
-                             : " have " + counted(proposal.columns.size(), "field")));
-    }
-    parts.push_back(columns_by_kind(proposal.columns));
-    return fmt::format("{}", fmt::join(parts, ", "));
+    return fmt::format("{}, {}", rows_phrase(proposal), columns_by_kind(proposal.columns));
 }
 
 std::string doubts_phrase(const Proposal& proposal) {
