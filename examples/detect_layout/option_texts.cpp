@@ -82,7 +82,7 @@ std::string layout_asked_for(const OptionTexts& texts) {
     const std::string implied = !texts.widths.empty() ? "fixed"
                                 : texts.delimiter     ? "delimited"
                                                       : "open";
-    const std::string layout = texts.layout.value_or(implied);
+    std::string layout = texts.layout.value_or(implied);
     if (implied != "open" && layout != implied) {
         throw UserError(fmt::format("{} does not go with --layout {}",
                                     texts.delimiter ? "--delimiter" : "--widths", layout));

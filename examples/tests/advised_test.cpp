@@ -44,10 +44,10 @@ TEST(Advised, never_doubts_what_the_user_says) {
              {"--layout fixed spectrum.txt", "kind", "fixed_width"},
              {"--layout no-fixed gate_log.txt", "kind", "space_aligned"},
              {"--layout no-fixed gate_log.txt", "is_table", true},
-             {"--layout no-fixed pool_tickets.csv", "delimiters", {","}},
+             {"--layout no-fixed pool_tickets.csv", "delimiters", Json::array({","})},
              {"--layout no-fixed letter.txt", "is_table", false},
-             {"--delimiter , stock.txt", "delimiters", {","}},
-             {"--delimiter '|4' stock.txt", "delimiters", {"|4"}},
+             {"--delimiter , stock.txt", "delimiters", Json::array({","})},
+             {"--delimiter '|4' stock.txt", "delimiters", Json::array({"|4"})},
              {"--delimiter '\\t' stock.txt", "num_variables", 1},
              {"--widths 5,1,30 stock.txt", "kind", "fixed_width"},
              {"--widths 5,1,30 stock.txt", "num_variables", 3},
@@ -105,7 +105,7 @@ TEST(Advised, is_all_in_the_json) {
     const Json two = answer_to("--explain gate_log.txt");
     ASSERT_GE(two["proposals"].size(), 2U);
     EXPECT_EQ(two["proposals"][0]["kind"], two["kind"]);
-    EXPECT_EQ(two["proposals"][1]["delimiters"], Json({":"}));
+    EXPECT_EQ(two["proposals"][1]["delimiters"], Json::array({":"}));
     for (const Json& proposal : two["proposals"]) {
         double product = 1;
         for (const auto& [name, value] : proposal["terms"].items()) {
