@@ -1,8 +1,7 @@
 #include "command_line.hpp"
 
-#include "character_set.hpp"
+#include "option_texts.hpp"
 #include "textio/version.hpp"
-#include "unicode.hpp"
 #include "user_error.hpp"
 
 #include <CLI/CLI.hpp>
@@ -10,9 +9,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <optional>
 #include <sstream>
-#include <string_view>
 #include <system_error>
 
 namespace detect_layout {
@@ -27,26 +24,9 @@ constexpr auto examples = R"(Examples:
   detect_layout --recursive measurements/     one line for each file
   detect_layout --decimal , --thousands . umsatz.csv
   detect_layout --comment '/*' --comment-end '*/' listing.txt
-  detect_layout --layout fixed --widths 10,8,6 export.txt
+  detect_layout --widths 10,8,6 export.txt
 
-A character C is one character or one of \t \n \r \0 \\. Exit status: 0, or 2 after an error.)";
-
-/// Options whose texts need a second look once all of them are known. Absent ones are null.
-struct Texts {
-    std::optional<std::string> quote;
-    std::optional<std::string> decimal;
-    std::optional<std::string> thousands;
-    std::optional<std::string> whitespace;
-    std::optional<std::string> excluded_delimiter;
-    std::optional<std::string> layout;
-    std::optional<std::string> encoding;
-    std::optional<std::size_t> header_lines;
-    std::optional<std::size_t> expected_variables;
-    std::optional<std::string> comment;
-    std::optional<std::string> comment_end;
-    std::vector<std::string> missing;
-    bool no_comments = false;
-};
+What you say is taken for certain, and the rest is found. A character C is one character or one of \t \n \r \0 \\. Exit status: 0, or 2 after an error.)";
 
 /// Refuses what a conversion to an unsigned number would take without a word.
 const CLI::Validator& no_sign() {
@@ -59,72 +39,46 @@ const CLI::Validator& no_sign() {
 }
 
 void declare_output(CLI::App& app, Settings& settings) {
+    const char* const group = "Output";
     app.add_flag("--json", settings.json, "One JSON object per input, each on one line")
-        ->group("Output");
+        ->group(group);
     app.add_flag("--explain", settings.explain,
-                 "Show all layouts that were compared, and why each was dropped")
-        ->group("Output");
+                 "Show what was compared, and what spoke for it and against it")
+        ->group(group);
     app.add_option("--show", settings.shown_rows, "Data rows in the picture (default 10)")
         ->type_name("N")
         ->check(no_sign())
-        ->group("Output");
+        ->group(group);
     app.add_flag("-r,--recursive", settings.recursive, "Look at all files of a directory")
-        ->group("Output");
+        ->group(group);
 }
 
-void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
+void declare_reading(CLI::App& app, Settings& settings, OptionTexts& texts) {
     const char* const group = "What you may know about the text";
     app.add_option("--rows", settings.rows, "Rows to sample (default 250)")
         ->type_name("N")
         ->check(no_sign())
         ->group(group);
-    app.add_option("--encoding", texts.encoding, "Character set, instead of finding it")
-        ->type_name("NAME")
-        ->group(group);
-    app.add_option("--quote", texts.quote, "Quote character (default \"); empty for none")
+    app.add_option("--encoding", texts.encoding, "Character set")->type_name("NAME")->group(group);
+    app.add_option("--quote", texts.quote, "Quote character; empty for none")
         ->type_name("C")
         ->group(group);
-    app.add_option("--decimal", texts.decimal, "Decimal mark (default .), never tried as delimiter")
+    app.add_option("--decimal", texts.decimal, "Decimal mark of numbers")
         ->type_name("C")
         ->group(group);
-    app.add_option("--thousands", texts.thousands, "Thousands separator of numbers")
+    app.add_option("--thousands", texts.thousands, "Thousands separator; empty for none")
         ->type_name("C")
         ->group(group);
     app.add_option("--whitespace", texts.whitespace, "Characters that count as blank")
         ->type_name("S")
         ->group(group);
-    app.add_option("--header-lines", texts.header_lines, "Lines above the data")
-        ->type_name("N")
-        ->check(no_sign())
-        ->group(group);
-    app.add_option("--layout", texts.layout,
-                   "open: anything (default), no-fixed: no fixed widths, fixed: fixed widths only")
-        ->type_name("NAME")
-        ->check(CLI::IsMember({"open", "no-fixed", "fixed"}))
-        ->group(group);
-    app.add_option("--widths", settings.options.field_widths,
-                   "Widths of fixed-width columns in UTF-16 code units; implies --layout fixed")
-        ->type_name("N,N,...")
-        ->delimiter(',')
-        ->check(no_sign())
-        ->allow_extra_args(false)
-        ->group(group);
-    app.add_option("--exclude-delimiter", texts.excluded_delimiter,
-                   "Character that is no delimiter (default the decimal mark); empty for none")
-        ->type_name("C")
-        ->group(group);
-    app.add_option("--expect-variables", texts.expected_variables, "Number of columns")
-        ->type_name("N")
-        ->check(no_sign())
-        ->group(group);
     app.add_option("--missing", texts.missing, "Text of a field without a value; repeatable")
         ->type_name("TEXT")
         ->allow_extra_args(false)
         ->group(group);
-    const auto comment =
-        app.add_option("--comment", texts.comment, "What opens a comment (default #)")
-            ->type_name("TEXT")
-            ->group(group);
+    auto* const comment = app.add_option("--comment", texts.comment, "What opens a comment")
+                              ->type_name("TEXT")
+                              ->group(group);
     app.add_option("--comment-end", texts.comment_end,
                    "What closes it, unless that is the end of the line")
         ->type_name("TEXT")
@@ -135,86 +89,63 @@ void declare_knowledge(CLI::App& app, Settings& settings, Texts& texts) {
         ->group(group);
 }
 
-/// `text` in UTF-16, with the usual backslash escapes undone.
-std::u16string unescaped(std::string_view text) {
-    static constexpr std::u16string_view letters = u"tnr0\\";
-    static constexpr std::u16string_view meanings{u"\t\n\r\0\\", letters.size()};
-    const std::u16string units = to_utf16(text);
-    std::u16string result;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const auto letter = units[i] == u'\\' && i + 1 < units.size() ? letters.find(units[i + 1])
-                                                                      : std::u16string_view::npos;
-        const bool is_escape = letter != std::u16string_view::npos;
-        result += is_escape ? meanings[letter] : units[i];
-        i += is_escape ? 1 : 0;
-    }
-    return result;
+void declare_layout(CLI::App& app, OptionTexts& texts, CLI::Option* rules) {
+    const char* const group = "What you may know about the table";
+    app.add_option("--layout", texts.layout,
+                   "open (default), delimited, aligned (with blanks), fixed (widths), lines (no "
+                   "fields), or no-fixed: anything but fixed widths")
+        ->type_name("NAME")
+        ->check(CLI::IsMember({"open", "delimited", "aligned", "fixed", "lines", "no-fixed"}))
+        ->group(group);
+    auto* const delimiter =
+        app.add_option("--delimiter", texts.delimiter, "What separates the fields")
+            ->type_name("TEXT")
+            ->excludes(rules)
+            ->group(group);
+    app.add_option("--widths", texts.widths,
+                   "Widths of fixed-width columns in UTF-16 code units; implies --layout fixed")
+        ->type_name("N,N,...")
+        ->delimiter(',')
+        ->check(no_sign())
+        ->allow_extra_args(false)
+        ->excludes(delimiter)
+        ->group(group);
+    auto* const header =
+        app.add_option("--header-lines", texts.header_lines, "Lines above the data")
+            ->type_name("N")
+            ->check(no_sign())
+            ->group(group);
+    app.add_option("--first-data-line", texts.first_data_line,
+                   "The same: the line with which the data begin, from 1")
+        ->type_name("N")
+        ->check(no_sign())
+        ->excludes(header)
+        ->group(group);
+    app.add_option("--names-line", texts.names_line,
+                   "The line with the names of the columns, from 1; 0 for none")
+        ->type_name("N")
+        ->check(no_sign())
+        ->excludes(rules)
+        ->group(group);
 }
 
-/// The one unit that an option gives, or `if_empty`.
-char16_t single_unit(const char* option, const std::string& text, char16_t if_empty) {
-    const std::u16string units = unescaped(text);
-    if (units.size() > 1) {
-        throw UserError(fmt::format("{}: '{}' is more than one character", option, text));
-    }
-    return units.empty() ? if_empty : units.front();
-}
-
-void apply_marks(const Texts& texts, Settings& settings) {
-    auto& options = settings.options;
-    auto& type_options = settings.type_options;
-    if (texts.quote) {
-        options.quote = single_unit("--quote", *texts.quote, u'\0');
-    }
-    if (texts.decimal) {
-        type_options.decimal_separator = single_unit("--decimal", *texts.decimal, u'.');
-        options.excluded_delimiter.assign(1, type_options.decimal_separator);
-    }
-    if (texts.thousands) {
-        type_options.thousands_separator = single_unit("--thousands", *texts.thousands, u'\0');
-    }
-    if (texts.excluded_delimiter) {
-        const char16_t unit = single_unit("--exclude-delimiter", *texts.excluded_delimiter, u'\0');
-        options.excluded_delimiter.assign(texts.excluded_delimiter->empty() ? 0 : 1, unit);
-    }
-    if (texts.whitespace) {
-        options.whitespace = type_options.whitespace = unescaped(*texts.whitespace);
-    }
-    for (const std::string& text : texts.missing) {
-        type_options.treat_as_missing.push_back(to_utf16(text));
-    }
-}
-
-void apply_layout(const Texts& texts, Settings& settings) {
-    auto& options = settings.options;
-    const bool has_widths = !options.field_widths.empty();
-    const std::string layout = texts.layout.value_or(has_widths ? "fixed" : "open");
-    if (has_widths && layout != "fixed") {
-        throw UserError(fmt::format("--widths does not go with --layout {}", layout));
-    }
-    options.layout_hint = layout == "fixed"      ? textio::parser::layout::fixed_width
-                          : layout == "no-fixed" ? textio::parser::layout::no_fixed_width
-                                                 : textio::parser::layout::open;
-    if (texts.header_lines) {
-        options.header_lines = *texts.header_lines;
-        options.detect_header_lines = false;
-    }
-    if (texts.expected_variables) {
-        options.expected_variables = *texts.expected_variables;
-        options.skip_variable_count_rule = false;
-    }
-}
-
-void apply_comments(const Texts& texts, Settings& settings) {
-    auto& style = settings.options.comment_style;
-    if (texts.no_comments || texts.comment) {
-        style.clear();
-    }
-    for (const auto& text : {texts.comment, texts.comment_end}) {
-        if (text) {
-            style.push_back(unescaped(*text));
-        }
-    }
+/// Gives the option that asks for the rules.
+CLI::Option* declare_rules(CLI::App& app, Settings& settings, OptionTexts& texts) {
+    const char* const group = "The older way";
+    auto* const rules = app.add_flag("--rules", settings.rules,
+                                     "Answer by rules, which take what you do not say for usual")
+                            ->group(group);
+    app.add_option("--exclude-delimiter", texts.excluded_delimiter,
+                   "Character that is no delimiter (default the decimal mark); empty for none")
+        ->type_name("C")
+        ->needs(rules)
+        ->group(group);
+    app.add_option("--expect-variables", texts.expected_variables, "Number of columns")
+        ->type_name("N")
+        ->check(no_sign())
+        ->needs(rules)
+        ->group(group);
+    return rules;
 }
 
 void refuse_extras(const std::vector<std::string>& extras) {
@@ -238,14 +169,15 @@ std::string joined_lines(std::string text) {
 
 Settings read_command_line(int count, const char* const* arguments) {
     Settings settings;
-    Texts texts;
+    OptionTexts texts;
     CLI::App app("Works out how tabular texts are laid out.", "detect_layout");
     app.footer(examples);
     app.set_version_flag("--version", "detect_layout " TEXTIO_VERSION_STRING);
     app.add_option("input", settings.inputs, "Files; - for standard input")->type_name("FILE");
     app.allow_extras(); // to be told more of than that they were not expected
     declare_output(app, settings);
-    declare_knowledge(app, settings, texts);
+    declare_reading(app, settings, texts);
+    declare_layout(app, texts, declare_rules(app, settings, texts));
     try {
         app.parse(count, arguments);
     } catch (const CLI::Success& help) {
@@ -260,10 +192,7 @@ Settings read_command_line(int count, const char* const* arguments) {
     if (settings.inputs.empty()) {
         throw UserError("which file? (- for standard input, --help for help)");
     }
-    apply_comments(texts, settings);
-    apply_marks(texts, settings);
-    apply_layout(texts, settings);
-    settings.encoding = texts.encoding ? known_character_set(*texts.encoding) : "";
+    apply(texts, settings);
     return settings;
 }
 

@@ -4,8 +4,9 @@ _detect_layout() {
     local current=${COMP_WORDS[COMP_CWORD]}
     local previous=${COMP_WORDS[COMP_CWORD - 1]}
     local options='--json --explain --show --recursive --help --version --rows --encoding --quote
-        --decimal --thousands --whitespace --header-lines --layout --widths --exclude-delimiter
-        --expect-variables --missing --comment --comment-end --no-comments'
+        --decimal --thousands --whitespace --missing --comment --comment-end --no-comments --layout
+        --delimiter --widths --header-lines --first-data-line --names-line --rules
+        --exclude-delimiter --expect-variables'
     # Bash makes three words of --layout=fixed.
     if [[ $current == = ]]; then
         current=
@@ -14,7 +15,7 @@ _detect_layout() {
     fi
     case $previous in
     --layout)
-        mapfile -t COMPREPLY < <(compgen -W 'open no-fixed fixed' -- "$current")
+        mapfile -t COMPREPLY < <(compgen -W 'open delimited aligned fixed lines no-fixed' -- "$current")
         return
         ;;
     --encoding)
@@ -22,8 +23,9 @@ _detect_layout() {
             Shift_JIS GB18030 Big5 EUC-KR windows-1251 KOI8-R' -- "$current")
         return
         ;;
-    --show | --rows | --quote | --decimal | --thousands | --whitespace | --header-lines | \
-        --widths | --exclude-delimiter | --expect-variables | --missing | --comment | --comment-end)
+    --show | --rows | --quote | --decimal | --thousands | --whitespace | --missing | --comment | \
+        --comment-end | --delimiter | --widths | --header-lines | --first-data-line | \
+        --names-line | --exclude-delimiter | --expect-variables)
         COMPREPLY=()
         compopt +o default 2>/dev/null # nor files
         return

@@ -1,89 +1,19 @@
 #include "json_report.hpp"
 
-#include "layout_names.hpp"
-#include "unicode.hpp"
-
-#include <fmt/format.h>
-#include <nlohmann/json.hpp>
-
-#include <cmath>
-#include <string_view>
-#include <utility>
-#include <vector>
+#include "json_parts.hpp"
 
 namespace detect_layout {
 
-namespace {
-
-using Json = nlohmann::ordered_json;
-
-/// JSON has no infinity.
-Json finite_or_null(double value) {
-    return std::isfinite(value) ? Json(value) : Json();
-}
-
-/// The name of a file whose bytes are no text.
-std::string hexadecimal(std::string_view bytes) {
-    std::string digits;
-    for (const char byte : bytes) {
-        digits += fmt::format("{:02x}", static_cast<unsigned char>(byte));
-    }
-    return digits;
-}
-
-Json candidate_list(const Explanation& explanation) {
-    Json list = Json::array();
-    for (const auto& [layout, values, verdict] : explanation.candidates) {
-        list.push_back({{"layout", layout},
-                        {"data_variation", finite_or_null(values.data_variation)},
-                        {"header_lines", values.header_lines},
-                        {"num_variables", values.num_variables},
-                        {"classified_variables", values.classified_variables},
-                        {"numeric_variables", values.numeric_variables},
-                        {"temporal_variables", values.temporal_variables},
-                        {"datetime_variables", values.datetime_variables},
-                        {"punctuation_variables", values.punctuation_variables},
-                        {"prior_rank", finite_or_null(values.prior_rank)},
-                        {"verdict", verdict}});
-    }
-    return list;
-}
-
-} // namespace
-
 std::string to_json(const Detection& detection, const std::optional<Explanation>& explanation) {
     const auto& [file, input, layout] = detection;
-    const auto& options = layout->options();
-    std::vector<std::string> delimiters;
-    for (const std::u16string& delimiter : options.delimiters) {
-        delimiters.push_back(to_utf8(delimiter));
-    }
-    const bool splits = layout->mode() == textio::enums::StrategyMode::delimited ||
-                        layout->mode() == textio::enums::StrategyMode::space_aligned;
-    const bool has_widths = layout->mode() == textio::enums::StrategyMode::fixed_width;
-    const std::string& rival = input->character_set().rival;
-    Json answer{
-        {"file", file},
-        {"kind", kind_name(layout->mode())},
-        {"delimiters", splits ? Json(std::move(delimiters)) : Json::array()},
-        {"field_widths", has_widths ? Json(options.field_widths) : Json::array()},
-        {"header_lines", layout->header_lines()},
-        {"num_variables", layout->num_variables()},
-        {"rows", data_lines(*layout).size()},
-        {"charset", input->character_set().name},
-        {"charset_rival", rival.empty() ? Json() : Json(rival)},
-        {"compression", input->is_unpacked() ? Json("gzip") : Json()},
-        {"undecodable", input->undecodable()},
-        {"cut", input->is_cut()},
-    };
-    if (!is_utf8(file)) {
-        answer["file_bytes"] = hexadecimal(file);
-    }
-    if (explanation) {
-        answer["candidates"] = candidate_list(*explanation);
-        answer["outcome"] = explanation->outcome;
-    }
-    return answer.dump(-1, ' ', false, Json::error_handler_t::replace) + "\n";
+    Json answer{{"file", file}};
+    add_layout(answer, *layout);
+    answer["header_lines"] = layout->header_lines();
+    answer["num_variables"] = layout->num_variables();
+    answer["rows"] = data_lines(*layout).size();
+    add_input(answer, file, *input);
+    add_explanation(answer, explanation);
+    return json_line(answer);
 }
 
 } // namespace detect_layout

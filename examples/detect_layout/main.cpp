@@ -1,3 +1,6 @@
+#include "advice_json.hpp"
+#include "advice_report.hpp"
+#include "advised.hpp"
 #include "bytes.hpp"
 #include "command_line.hpp"
 #include "detection.hpp"
@@ -7,6 +10,7 @@
 #include "output.hpp"
 #include "picture.hpp"
 #include "report.hpp"
+#include "table.hpp"
 #include "terminal.hpp"
 #include "user_error.hpp"
 
@@ -24,28 +28,35 @@ using namespace detect_layout;
 constexpr int all_went_well = 0;
 constexpr int something_went_wrong = 2;
 
-/// All that is to be printed about one input.
-std::string report(const std::string& file, const Settings& settings, bool is_one_of_many) {
-    const Detection detection = detect(file, open_bytes(file), settings);
+/// All that is to be printed about one input. `Answer` is either kind of answer.
+template <typename Answer>
+std::string report(const Answer& answer, const Settings& settings, bool is_one_of_many) {
     std::optional<Explanation> explanation;
-    if (settings.explain) {
-        explanation = explain(detection.input->text(), settings);
+    if (settings.explain && settings.rules_know_all()) {
+        explanation = explain(answer.input->text(), settings);
     }
     if (settings.json) {
-        return to_json(detection, explanation);
+        return to_json(answer, explanation);
     }
-    if (is_one_of_many && !explanation) {
-        return summarise(detection);
+    if (is_one_of_many && !settings.explain) {
+        return summarise(answer);
     }
-    std::string text = describe(detection);
+    std::string text = describe(answer);
     const auto add = [&text](const std::string& part) {
         if (!part.empty()) {
             text.append("\n").append(part);
         }
     };
-    add(draw_picture(detection, standard_output_style(settings.shown_rows)));
-    add(explanation ? draw_table(*explanation) : "");
+    add(draw_picture(table_of(answer), standard_output_style(settings.shown_rows)));
+    add(settings.explain ? list_proposals(answer) : "");
+    add(explanation ? rules_heading(answer) + draw_table(*explanation) : "");
     return text.append(is_one_of_many ? "\n" : "");
+}
+
+std::string report(const std::string& file, const Settings& settings, bool is_one_of_many) {
+    return settings.rules
+               ? report(detect(file, open_bytes(file), settings), settings, is_one_of_many)
+               : report(advise(file, open_bytes(file), settings), settings, is_one_of_many);
 }
 
 int report_all(const Settings& settings) {

@@ -1,7 +1,6 @@
 #include "picture.hpp"
 
 #include "cell_text.hpp"
-#include "detection.hpp"
 
 #include <fmt/format.h>
 
@@ -24,15 +23,16 @@ constexpr std::size_t least_column_width = 5;
 constexpr std::string_view ruler = " \u2502 ";
 constexpr std::size_t ruler_width = 3;
 
+using Cells = std::vector<std::u16string_view>;
+
 constexpr std::string_view dim = "2";
+constexpr std::string_view name_style = "1;"; ///< in front of a column's colour: bold
 constexpr std::array<std::string_view, 6> column_colours{"36", "33", "32", "35", "34", "31"};
 
 class Picture {
 public:
-    Picture(const Detection& detection, const PictureStyle& style)
-        : text_(detection.input->text().view()), sample_(*detection.layout->field_array()),
-          style_(style), header_lines_(header_line_count(*detection.layout)),
-          rows_(data_lines(*detection.layout)) {
+    Picture(const Table& table, const PictureStyle& style)
+        : table_(table), sample_(*table.sample), rows_(table.rows), style_(style) {
         shown_rows_ = std::min(rows_.size(), style_.data_rows);
         measure_columns();
         fit_columns();
@@ -44,7 +44,7 @@ public:
         }
         std::string text = header();
         for (std::size_t row = 0; row < shown_rows_; ++row) {
-            text += row_of_cells(rows_[row], false);
+            text += row_of_cells(cells_of(rows_[row]), {});
         }
         if (const auto more = rows_.size() - shown_rows_; more > 0) {
             text += painted(fmt::format("\u22EE {} more in the sample", more), dim) + "\n";
@@ -57,22 +57,34 @@ private:
         for (std::size_t row = 0; row < shown_rows_; ++row) {
             columns_ = std::max(columns_, sample_.line(rows_[row]).size());
         }
+        columns_ = std::max(columns_, table_.names.size());
         widths_.assign(std::min(columns_, style_.width), 1);
         for (std::size_t row = 0; row < shown_rows_; ++row) {
             measure(rows_[row]);
         }
-        for (std::size_t line = first_header_line(); line < header_lines_; ++line) {
-            if (is_in_columns(line)) {
+        for (std::size_t line = first_header_line(); line < table_.header_lines; ++line) {
+            if (line == table_.names_line) {
+                measure(table_.names);
+            } else if (is_in_columns(line)) {
                 measure(line);
             }
         }
     }
 
-    void measure(std::size_t line) {
-        const auto fields = sample_.line(line);
-        for (std::size_t i = 0; i < std::min(fields.size(), widths_.size()); ++i) {
-            widths_[i] = std::max(widths_[i], printable(fields[i].view(), style_.width).width);
+    void measure(std::size_t line) { measure(cells_of(line)); }
+
+    void measure(const Cells& cells) {
+        for (std::size_t i = 0; i < std::min(cells.size(), widths_.size()); ++i) {
+            widths_[i] = std::max(widths_[i], printable(cells[i], style_.width).width);
         }
+    }
+
+    [[nodiscard]] Cells cells_of(std::size_t line) const {
+        Cells cells;
+        for (const auto& field : sample_.line(line)) {
+            cells.push_back(field.view());
+        }
+        return cells;
     }
 
     /// Narrows the widest columns until all fit, and leaves the last ones out if they never do.
@@ -93,7 +105,7 @@ private:
     }
 
     [[nodiscard]] std::size_t first_header_line() const {
-        return header_lines_ - std::min(header_lines_, most_header_lines);
+        return table_.header_lines - std::min(table_.header_lines, most_header_lines);
     }
 
     /// A header line belongs to the columns if it has a field for each.
@@ -107,29 +119,21 @@ private:
         if (first > 0) {
             text += painted(fmt::format("\u22EE {} above", first), dim) + "\n";
         }
-        std::size_t place = 0;
-        for (std::size_t line = 0; line < header_lines_; ++line) {
-            const auto whole = take_line(line, place);
+        SampleWalk walk(table_.text, sample_);
+        for (std::size_t line = 0; line < table_.header_lines; ++line) {
+            const auto whole = walk.next();
             if (line >= first) {
-                text += is_in_columns(line) ? row_of_cells(line, true) : whole_line(whole);
+                text += header_line(line, whole);
             }
         }
         return text.empty() ? text : text + line_below_header();
     }
 
-    /// The text of a line of the sample, which starts at `place`; moves `place` on to the next.
-    /// Comments, which leave no fields in the sample, are found this way too.
-    [[nodiscard]] std::u16string_view take_line(std::size_t line, std::size_t& place) const {
-        const auto fields = sample_.line(line);
-        const std::size_t start = place;
-        if (!fields.empty()) {
-            // Fields can hold line endings.
-            place =
-                static_cast<std::size_t>(fields.back().data - text_.data()) + fields.back().size;
+    [[nodiscard]] std::string header_line(std::size_t line, std::u16string_view whole) const {
+        if (line == table_.names_line) {
+            return row_of_cells(table_.names, name_style);
         }
-        const std::size_t end = std::min(text_.find_first_of(u"\r\n", place), text_.size());
-        place = std::min(end + (text_.substr(end).starts_with(u"\r\n") ? 2 : 1), text_.size());
-        return text_.substr(start, end - start);
+        return is_in_columns(line) ? row_of_cells(cells_of(line), dim) : whole_line(whole);
     }
 
     [[nodiscard]] std::string line_below_header() const {
@@ -149,15 +153,16 @@ private:
         return shown.width == 0 ? "" : painted(shown.utf8, dim) + "\n";
     }
 
-    [[nodiscard]] std::string row_of_cells(std::size_t line, bool is_header) const {
-        const auto fields = sample_.line(line);
+    /// A line of cells in `colour`, which is added to that of the columns unless it is dimmed.
+    [[nodiscard]] std::string row_of_cells(const Cells& cells, std::string_view colour) const {
         std::string text;
         for (std::size_t i = 0; i < widths_.size(); ++i) {
-            const auto cell =
-                i < fields.size() ? printable(fields[i].view(), widths_[i]) : CellText{};
+            const auto cell = i < cells.size() ? printable(cells[i], widths_[i]) : CellText{};
             const bool is_last = i + 1 == columns_;
             text += i == 0 ? "" : painted(ruler, dim);
-            text += painted(cell.utf8, is_header ? dim : column_colours[i % column_colours.size()]);
+            const auto of_column = column_colours[i % column_colours.size()];
+            text += painted(cell.utf8, colour == dim ? std::string(dim)
+                                                     : fmt::format("{}{}", colour, of_column));
             text.append(is_last ? 0 : widths_[i] - cell.width, ' ');
         }
         if (widths_.size() < columns_) {
@@ -170,11 +175,10 @@ private:
         return style_.colour ? fmt::format("\x1b[{}m{}\x1b[0m", colour, text) : std::string(text);
     }
 
-    std::u16string_view text_;
+    const Table& table_;
     const textio::FieldArray& sample_;
+    const std::vector<std::size_t>& rows_; ///< lines of the sample with data
     PictureStyle style_;
-    std::size_t header_lines_;
-    std::vector<std::size_t> rows_; ///< lines of the sample with data
     std::size_t shown_rows_ = 0;
     std::size_t columns_ = 0;         ///< of the rows shown
     std::vector<std::size_t> widths_; ///< of the columns shown, in terminal columns
@@ -182,8 +186,8 @@ private:
 
 } // namespace
 
-std::string draw_picture(const Detection& detection, const PictureStyle& style) {
-    return Picture(detection, style).draw();
+std::string draw_picture(const Table& table, const PictureStyle& style) {
+    return Picture(table, style).draw();
 }
 
 } // namespace detect_layout

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "detection.hpp"
+#include "table.hpp"
 
 #include <cstddef>
 #include <string>
@@ -9,13 +9,13 @@ namespace detect_layout {
 
 /// How a picture is to look.
 struct PictureStyle {
-    bool colour = false;        ///< columns in colours, header lines dimmed
+    bool colour = false;        ///< columns in colours, names bold, other header lines dimmed
     std::size_t width = 80;     ///< terminal columns
     std::size_t data_rows = 10; ///< rows to show
 };
 
-/// The first rows of the sample with their columns set apart, below the header lines. Lines that
-/// end with a line feed; empty if there are no data rows.
-[[nodiscard]] std::string draw_picture(const Detection& detection, const PictureStyle& style);
+/// The first rows of the sample with their columns set apart, below their names and what else
+/// stands above them. Lines that end with a line feed; empty if there are no data rows.
+[[nodiscard]] std::string draw_picture(const Table& table, const PictureStyle& style);
 
 } // namespace detect_layout

@@ -1,8 +1,11 @@
+#include "advice_words.hpp"
+#include "advised.hpp"
 #include "bytes.hpp"
 #include "command_line.hpp"
 #include "detection.hpp"
 #include "explanation.hpp"
 #include "layout_names.hpp"
+#include "unicode.hpp"
 
 #include <gtest/gtest.h>
 
@@ -58,6 +61,46 @@ std::vector<Case> cases() {
     };
 }
 
+/// What has to be found without any options. Lines count from 1; 0 is none.
+struct AdvisedCase {
+    std::string file;
+    std::string layout; ///< or its beginning
+    std::size_t columns;
+    std::size_t names_line;
+    std::size_t first_data_line;
+    std::string names;  ///< of the first two columns
+    std::string values; ///< what these hold
+};
+
+constexpr auto no_table = "one field per line";
+
+std::vector<AdvisedCase> advised_cases() {
+    return {
+        {"broken_bytes.csv", "delimited by comma", 3, 1, 2, "plant,height", "text,number"},
+        {"cities_utf16.txt", "delimited by tab", 3, 1, 2, "Город,Жители", "text,number"},
+        {"empty.txt", no_table, 1, 0, 1, "", ""},
+        {"gate_log.txt", "aligned with blanks", 4, 0, 1, ",", "duration,text"},
+        {"inspection_dates.txt", no_table, 1, 0, 1, "", ""},
+        {"letter.txt", no_table, 1, 0, 1, "", ""},
+        {"meter_readings.csv", "delimited by comma", 4, 1, 2, "month,heating", "text,number"},
+        {"orbit.dat", "aligned with blanks", 5, 2, 3, "t,x", "number,number"},
+        {"pool_tickets.csv", "delimited by comma", 5, 2, 3, "date,pool", "date,text"},
+        {"race_blank_lines.csv", "delimited by semicolon", 4, 4, 5, "Runner,Club", "text,text, 1 of 12 missing"},
+        {"rechnungen.csv", "delimited by semicolon", 6, 1, 2, "Beleg,Datum", "text,"},
+        {"reviews.csv", "delimited by comma", 5, 1, 2, "id,stars", "number,number"},
+        {"sequencing.tsv", "delimited by tab", 6, 1, 2, "sample,organism", "text,text"},
+        {"spectrum.txt", "aligned with blanks", 4, 4, 5, "nm,dark", "number,number"},
+        {"staff_crlf.csv", "delimited by comma", 4, 1, 2, "Name,Department", "text,text"},
+        {"stations.txt", "fixed widths", 4, 0, 1, ",", "text,text"},
+        {"stock.txt", "delimited by vertical bar", 5, 0, 1, ",", "number,text"},
+        {"switch_log.csv", "delimited by comma", 4, 0, 1, ",", "date and time,text"},
+        {"volunteers.txt", no_table, 1, 0, 1, "", ""},
+        {"weather_comments.csv", "delimited by comma", 4, 3, 4, "station,temp", "text,number"},
+        {"wind_tunnel.txt", "delimited by semicolon", 4, 0, 4, ",", "number,number"},
+        {"wohnungen_cp1252.csv", "delimited by semicolon", 4, 1, 2, "Ort,Straße", "text,text"},
+    };
+}
+
 class ExampleFile : public testing::TestWithParam<Case> {};
 
 TEST_P(ExampleFile, gets_the_expected_answer) {
@@ -87,6 +130,26 @@ INSTANTIATE_TEST_SUITE_P(All, ExampleFile, testing::ValuesIn(cases()), [](const 
     return name;
 });
 
+TEST(ExampleFiles, are_understood_without_options) {
+    for (const AdvisedCase& test : advised_cases()) {
+        SCOPED_TRACE(test.file);
+        const std::string path = EXAMPLE_DATA "/" + test.file;
+        const Advised advised = advise(path, open_bytes(path), Settings());
+        const auto& best = advised.best();
+        EXPECT_TRUE(layout_phrase(*best.strategy).starts_with(test.layout)) << layout_phrase(*best.strategy);
+        EXPECT_EQ(advised.advice.is_table, test.layout != no_table);
+        EXPECT_EQ(best.names_line + 1, test.names_line); // no line + 1 is 0
+        EXPECT_EQ(best.first_data_line + 1, test.first_data_line);
+        // The table at fixed positions is right as far as its first columns go.
+        EXPECT_TRUE(best.columns.size() == test.columns || test.layout == "fixed widths") << best.columns.size();
+        if (advised.advice.is_table && best.columns.size() > 1) {
+            EXPECT_EQ(to_utf8(best.columns[0].name) + "," + to_utf8(best.columns[1].name), test.names);
+            const auto values = column_phrase(best.columns[0]) + "," + column_phrase(best.columns[1]);
+            EXPECT_TRUE(values.starts_with(test.values)) << values;
+        }
+    }
+}
+
 TEST(Explanation, calls_each_rule_by_a_name_of_its_own) {
     std::vector<std::string_view> names;
     const textio::detection::ClassicRules chain(false, 3, true);
@@ -102,12 +165,17 @@ TEST(Explanation, calls_each_rule_by_a_name_of_its_own) {
 }
 
 TEST(ExampleFiles, are_all_tested) {
-    std::set<std::string> tested{"README.md"};
+    std::set<std::string> by_rules{"README.md"};
+    std::set<std::string> advised = by_rules;
     for (const Case& test : cases()) {
-        tested.insert(test.file);
+        by_rules.insert(test.file);
+    }
+    for (const AdvisedCase& test : advised_cases()) {
+        advised.insert(test.file);
     }
     for (const auto& entry : std::filesystem::directory_iterator(EXAMPLE_DATA)) {
-        EXPECT_TRUE(tested.contains(entry.path().filename().string())) << entry.path();
+        const auto file = entry.path().filename().string();
+        EXPECT_TRUE(by_rules.contains(file) && advised.contains(file)) << file;
     }
 }
 

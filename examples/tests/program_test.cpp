@@ -4,21 +4,21 @@
 #include "input_files.hpp"
 #include "layout_names.hpp"
 #include "picture.hpp"
+#include "running.hpp"
 #include "string_bytes.hpp"
+#include "table.hpp"
 #include "unicode.hpp"
 #include "user_error.hpp"
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -28,38 +28,11 @@ namespace {
 
 using namespace detect_layout;
 
-std::string content(const std::string& path) {
-    std::ifstream file(path);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-struct Outcome {
-    int status;
-    std::string output;
-    std::string errors;
-};
-
-/// The start of the names of files that the running test may write.
-std::string test_files() {
-    return testing::TempDir() + "detect_layout_" + testing::UnitTest::GetInstance()->current_test_info()->name();
-}
-
-/// Runs `script` where the example files are; `$program` is the program.
-Outcome run_script(const std::string& script) {
-    const std::string files = test_files();
-    const std::string command =
-        "cd " EXAMPLE_DATA "; program=" DETECT_LAYOUT_PROGRAM "; { " + script + "\n} >" + files + ".out 2>" + files + ".err";
-    const int status = std::system(command.c_str());
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content(files + ".out"), content(files + ".err")};
-}
-
-Outcome run(const std::string& arguments) {
-    return run_script("$program " + arguments);
-}
-
 TEST(Program, tells_errors_on_one_line) {
-    for (const char* arguments : {"no_such_file.csv", ".", "--rows many stock.txt", "--layout round x", "--quote ab stock.txt",
-                                  "--encoding none stock.txt", "", "--widths 3,4 --layout open stock.txt"}) {
+    for (const char* arguments :
+         {"no_such_file.csv", ".", "--rows many stock.txt", "--layout round x", "--quote ab stock.txt",
+          "--encoding none stock.txt", "", "--widths 3,4 --layout open stock.txt", "--delimiter , --layout lines stock.txt",
+          "--rules --layout lines stock.txt", "--delimiter '' stock.txt", "--first-data-line 0 stock.txt"}) {
         const Outcome result = run(arguments);
         EXPECT_EQ(result.status, 2) << arguments;
         EXPECT_EQ(result.output, "") << arguments;
@@ -79,6 +52,9 @@ TEST(Program, tells_what_is_wrong_with_an_input) {
               "unknown option '-dash.csv'; the file is ./-dash.csv"},
              {"$program --comment-end '*/' stock.txt", "--comment-end requires --comment"},
              {"$program --no-comments --comment % stock.txt", "--comment excludes --no-comments"},
+             {"$program --widths 3,4 --delimiter , stock.txt", "--delimiter excludes --widths"},
+             {"$program --expect-variables 5 stock.txt", "--expect-variables requires --rules"},
+             {"$program --rules --names-line 1 stock.txt", "--rules excludes --names-line"},
              {"gzip -c stock.txt | head -c 90 | $program -", "standard input: ends in the middle of its compressed data"},
              {"printf '\\037\\213\\007ab' | $program -", "standard input: has damaged compressed data"},
          }) {
@@ -151,15 +127,20 @@ TEST(Program, walks_a_directory) {
     const Outcome result = run("--recursive .");
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.errors, "");
-    EXPECT_NE(result.output.find("./stock.txt: delimited by vertical bar, 0 header lines, 5"), std::string::npos)
+    EXPECT_NE(result.output.find("./pool_tickets.csv: delimited by comma, 5 columns, data from line 3, names on line 2, 20 rows, "
+                                 "sure, UTF-8\n"),
+              std::string::npos)
         << result.output;
+    EXPECT_NE(run("-r --rules .").output.find("./stock.txt: delimited by vertical bar, 0 header lines, 5 variables, 15 rows"),
+              std::string::npos);
 }
 
 TEST(Completion, offers_what_can_follow) {
     for (const auto& [words, offered] : std::vector<std::pair<std::string, std::string>>{
              {"--layout f", "fixed"},
              {"--layout = f", "fixed"},
-             {"--layout =", "open no-fixed fixed"},
+             {"--layout =", "open delimited aligned fixed lines no-fixed"},
+             {"--first-data-line =", ""},
              {"--encoding = KO", "KOI8-R"},
              {"--json --comment-", "--comment-end"},
              {"--show ''", ""},
@@ -225,10 +206,10 @@ TEST(CommandLine, takes_comments_with_and_without_a_closer) {
 TEST(CommandLine, keeps_the_decimal_mark_from_being_a_delimiter) {
     const std::vector<const char*> plain{"detect_layout", "--decimal", ",", "x"};
     EXPECT_EQ(read_command_line(4, plain.data()).options.excluded_delimiter, u",");
-    const std::vector<const char*> open{"detect_layout", "--decimal", ",", "--exclude-delimiter", "", "x"};
-    EXPECT_EQ(read_command_line(6, open.data()).options.excluded_delimiter, u"");
-    const std::vector<const char*> tab{"detect_layout", "--exclude-delimiter", "\\t", "x"};
-    EXPECT_EQ(read_command_line(4, tab.data()).options.excluded_delimiter, u"\t");
+    const std::vector<const char*> open{"detect_layout", "--rules", "--decimal", ",", "--exclude-delimiter", "", "x"};
+    EXPECT_EQ(read_command_line(7, open.data()).options.excluded_delimiter, u"");
+    const std::vector<const char*> tab{"detect_layout", "--rules", "--exclude-delimiter", "\\t", "x"};
+    EXPECT_EQ(read_command_line(5, tab.data()).options.excluded_delimiter, u"\t");
 }
 
 TEST(CellText, fits_the_terminal) {
@@ -266,7 +247,7 @@ TEST(Program, names_files_so_that_nothing_is_done_to_a_terminal) {
     for (const std::string& name : {escape, latin}) {
         std::ofstream(name) << "a;b\n";
     }
-    const Outcome listed = run("-r " + directory);
+    const Outcome listed = run("-r --rules " + directory);
     EXPECT_EQ(listed.output, directory + "␛[2J.csv: delimited by semicolon, 0 header lines, 2 variables, 1 row, UTF-8\n" +
                                  directory +
                                  "caf\uFFFD.csv: delimited by semicolon, 0 header lines, 2 variables, 1 row, UTF-8\n");
@@ -315,17 +296,17 @@ TEST(Picture, sets_columns_apart_and_keeps_to_the_width) {
     settings.options.detect_header_lines = false;
     const Detection small =
         detect("-", std::make_unique<StringBytes>("Title\n# a comment\nname,size\nAnn,41\nBob,37\nCid,29\n"), settings);
-    EXPECT_EQ(draw_picture(small, {.width = 20, .data_rows = 2}),
+    EXPECT_EQ(draw_picture(table_of(small), {.width = 20, .data_rows = 2}),
               "Title\n# a comment\nname │ size\n─────┼─────\nAnn  │ 41\nBob  │ 37\n⋮ 1 more in the "
               "sample\n");
-    EXPECT_NE(draw_picture(small, {.colour = true}).find("\x1b[36mAnn\x1b[0m"), std::string::npos);
+    EXPECT_NE(draw_picture(table_of(small), {.colour = true}).find("\x1b[36mAnn\x1b[0m"), std::string::npos);
 
     std::string row = "1";
     for (int i = 0; i < 40; ++i) {
         row += ";value " + std::to_string(i);
     }
     const Detection wide = detect("-", std::make_unique<StringBytes>(row + "\n" + row + "\n"), Settings());
-    std::istringstream lines(draw_picture(wide, {.width = 40, .data_rows = 5}));
+    std::istringstream lines(draw_picture(table_of(wide), {.width = 40, .data_rows = 5}));
     for (std::string line; std::getline(lines, line);) {
         EXPECT_LE(printable(to_utf16(line), 1000).width, 40U) << line;
     }
