@@ -57,6 +57,10 @@ void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
     }
 }
 
+void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
+    return operator new(size, tag);
+}
+
 void operator delete(void* block, std::size_t /*size*/) noexcept {
     operator delete(block);
 }
