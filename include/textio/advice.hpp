@@ -53,7 +53,8 @@ struct Settings {
 
     std::optional<enums::StrategyMode> layout{};      ///< known: the kind of layout
     std::optional<std::u16string> delimiter{};        ///< known: the delimiter; implies the layout
-    std::optional<std::vector<std::size_t>> widths{}; ///< known: widths, code units; likewise
+    /// Known: widths in code units; imply the layout. An empty list says that there are such columns.
+    std::optional<std::vector<std::size_t>> widths{};
     std::optional<char16_t> quote{};                  ///< known: the quote; 0 for none
     /// Known: the comments, as `parser::options::comment_style` has them; an empty list for none.
     std::optional<std::vector<std::u16string>> comment_style{};

@@ -29,6 +29,24 @@ bool has_odd_quotes(const Reading& reading) {
     return reading.run.consistency() < 1 || reading.figures.broken != 0;
 }
 
+/// Fields of the widest row; 1 where there is none.
+std::size_t widest_row(const FieldArray& sample) {
+    std::size_t widest = 1;
+    for (std::size_t line = 0; line < sample.line_count(); ++line) {
+        widest = std::max(widest, sample.line(line).size());
+    }
+    return widest;
+}
+
+/// `text` up to the end of the last line of a sample.
+Field sampled_part(const Field& text, const FieldArray& lines) {
+    if (lines.fields.empty()) {
+        return {text.data, 0};
+    }
+    const Field& last = lines.fields.back();
+    return {text.data, static_cast<std::size_t>(last.data + last.size - text.data)};
+}
+
 } // namespace
 
 Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
@@ -66,8 +84,24 @@ void Advisor::read_lines() {
     if (!options_.comment_style.empty()) {
         lines_ = std::make_shared<LineReaderStrategy>(options_, type_options_);
         read(lines_);
+        read_raw_lines_again();
     }
     survey_ = survey_lines(*lines_->field_array());
+}
+
+/// Comments are rows of the raw lines: these may end before the sample without them does, and are
+/// then read once more, up to its end.
+void Advisor::read_raw_lines_again() {
+    const auto& raw = raw_lines_->field_array()->fields;
+    const Field sampled = sampled_part(text_, *lines_->field_array());
+    if (raw.empty() || raw.back().data + raw.back().size >= sampled.data + sampled.size) {
+        return;
+    }
+    raw_lines_ = std::make_shared<LineReaderStrategy>(raw_lines_->options(), type_options_);
+    output::DetectionOutputBuilder builder;
+    builder.text = &sampled;
+    builder.sample_lines = SIZE_MAX;
+    parser::read_sample(builder, raw_lines_, false);
 }
 
 void Advisor::read_separators() {
@@ -82,9 +116,12 @@ void Advisor::read_separators() {
         read_separator(separator);
     }
     for (const std::u16string& delimiter : settings_.delimiters) {
-        if (!delimiter.empty() && survey_.holds(delimiter.front())) {
+        if (occurs(survey_, delimiter)) {
             read_under_quotes(named_separator(survey_, delimiter));
         }
+    }
+    if (settings_.layout && readings_.empty()) {
+        read_under_quotes(named_separator(survey_, u" "));
     }
 }
 
@@ -132,7 +169,7 @@ void Advisor::find_columns_at_positions() {
     }
     const FieldArray& lines = *lines_->field_array();
     std::vector<Reading> begun;
-    if (settings_.widths) {
+    if (settings_.widths && !settings_.widths->empty()) {
         begun.push_back(begin_positions(positions_of_widths(*settings_.widths, lines), context()));
     } else if (survey_.share(u'\t') <= some_tabs && !blanks_will_do()) {
         for (Positions& positions :
@@ -156,21 +193,62 @@ void Advisor::grade_best_positions(std::vector<Reading> begun) {
     double best = 0;
     for (Reading& reading : begun) {
         if (reading.score > best) {
+            reading.quote = options_.quote;
             grade_positions(reading, context());
             best = std::max(best, reading.score);
-            readings_.push_back(std::move(reading));
+            if (reading.score > 0) {
+                readings_.push_back(std::move(reading));
+            }
         }
     }
 }
 
 void Advisor::add_line_reading() {
-    if (!readings_.empty() && !may_be(StrategyMode::line_reader)) {
+    if (!may_be(StrategyMode::line_reader)) {
+        if (readings_.empty()) {
+            add_told_reading();
+        }
         return;
     }
     Reading reading;
     reading.quote = options_.quote;
     reading.strategy = lines_;
     grade_lines(reading, context());
+    readings_.push_back(std::move(reading));
+}
+
+/// The layout that the host told is proposed though nothing in the text shows it.
+void Advisor::add_told_reading() {
+    Reading reading;
+    reading.quote = options_.quote;
+    if (may_be(StrategyMode::fixed_width)) {
+        const FieldArray& lines = *lines_->field_array();
+        const bool has_widths = settings_.widths && !settings_.widths->empty();
+        reading = begin_positions(
+            positions_of_widths(has_widths ? *settings_.widths : std::vector<std::size_t>{1},
+                                lines),
+            context());
+        reading.quote = options_.quote;
+        if (!lines.fields.empty()) {
+            grade_positions(reading, context());
+        }
+    } else {
+        if (may_be(StrategyMode::delimited)) {
+            const bool has_delimiter = settings_.delimiter && !settings_.delimiter->empty();
+            reading.mode = StrategyMode::delimited;
+            reading.delimiter = has_delimiter ? *settings_.delimiter : u",";
+            reading.strategy = std::make_shared<DelimitedStrategy>(
+                options_, type_options_, std::vector<std::u16string>{reading.delimiter});
+        } else {
+            reading.mode = StrategyMode::space_aligned;
+            reading.strategy = std::make_shared<SpaceAlignedStrategy>(options_, type_options_);
+        }
+        read(reading.strategy);
+        reading.columns = widest_row(*reading.strategy->field_array());
+    }
+    reading.terms = Terms();
+    reading.terms[TermKind::prior] = weights::of_lines;
+    reading.score = reading.terms.product();
     readings_.push_back(std::move(reading));
 }
 

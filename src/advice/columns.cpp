@@ -35,11 +35,13 @@ bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_option
 }
 
 /// What most of the looked-at values of a column are.
-FieldClass class_of(const Grid& grid, std::size_t column, const TypeAnalyzer<false>& analyzer) {
+FieldClass class_of(const Reading& reading, std::size_t column,
+                    const TypeAnalyzer<false>& analyzer) {
+    const Grid& grid = reading.grid;
     const std::size_t step = std::max<std::size_t>(1, grid.rows() / classified_cells);
     std::array<std::size_t, class_limit> counts{};
     for (std::size_t row = 0; row < grid.rows(); row += step) {
-        const std::u16string_view text = bare(grid.cell(row, column));
+        const std::u16string_view text = bare(grid.cell(row, column), reading.quote);
         if (!stands_for_nothing(text)) {
             ++counts[static_cast<std::size_t>(analyzer.classify(Field(text)))];
         }
@@ -83,7 +85,7 @@ NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const Tabl
         }
         ++row;
         for (std::size_t column = 0; column < rows.fields(); ++column) {
-            const std::u16string_view text = bare(rows.cells()[column]);
+            const std::u16string_view text = bare(rows.cells()[column], reading.quote);
             if (looks_like_number(text)) {
                 marks.add(text);
             }
@@ -96,12 +98,12 @@ std::vector<Column> columns_of(const Reading& reading, const FieldArray& lines,
                                const TableStart& start, const TypeAnalyzerOptions& type_options) {
     std::vector<Column> columns(reading.columns);
     for (std::size_t column = 0; column < std::min(columns.size(), start.names.size()); ++column) {
-        columns[column].name = bare(start.names[column]);
+        columns[column].name = bare(start.names[column], reading.quote);
     }
     const TypeAnalyzer<false> analyzer(type_options);
     for (std::size_t column = 0; column < std::min(columns.size(), reading.grid.columns);
          ++column) {
-        columns[column].type = class_of(reading.grid, column, analyzer);
+        columns[column].type = class_of(reading, column, analyzer);
     }
     count_values(reading, lines, start.first_data, type_options, columns);
     return columns;

@@ -1,5 +1,7 @@
 #include "advice/given.hpp"
 
+#include <algorithm>
+
 namespace textio::advice {
 
 using zentor::io::text::typedetection::TypeAnalyzerOptions;
@@ -35,10 +37,7 @@ Positions positions_of_widths(const std::vector<std::size_t>& widths, const Fiel
         positions.starts.push_back(start);
         start = start < SIZE_MAX - width ? start + width : SIZE_MAX;
     }
-    if (positions.starts.empty()) {
-        positions.starts.push_back(0);
-    }
-    positions.last_line = lines.line_count() - 1;
+    positions.last_line = std::max<std::size_t>(lines.line_count(), 1) - 1;
     positions.kept = lines.fields.size();
     positions.rows = positions.kept;
     positions.all = positions.kept;

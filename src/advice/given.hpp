@@ -19,7 +19,7 @@ namespace textio::advice {
 [[nodiscard]] zentor::io::text::typedetection::TypeAnalyzerOptions
 type_options_of(const Settings& settings);
 
-/// Columns of given widths, which all lines keep. `lines` must hold a line.
+/// Columns of given widths, at least one, which all lines keep.
 [[nodiscard]] Positions positions_of_widths(const std::vector<std::size_t>& widths,
                                             const FieldArray& lines);
 

@@ -181,10 +181,10 @@ double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
 
 } // namespace
 
-std::u16string_view bare(std::u16string_view cell) noexcept {
+std::u16string_view bare(std::u16string_view cell, char16_t quote) noexcept {
     std::u16string_view text = trimmed(cell);
     if (text.size() >= 2 && text.front() == text.back() &&
-        (text.front() == u'"' || text.front() == u'\'')) {
+        (text.front() == u'"' || text.front() == u'\'' || (text.front() == quote && quote != 0))) {
         text = text.substr(1, text.size() - 2);
     }
     return trimmed(text);

@@ -10,8 +10,8 @@
 
 namespace textio::advice {
 
-/// A cell without the quotes and blanks around it.
-[[nodiscard]] std::u16string_view bare(std::u16string_view cell) noexcept;
+/// A cell without the blanks around it, and without the usual quotes or a pair of `quote`.
+[[nodiscard]] std::u16string_view bare(std::u16string_view cell, char16_t quote = u'"') noexcept;
 
 /// Whether `row` names the columns of a table of text alone, whose rows further down are `grid`:
 /// names are all different, come again in no row, and differ from the values in their length, their

@@ -61,6 +61,12 @@ Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment
         return are_single ? words : parts;
     }
     Words parts = split(text, reading.delimiter);
+    if (reading.edges.leading && parts.front().empty()) {
+        parts.erase(parts.begin());
+    }
+    while (reading.edges.trailing != 0 && parts.size() > reading.columns && parts.back().empty()) {
+        parts.pop_back();
+    }
     if (is_comment && parts.size() == reading.columns + 1) {
         parts.erase(parts.begin());
     } else if (is_comment && reading.columns > 2 && parts.size() + 1 == reading.columns) {
@@ -132,7 +138,8 @@ NamesAbove find_names_above(const Reading& reading, const FieldArray& raw_lines,
     constexpr std::size_t most_lines = 4;
     NamesAbove found;
     std::size_t line = std::min(first_data_line, raw_lines.line_count());
-    for (std::size_t looked_at = 0; line-- > 0 && looked_at < most_lines; ++looked_at) {
+    for (std::size_t looked_at = 0; line > 0 && looked_at < most_lines; ++looked_at) {
+        --line;
         const HeadingLine heading = heading_at(reading, raw_lines, opener, line);
         if (heading.has_names) {
             found.line = line;

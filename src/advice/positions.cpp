@@ -190,7 +190,8 @@ Grid grid_of(const FieldArray& lines, const Positions& positions) {
 
 std::vector<std::size_t> widths_of(const FieldArray& lines, const Positions& positions) {
     std::size_t longest = 0;
-    for (std::size_t line = positions.first_line; line <= positions.last_line; ++line) {
+    const std::size_t end_of_lines = std::min(positions.last_line + 1, lines.line_count());
+    for (std::size_t line = positions.first_line; line < end_of_lines; ++line) {
         longest = std::max(longest, text_of(lines, line).size());
     }
     std::vector<std::size_t> widths;

@@ -27,8 +27,17 @@ TableStart start_of(const Reading& reading, const ProposalSources& sources) {
                                  opener_of(*sources.options), judge);
     }
     const Settings& settings = *sources.settings;
-    start.names_line = settings.names_line.value_or(start.names_line);
-    start.first_data_line = settings.first_data_line.value_or(start.first_data_line);
+    if (settings.names_line && *settings.names_line != start.names_line) {
+        move_names(start, *settings.names_line, reading, *sources.lines, *sources.raw_lines,
+                   opener_of(*sources.options));
+    }
+    if (settings.first_data_line) {
+        move_first_data(start, *settings.first_data_line, *sources.raw_lines);
+        if (!settings.names_line && start.names_line >= start.first_data_line) {
+            start.names_line = SIZE_MAX;
+            start.names.clear();
+        }
+    }
     return start;
 }
 
@@ -54,7 +63,8 @@ parser::options options_of(const Reading& reading, const TableStart& start,
 std::shared_ptr<GenericStrategy> make_strategy(const Reading& reading,
                                                const parser::options& options,
                                                const TypeAnalyzerOptions& type_options,
-                                               const FieldArray& lines) {
+                                               const ProposalSources& sources) {
+    const auto& given_widths = sources.settings->widths;
     switch (reading.mode) {
     case StrategyMode::delimited:
         return std::make_shared<DelimitedStrategy>(options, type_options,
@@ -62,8 +72,10 @@ std::shared_ptr<GenericStrategy> make_strategy(const Reading& reading,
     case StrategyMode::space_aligned:
         return std::make_shared<SpaceAlignedStrategy>(options, type_options);
     case StrategyMode::fixed_width:
-        return std::make_shared<FixedWidthStrategy>(options, type_options,
-                                                    widths_of(lines, reading.positions));
+        return std::make_shared<FixedWidthStrategy>(
+            options, type_options,
+            given_widths && !given_widths->empty() ? std::vector<std::size_t>(*given_widths)
+                                                   : widths_of(*sources.lines, reading.positions));
     case StrategyMode::line_reader:
         break;
     }
@@ -99,7 +111,7 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
     const parser::options options = options_of(reading, start, sources);
     proposal.strategy = reading.strategy;
     if (proposal.strategy == nullptr || !read_alike(options, *sources.options)) {
-        proposal.strategy = make_strategy(reading, options, proposal.type_options, *sources.lines);
+        proposal.strategy = make_strategy(reading, options, proposal.type_options, sources);
         output::DetectionOutputBuilder builder;
         builder.text = sources.text;
         builder.sample_lines = sources.sample_lines;

@@ -42,7 +42,7 @@ Advice rank(std::vector<Reading> readings, const ProposalSources& sources) {
     const Reading& best = readings.front();
     Advice advice;
     advice.confidence = confidence_of(readings);
-    advice.is_table = !best.is_line_by_line();
+    advice.is_table = !best.is_line_by_line() && best.columns > 1;
     std::vector<const Reading*> proposed;
     for (const Reading& reading : readings) {
         const bool is_rival =

@@ -129,6 +129,13 @@ std::vector<Separator> suggested_separators(const Survey& survey) {
     return found;
 }
 
+bool occurs(const Survey& survey, std::u16string_view delimiter) {
+    return !delimiter.empty() &&
+           std::any_of(survey.lines.begin(), survey.lines.end(), [&](auto line) {
+               return line.find(delimiter) != std::u16string_view::npos;
+           });
+}
+
 Separator named_separator(const Survey& survey, std::u16string_view delimiter) {
     if (delimiter.empty()) {
         return {};

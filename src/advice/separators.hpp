@@ -20,6 +20,9 @@ struct Separator {
 /// The delimiters that stand on enough of the surveyed lines, likeliest first.
 [[nodiscard]] std::vector<Separator> suggested_separators(const Survey& survey);
 
+/// Whether a delimiter stands on one of the surveyed lines.
+[[nodiscard]] bool occurs(const Survey& survey, std::u16string_view delimiter);
+
 /// A delimiter that was asked for, with its prior.
 [[nodiscard]] Separator named_separator(const Survey& survey, std::u16string_view delimiter);
 

@@ -221,4 +221,43 @@ TableStart find_table_start(const Reading& reading, const FieldArray& lines,
     return start;
 }
 
+void move_first_data(TableStart& start, std::size_t first_data_line, const FieldArray& raw_lines) {
+    start.first_data_line = first_data_line;
+    std::size_t line = first_data_line;
+    while (line < raw_lines.line_count() && raw_lines.line(line).empty()) {
+        ++line;
+    }
+    if (line < raw_lines.line_count()) {
+        start.first_data = raw_lines.line(line).front().data;
+    } else if (!raw_lines.fields.empty()) {
+        start.first_data = raw_lines.fields.back().data + raw_lines.fields.back().size;
+    }
+}
+
+void move_names(TableStart& start, std::size_t names_line, const Reading& reading,
+                const FieldArray& lines, const FieldArray& raw_lines, std::u16string_view opener) {
+    start.names_line = names_line;
+    start.names.clear();
+    if (names_line >= raw_lines.line_count()) {
+        return;
+    }
+    if (start.first_data_line <= names_line) {
+        move_first_data(start, names_line + 1, raw_lines);
+    }
+    if (reading.is_line_by_line()) {
+        return;
+    }
+    TableRows rows(reading, lines, 0, SIZE_MAX);
+    while (rows.next()) {
+        if (rows.place() != nullptr && line_of(raw_lines, rows.place()) == names_line) {
+            start.names = rows.cells();
+            return;
+        }
+    }
+    NamesAbove above = find_names_above(reading, raw_lines, opener, names_line + 1);
+    if (above.line == names_line) {
+        start.names = std::move(above.names);
+    }
+}
+
 } // namespace textio::advice

@@ -26,4 +26,12 @@ struct TableStart {
                                           const FieldArray& raw_lines, std::u16string_view opener,
                                           CellJudge& judge);
 
+/// Puts the names on another line of the text, or, with `SIZE_MAX`, on none. Data that stood above
+/// it begin on the next line then.
+void move_names(TableStart& start, std::size_t names_line, const Reading& reading,
+                const FieldArray& lines, const FieldArray& raw_lines, std::u16string_view opener);
+
+/// Makes the data begin on another line of the text, which it may be too short for.
+void move_first_data(TableStart& start, std::size_t first_data_line, const FieldArray& raw_lines);
+
 } // namespace textio::advice
