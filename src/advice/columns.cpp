@@ -35,13 +35,12 @@ bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_option
 }
 
 /// What most of the looked-at values of a column are.
-FieldClass class_of(const Reading& reading, std::size_t column,
+FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
                     const TypeAnalyzer<false>& analyzer) {
-    const Grid& grid = reading.grid;
     const std::size_t step = std::max<std::size_t>(1, grid.rows() / classified_cells);
     std::array<std::size_t, class_limit> counts{};
     for (std::size_t row = 0; row < grid.rows(); row += step) {
-        const std::u16string_view text = bare(grid.cell(row, column), reading.quote);
+        const std::u16string_view text = bare(grid.cell(row, column), quote);
         if (!stands_for_nothing(text)) {
             ++counts[static_cast<std::size_t>(analyzer.classify(Field(text)))];
         }
@@ -49,6 +48,41 @@ FieldClass class_of(const Reading& reading, std::size_t column,
     counts[static_cast<std::size_t>(FieldClass::unknown)] = 0;
     const auto* const most = std::max_element(counts.begin(), counts.end());
     return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts.begin());
+}
+
+/// Some rows of a reading that was graded without them.
+Grid rows_of(const Reading& reading, const FieldArray& lines) {
+    Grid grid;
+    grid.columns = reading.columns;
+    RowPicker picker(lines.fields.size());
+    TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
+    while (rows.next()) {
+        if (picker.takes()) {
+            grid.cells.insert(grid.cells.end(), rows.cells().begin(), rows.cells().end());
+        }
+    }
+    return grid;
+}
+
+/// Points of dates are no thousands separators, nor are they decimal marks.
+TypeAnalyzerOptions without_marks(TypeAnalyzerOptions type_options) {
+    type_options.decimal_separator = u'.';
+    type_options.thousands_separator = 0;
+    return type_options;
+}
+
+void classify(const Reading& reading, const FieldArray& lines,
+              const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
+    const Grid ungraded = reading.grid.columns == 0 ? rows_of(reading, lines) : Grid();
+    const Grid& grid = reading.grid.columns == 0 ? ungraded : reading.grid;
+    const TypeAnalyzer<false> analyzer(type_options);
+    const TypeAnalyzer<false> date_analyzer(without_marks(type_options));
+    const auto& figures = reading.figures.columns;
+    for (std::size_t column = 0; column < std::min(columns.size(), grid.columns); ++column) {
+        const bool is_date = column < figures.size() && figures[column].commonest == CellKind::date;
+        columns[column].type =
+            class_of(grid, column, reading.quote, is_date ? date_analyzer : analyzer);
+    }
 }
 
 /// Counts values and what is missing, over all rows of the table from its first data on.
@@ -100,11 +134,7 @@ std::vector<Column> columns_of(const Reading& reading, const FieldArray& lines,
     for (std::size_t column = 0; column < std::min(columns.size(), start.names.size()); ++column) {
         columns[column].name = bare(start.names[column], reading.quote);
     }
-    const TypeAnalyzer<false> analyzer(type_options);
-    for (std::size_t column = 0; column < std::min(columns.size(), reading.grid.columns);
-         ++column) {
-        columns[column].type = class_of(reading, column, analyzer);
-    }
+    classify(reading, lines, type_options, columns);
     count_values(reading, lines, start.first_data, type_options, columns);
     return columns;
 }
