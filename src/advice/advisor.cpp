@@ -9,6 +9,7 @@
 #include "parser/read_sample.hpp"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace textio::advice {
@@ -38,13 +39,9 @@ std::size_t widest_row(const FieldArray& sample) {
     return widest;
 }
 
-/// `text` up to the end of the last line of a sample.
-Field sampled_part(const Field& text, const FieldArray& lines) {
-    if (lines.fields.empty()) {
-        return {text.data, 0};
-    }
-    const Field& last = lines.fields.back();
-    return {text.data, static_cast<std::size_t>(last.data + last.size - text.data)};
+/// Where the last field of a sample ends; null if it has none.
+const char16_t* end_of(const FieldArray& sample) {
+    return sample.fields.empty() ? nullptr : sample.fields.back().data + sample.fields.back().size;
 }
 
 } // namespace
@@ -63,6 +60,7 @@ Advice Advisor::run() {
         }
     }
     add_line_reading();
+    lengthen_raw_lines();
     weigh_against_context(readings_, context());
     return rank(std::move(readings_), sources());
 }
@@ -84,19 +82,23 @@ void Advisor::read_lines() {
     if (!options_.comment_style.empty()) {
         lines_ = std::make_shared<LineReaderStrategy>(options_, type_options_);
         read(lines_);
-        read_raw_lines_again();
     }
     survey_ = survey_lines(*lines_->field_array());
 }
 
-/// Comments are rows of the raw lines: these may end before the sample without them does, and are
-/// then read once more, up to its end.
-void Advisor::read_raw_lines_again() {
-    const auto& raw = raw_lines_->field_array()->fields;
-    const Field sampled = sampled_part(text_, *lines_->field_array());
-    if (raw.empty() || raw.back().data + raw.back().size >= sampled.data + sampled.size) {
+/// Comments, and lines in quotes, are rows of the raw lines: these may end before other samples do,
+/// and are then read once more, up to where the last of those ends.
+void Advisor::lengthen_raw_lines() {
+    const char16_t* end = end_of(*lines_->field_array());
+    for (const Reading& reading : readings_) {
+        if (reading.strategy != nullptr) {
+            end = std::max(end, end_of(*reading.strategy->field_array()), std::less<>());
+        }
+    }
+    if (end == nullptr || std::less_equal<>()(end, end_of(*raw_lines_->field_array()))) {
         return;
     }
+    const Field sampled(text_.data, static_cast<std::size_t>(end - text_.data));
     raw_lines_ = std::make_shared<LineReaderStrategy>(raw_lines_->options(), type_options_);
     output::DetectionOutputBuilder builder;
     builder.text = &sampled;

@@ -30,7 +30,6 @@ public:
 
 private:
     void read_lines();
-    void read_raw_lines_again();
     void read_separators();
     void read_separator(const Separator& separator);
     void read_under_quotes(const Separator& separator);
@@ -39,6 +38,7 @@ private:
     void grade_best_positions(std::vector<Reading> begun);
     void add_line_reading();
     void add_told_reading();
+    void lengthen_raw_lines();
 
     void add_delimited(const Separator& separator, char16_t quote);
     void add_blank_separated(char16_t quote, double prior);

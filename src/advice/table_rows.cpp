@@ -22,6 +22,7 @@ bool TableRows::next() {
         if (fields.empty()) {
             continue;
         }
+        begin_ = fields.front().data;
         std::fill_n(cells_.begin(), fields_, std::u16string_view());
         if (reading_.is_at_positions()) {
             cut(fields.front().view());

@@ -38,6 +38,9 @@ public:
     /// Where it stands in the text; null for a row of empty fields alone.
     [[nodiscard]] const char16_t* place() const { return place_; }
 
+    /// Where its first field stands in the text, which may be empty.
+    [[nodiscard]] const char16_t* begin() const { return begin_; }
+
 private:
     void cut(std::u16string_view text);
     void take(std::span<const Field> fields);
@@ -50,6 +53,7 @@ private:
     std::size_t line_ = 0;
     std::size_t fields_ = 0;
     const char16_t* place_ = nullptr;
+    const char16_t* begin_ = nullptr;
     Cells cells_;
 };
 

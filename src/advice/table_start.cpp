@@ -146,7 +146,12 @@ public:
 
 private:
     [[nodiscard]] std::size_t text_line() const {
-        return rows_.place() == nullptr ? rows_.line() : line_of(raw_lines_, rows_.place());
+        const std::size_t line = line_of(raw_lines_, rows_.begin());
+        const std::u16string_view text = text_of(raw_lines_, line);
+        const bool holds_row =
+            rows_.begin() >= text.data() && rows_.begin() <= text.data() + text.size();
+        // A row of empty fields between tabs is a blank line, and blank lines have no place.
+        return holds_row ? line : std::max(rows_.line(), line + 1);
     }
 
     void keep_first_data() {
