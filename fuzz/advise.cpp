@@ -107,8 +107,9 @@ void check_proposal(const Proposal& proposal, const Field& text, const Settings&
     }
     require(product == proposal.score, "the score is the product of its terms");
     require(proposal.regular_rows <= proposal.rows, "regular rows are rows");
-    require(settings.first_data_line ? proposal.first_data_line == *settings.first_data_line
-                                     : proposal.first_data_line < most_lines(text, settings),
+    require(settings.first_data_line
+                ? proposal.first_data_line == *settings.first_data_line
+                : settings.names_line || proposal.first_data_line < most_lines(text, settings),
             "the data begin in the text");
     require(settings.names_line
                 ? proposal.names_line == *settings.names_line
