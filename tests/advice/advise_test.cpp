@@ -9,17 +9,23 @@ using test::expect_advice;
 TEST(Advise, FindsDelimiters) {
     expect_advice({
         {"comma", u"city,people\nBern,134591\nGenf,203856\nChur,37106\n", "by ','; 0>1; city text, people number"},
-        {"semicolon beside commas in the cells", u"item;size\nbolt, hex;8\nnut, hex;10\npin, split;3\n", "by ';'; 0>1; item text, size number"},
+        {"semicolon beside commas in the cells", u"item;size\nbolt, hex;8\nnut, hex;10\npin, split;3\n",
+         "by ';'; 0>1; item text, size number"},
         {"tab", u"id\tnote\n1\tall is well\n2\tto be read again\n3\tgone, it seems\n", "by '\\t'; 0>1; id number, note text"},
         {"bar", u"7|ab cd|1,5\n8|ef gh|2,5\n9|ij kl|3,5\n", "by '|'; >0; number, text, number"},
         {"circumflex", u"id^city^rate\n1^Bern^2.5\n2^Genf^3.5\n3^Chur^4.5\n", "by '^'; 0>1; id number, city text, rate number"},
-        {"control character", u"1\u001Fab\u001F3.5\n2\u001Fcd\u001F4.5\n3\u001Fef\u001F5.5\n", "by '\\u001F'; >0; number, text, number"},
-        {"sign beyond ASCII", u"1\u00A6ab\u00A63.5\n2\u00A6cd\u00A64.5\n3\u00A6ef\u00A65.5\n", "by '\\u00A6'; >0; number, text, number"},
-        {"two bars", u"id||name||rate\n1||ab cd||2.5\n2||ef||3.5\n3||gh||4.5\n", "by '||'; 0>1; id number, name text, rate number"},
+        {"control character", u"1\u001Fab\u001F3.5\n2\u001Fcd\u001F4.5\n3\u001Fef\u001F5.5\n",
+         "by '\\u001F'; >0; number, text, number"},
+        {"sign beyond ASCII", u"1\u00A6ab\u00A63.5\n2\u00A6cd\u00A64.5\n3\u00A6ef\u00A65.5\n",
+         "by '\\u00A6'; >0; number, text, number"},
+        {"two bars", u"id||name||rate\n1||ab cd||2.5\n2||ef||3.5\n3||gh||4.5\n",
+         "by '||'; 0>1; id number, name text, rate number"},
         {"two colons", u"1::ab::3.5\n2::cd::4.5\n3::ef::5.5\n", "by '::'; >0; number, text, number"},
         {"three bars", u"1|||ab|||3.5\n2|||cd|||4.5\n3|||ef|||5.5\n", "by '|||'; >0; number, text, number"},
-        {"slashes with blanks around them", u"red / 12 / 3.5\nblue / 15 / 4.5\ngreen / 11 / 5.5\n", "by '/'; >0; text, number, number"},
-        {"empty cells and a full last column", u"a|b|c\n||1\n2||3\n||4\n5|6|7\n", "by '|'; 0>1; a number -2, b number -3, c number"},
+        {"slashes with blanks around them", u"red / 12 / 3.5\nblue / 15 / 4.5\ngreen / 11 / 5.5\n",
+         "by '/'; >0; text, number, number"},
+        {"empty cells and a full last column", u"a|b|c\n||1\n2||3\n||4\n5|6|7\n",
+         "by '|'; 0>1; a number -2, b number -3, c number"},
         {"times and dates, whose marks are no delimiters",
          u"2024-03-01,06:18:51,1.5\n2024-03-02,07:20:11,2.5\n2024-03-03,08:01:00,3.5\n", "by ','; >0; date, duration, number"},
     });
@@ -27,21 +33,26 @@ TEST(Advise, FindsDelimiters) {
 
 TEST(Advise, FindsQuotes) {
     expect_advice({
-        {"delimiters and line breaks in quotes", u"id,what\n1,\"a, b\"\n2,\"c\nd, e\"\n3,\"say \"\"f\"\"\"\n4,g\n", "by ','; 0>1; id number, what text"},
+        {"delimiters and line breaks in quotes", u"id,what\n1,\"a, b\"\n2,\"c\nd, e\"\n3,\"say \"\"f\"\"\"\n4,g\n",
+         "by ','; 0>1; id number, what text"},
         {"apostrophes that frame", u"'ab, c';'1'\n'de, f';'2'\n'gh, i';'3'\n", "by ';', quote '; >0; text, number"},
         {"apostrophes inside words", u"it's;1\nhe's;2\nshe's;3\n", "by ';'; >0; text, number"},
         {"tildes that frame", u"~id~,~what~\n~1~,~a, b~\n~2~,~c, d~\n~3~,~e, f~\n", "by ',', quote ~; 0>1; id number, what text"},
         {"inches, which are no quotes", u"1;12\" pipe;3\n2;9\" pipe;4\n3;8\" pipe;5\n", "by ';'; >0; number, text, number"},
-        {"a quote at the start of a cell alone", u"1;\"A\" road;3\n2;\"B\" road;4\n3;side;5\n", "by ';'; >0; number, text, number"},
+        {"a quote at the start of a cell alone", u"1;\"A\" road;3\n2;\"B\" road;4\n3;side;5\n",
+         "by ';'; >0; number, text, number"},
     });
 }
 
 TEST(Advise, FindsComments) {
     expect_advice({
-        {"above and between the rows", u"# box 7\na,b\n1,2\n# cleaned, at noon\n3,4\n5,6\n", "by ',', comment #; 1>2; a number, b number"},
+        {"above and between the rows", u"# box 7\na,b\n1,2\n# cleaned, at noon\n3,4\n5,6\n",
+         "by ',', comment #; 1>2; a number, b number"},
         {"percent signs", u"% made by hand\n% twice\na;b\n1;2\n3;4\n", "by ';', comment %; 2>3; a number, b number"},
-        {"names in a comment", u"# t x y\n0.5 1 2\n1.0 3 4\n1.5 5 6\n", "aligned, comment #, skip, drop; 0>1; t number, x number, y number"},
-        {"words in capitals", u"REM list of parts\nREM second run\n1;2;3\n4;5;6\n7;8;9\n", "by ';', comment REM; >2; number, number, number"},
+        {"names in a comment", u"# t x y\n0.5 1 2\n1.0 3 4\n1.5 5 6\n",
+         "aligned, comment #, skip, drop; 0>1; t number, x number, y number"},
+        {"words in capitals", u"REM list of parts\nREM second run\n1;2;3\n4;5;6\n7;8;9\n",
+         "by ';', comment REM; >2; number, number, number"},
         {"slashes", u"// one\n// two\n1;2;3\n4;5;6\n7;8;9\n", "by ';', comment //; >2; number, number, number"},
         {"numbers that begin with the sign of a comment", u"#1,ab,2.5\n#2,cd,3.5\n#3,ef,4.5\n", "by ','; >0; text, text, number"},
         {"negative numbers", u"-1,2\n-3,4\n-5,6\n", "by ','; >0; number, number"},
@@ -51,21 +62,27 @@ TEST(Advise, FindsComments) {
 TEST(Advise, FindsColumnsAtBlanks) {
     expect_advice({
         {"one blank", u"ab 1 2.5\ncd 3 4.5\nefg 5 6.5\n", "aligned, skip, drop; >0; text, number, number"},
-        {"aligned numbers", u"   t      x\n 0.5   12.5\n 1.0    3.5\n10.5  104.0\n", "aligned, skip, drop; 0>1; t number, x number"},
-        {"texts with blanks", u"Bern       7  high up\nLa Neuve   8  low\nSaint Gall 9  very high\nChur      10  high\n", "widths 11 3 9; >0; text, number, text"},
-        {"a ruler", u"name       size\n---------- ----\nLong Valley   12\nHill           5\nOld Town Road  7\n", "widths 14 2; 0>2; name text, size number"},
+        {"aligned numbers", u"   t      x\n 0.5   12.5\n 1.0    3.5\n10.5  104.0\n",
+         "aligned, skip, drop; 0>1; t number, x number"},
+        {"texts with blanks", u"Bern       7  high up\nLa Neuve   8  low\nSaint Gall 9  very high\nChur      10  high\n",
+         "widths 11 3 9; >0; text, number, text"},
+        {"a ruler", u"name       size\n---------- ----\nLong Valley   12\nHill           5\nOld Town Road  7\n",
+         "widths 14 2; 0>2; name text, size number"},
         {"a heading over columns with empty cells",
-         u"name      code  left\nAda Long  X1       3\nBo                12\nCy Small  Y22      5\nDee       Z        9\n", "widths 10 6 4; 0>1; name text, code text -1, left number"},
+         u"name      code  left\nAda Long  X1       3\nBo                12\nCy Small  Y22      5\nDee       Z        9\n",
+         "widths 10 6 4; 0>1; name text, code text -1, left number"},
         {"records of one length", u"00120240131CHF0000150\n00220240201EUR0000275\n00320240201CHF0001050\n00420240203USD0000900\n",
-         "widths 11 3 7; >0; nothing, nothing, nothing"},
+         "widths 11 3 7; >0; number, text, number"},
     });
 }
 
 TEST(Advise, TakesBarsAtBothEndsOff) {
     expect_advice({
         {"without a ruler", u"|id|name|\n|1|ab|\n|2|cd|\n|3|ef|\n", "by '|', skip, drop; 0>1; id number, name text"},
-        {"with a ruler", u"| id | name |\n|----|------|\n| 1  | ab   |\n| 2  | cd   |\n| 3  | ef   |\n", "by '|', skip, drop; 0>2; id number, name text"},
-        {"a box", u"+----+------+\n| id | name |\n+----+------+\n| 1  | ab   |\n| 2  | cd   |\n| 3  | ef   |\n+----+------+\n", "by '|', skip, drop; 1>3; id number, name text"},
+        {"with a ruler", u"| id | name |\n|----|------|\n| 1  | ab   |\n| 2  | cd   |\n| 3  | ef   |\n",
+         "by '|', skip, drop; 0>2; id number, name text"},
+        {"a box", u"+----+------+\n| id | name |\n+----+------+\n| 1  | ab   |\n| 2  | cd   |\n| 3  | ef   |\n+----+------+\n",
+         "by '|', skip, drop; 1>3; id number, name text"},
         {"delimiters at the ends of lines", u"1;2;\n3;4;\n5;6;\n", "by ';'; >0; number, number, nothing -3"},
         {"several delimiters there", u"1;2;;;\n3;4;;;\n5;6;;;\n", "by ';', drop; >0; number, number"},
     });
@@ -74,26 +91,37 @@ TEST(Advise, TakesBarsAtBothEndsOff) {
 TEST(Advise, FindsRecordsOfSeveralKinds) {
     expect_advice({
         {"segments that end with a sign",
-         u"ST*850*0001~\nBEG*00*SA*4711**20240131~\nPO1*1*12*EA*9.5~\nPID*F****bolt~\nPO1*2*5*EA*3.25~\nPID*F****nut~\nSE*6*0001~\n",
-         "by '*'; >0; nothing, nothing, nothing -2, nothing -4, nothing -5, nothing -4"},
-        {"kinds that come again", u"HD|1|2024-01-31\nPO|1|ab|7|x\nPO|2|cd|8|y\nNT|ok\nPO|3|ef|9|z\nNT|gone\nPO|4|ef|9|z\n", "by '|'; >0; nothing, nothing, nothing -2, nothing -3, nothing -3"},
+         u"ST*850*0001~\nBEG*00*SA*4711**20240131~\nPO1*1*12*EA*9.5~\nPID*F****bolt~\nPO1*2*5*EA*3.25~\nPID*F****nut~\nSE*6*0001~"
+         u"\n",
+         "by '*'; >0; text, number, number -2, text -4, text -5, text -4"},
+        {"kinds that come again", u"HD|1|2024-01-31\nPO|1|ab|7|x\nPO|2|cd|8|y\nNT|ok\nPO|3|ef|9|z\nNT|gone\nPO|4|ef|9|z\n",
+         "by '|'; >0; text, number, text -2, number -3, text -3"},
     });
 }
 
 TEST(Advise, FindsWhereTheTableBegins) {
     expect_advice({
-        {"a title", u"Sales of May, all shops\nday,shop,sum\n1,East,12.5\n2,West,13.5\n3,East,7.5\n", "by ','; 1>2; day number, shop text, sum number"},
-        {"a preamble of another layout", u"Unit: 7\nRange: 10, low\n\nday;sum\n1;2.5\n2;3.5\n3;4.5\n", "by ';'; 3>4; day number, sum number"},
+        {"a title", u"Sales of May, all shops\nday,shop,sum\n1,East,12.5\n2,West,13.5\n3,East,7.5\n",
+         "by ','; 1>2; day number, shop text, sum number"},
+        {"a preamble of another layout", u"Unit: 7\nRange: 10, low\n\nday;sum\n1;2.5\n2;3.5\n3;4.5\n",
+         "by ';'; 3>4; day number, sum number"},
         {"units below the names", u"time;speed\ns;m/s\n0.5;2.5\n1.0;3.5\n1.5;4.0\n", "by ';'; 0>2; time number, speed number"},
         {"no names", u"1;ab;2.5\n2;cd;3.5\n3;ef;4.5\n", "by ';'; >0; number, text, number"},
-        {"names over text alone", u"first_name,town\nAda,Bern\nBo,Chur\nCy,Bern\nDee,Chur\n", "by ','; 0>1; first_name text, town text"},
+        {"names over text alone", u"first_name,town\nAda,Bern\nBo,Chur\nCy,Bern\nDee,Chur\n",
+         "by ','; 0>1; first_name text, town text"},
         {"text alone without names", u"Ada,Bern\nBo,Chur\nCy,Bern\nDee,Chur\nEd,Bern\n", "by ','; >0; text, text"},
-        {"years as names", u"land;2019;2020;2021\nCH;1.5;2.5;3.5\nDE;4.5;5.5;6.5\nFR;7.5;8.5;9.5\n", "by ';'; 0>1; land text, 2019 number, 2020 number, 2021 number"},
-        {"names in quotes", u"\"the day\";\"the sum\"\n\"1\";2.5\n\"2\";3.5\n\"3\";4.5\n", "by ';'; 0>1; the day number, the sum number"},
+        {"years as names", u"land;2019;2020;2021\nCH;1.5;2.5;3.5\nDE;4.5;5.5;6.5\nFR;7.5;8.5;9.5\n",
+         "by ';'; 0>1; land text, 2019 number, 2020 number, 2021 number"},
+        {"names in quotes", u"\"the day\";\"the sum\"\n\"1\";2.5\n\"2\";3.5\n\"3\";4.5\n",
+         "by ';'; 0>1; the day number, the sum number"},
         {"blank lines in front", u"\n\n\na;b\n1;2\n3;4\n5;6\n", "by ';'; 3>4; a number, b number"},
-        {"a footer", u"a;b;c\n1;2;3\n4;5;6\n7;8;9\n10;11;12\n\nread by hand\nand checked\n", "by ';'; 0>1; a number, b number, c number"},
-        {"names twice, the second in other words", u"t;p\nTime;Pressure\n1;2.5\n2;3.5\n3;4.5\n", "by ';'; 0>2; t number, p number"},
+        {"a footer", u"a;b;c\n1;2;3\n4;5;6\n7;8;9\n10;11;12\n\nread by hand\nand checked\n",
+         "by ';'; 0>1; a number, b number, c number"},
+        {"names twice, the second in other words", u"t;p\nTime;Pressure\n1;2.5\n2;3.5\n3;4.5\n",
+         "by ';'; 0>2; t number, p number"},
         {"a line break in the names", u"\"a\nday\";b\n1;2\n3;4\n5;6\n", "by ';'; 0>2; a\\nday number, b number"},
+        {"a row without values below such names", u"\"a\n\nday\";b\n;\n1;2\n3;4\n5;6\n",
+         "by ';'; 0>3; a\\n\\nday number -1, b number -1"},
         {"carriage returns", u"a;b\r\n1;2\r\n3;4\r\n5;6\r\n", "by ';'; 0>1; a number, b number"},
         {"the last line is not ended", u"a;b\n1;2\n3;4\n5;6", "by ';'; 0>1; a number, b number"},
     });
@@ -101,11 +129,24 @@ TEST(Advise, FindsWhereTheTableBegins) {
 
 TEST(Advise, TellsColumns) {
     expect_advice({
-        {"classes", u"n;d;t;w;h\n1;2024-01-31;06:18:51;ab;0x1F\n2;2024-02-01;07:20:11;cd;0x2A\n3;2024-02-02;08:01:00;ef;0xB\n", "by ';'; 0>1; n number, d date, t duration, w text, h hex"},
+        {"classes", u"n;d;t;w;h\n1;2024-01-31;06:18:51;ab;0x1F\n2;2024-02-01;07:20:11;cd;0x2A\n3;2024-02-02;08:01:00;ef;0xB\n",
+         "by ';'; 0>1; n number, d date, t duration, w text, h hex"},
         {"missing values", u"a,b,c\n1,,NA\n2,x,NA\n,y,NA\n4,z,NA\n", "by ','; 0>1; a number -1, b text -1, c nothing -4"},
-        {"rows that lack cells", u"a,b,c\n1,2,3\n4,5\n7,8,9\n10,11,12\n13,14,15\n16,17,18\n", "by ','; 0>1; a number, b number, c number -1"},
+        {"rows that lack cells", u"a,b,c\n1,2,3\n4,5\n7,8,9\n10,11,12\n13,14,15\n16,17,18\n",
+         "by ','; 0>1; a number, b number, c number -1"},
         {"empty names", u",b,\n1,2,3\n4,5,6\n7,8,9\n", "by ','; 0>1; number, b number, number"},
     });
+}
+
+TEST(Advise, CountsLinesBehindTheSample) {
+    // Comments are no rows: the sample ends behind what as many raw lines would hold.
+    const std::u16string text = u"# one\n# two\n# three\na;b\n1;2\n3;4\n5;6\n7;8\n";
+    for (const std::size_t rows : {4U, 5U, 6U}) {
+        EXPECT_EQ(test::shown(advice_on(text, {}, rows).proposals.front()), "by ';', comment #; 3>4; a number, b number") << rows;
+    }
+    // Nor do lines in quotes end a row.
+    const std::u16string quoted = u"\"by hand,\nin\nthe\nyear\n2024,\nat home\"\nday,sum\n1,2\n3,4\n5,6\n7,8\n";
+    EXPECT_EQ(test::start_of(advice_on(quoted, {}, 5).proposals.front()), "6>7");
 }
 
 struct MarkCase {

@@ -23,8 +23,8 @@ inline Advice advice_on(const std::u16string& text, const Settings& settings = {
 }
 
 inline std::string shown(zentor::io::text::typedetection::FieldClass type) {
-    constexpr std::array names{"",     "number",   "text", "datetime", "", "nothing", "",
-                               "date", "duration", "hex",  "binary",   "short duration", "delimiter"};
+    constexpr std::array names{"",         "number", "text",   "datetime",       "",         "nothing", "", "date",
+                               "duration", "hex",    "binary", "short duration", "delimiter"};
     return names.at(static_cast<std::size_t>(type));
 }
 

@@ -52,19 +52,56 @@ bool shows_whole_text(const GenericStrategy& strategy, std::u16string_view text)
     return is_blank(text.substr(position));
 }
 
+/// All texts of up to `longest` units, in the order of their lengths.
+std::vector<std::u16string> all_texts(std::u16string_view alphabet, std::size_t longest) {
+    std::vector<std::u16string> texts{u""};
+    for (std::size_t next = 0; next < texts.size() && texts[next].size() < longest; ++next) {
+        for (const char16_t unit : alphabet) {
+            texts.push_back(texts[next] + unit);
+        }
+    }
+    return texts;
+}
+
 TEST(Exhaustive, NoUnitOfAShortTextIsLost) {
-    constexpr std::u16string_view alphabet = u",\" \n1a";
-    constexpr std::size_t longest = 6;
     const parser::options options;
     const zentor::io::text::typedetection::TypeAnalyzerOptions types;
     detection::StrategySelector selector(options, types);
-    std::vector<std::u16string> texts{u""}; // in the order of their lengths
-    for (std::size_t next = 0; next < texts.size(); ++next) {
-        const std::u16string text = texts[next];
+    for (const std::u16string& text : all_texts(u",\" \n1a", 6)) {
         const auto found = selector.pick_strategy(Field(text), SIZE_MAX);
         ASSERT_TRUE(shows_whole_text(*found, text)) << test::shown(text) << " as " << test::shown(*found->field_array());
-        for (const char16_t unit : text.size() < longest ? alphabet : std::u16string_view()) {
-            texts.push_back(text + unit);
+    }
+}
+
+bool lies_in(std::u16string_view part, std::u16string_view text) {
+    return part.empty() || (part.data() >= text.data() && part.data() + part.size() <= text.data() + text.size());
+}
+
+/// What must hold of any proposal; empty if it does.
+std::string fault_of(const advice::Proposal& proposal, const std::u16string& text) {
+    const auto lines = static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n')) + 1;
+    const std::size_t rows = proposal.columns.empty() ? 0 : proposal.columns.front().values + proposal.columns.front().missing;
+    if (!(proposal.score > 0 && proposal.score <= 1)) {
+        return "score";
+    }
+    if (proposal.first_data_line >= lines ||
+        (proposal.names_line != advice::no_line && proposal.names_line >= proposal.first_data_line)) {
+        return "start";
+    }
+    const bool has_odd_column = std::any_of(proposal.columns.begin(), proposal.columns.end(), [&](const advice::Column& column) {
+        return !lies_in(column.name, text) || column.values + column.missing != rows;
+    });
+    return proposal.columns.empty() || has_odd_column || rows > lines ? "columns" : "";
+}
+
+TEST(Exhaustive, AdviceOnAShortTextIsSound) {
+    for (const std::u16string& text : all_texts(u",|\" \n1a", 5)) {
+        const advice::Advice found = advice::advise(Field(text), SIZE_MAX);
+        ASSERT_FALSE(found.proposals.empty()) << test::shown(text);
+        ASSERT_GE(found.confidence, 1) << test::shown(text);
+        for (const advice::Proposal& proposal : found.proposals) {
+            ASSERT_EQ(fault_of(proposal, text), "")
+                << test::shown(text) << " as " << test::shown(*proposal.strategy->field_array());
         }
     }
 }

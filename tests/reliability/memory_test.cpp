@@ -101,6 +101,42 @@ TEST(Memory, RunningOutLosesNothing) {
     }
 }
 
+/// All that advice says of a text.
+std::string advice_on(const std::u16string& text) {
+    const textio::advice::Advice found = textio::advice::advise(textio::Field(text), 100);
+    std::string told = std::to_string(found.confidence);
+    for (const auto& each : found.proposals) {
+        told += test::shown(*each.strategy) + test::shown(*each.strategy->field_array()) + std::to_string(each.score);
+        for (const auto& column : each.columns) {
+            told += test::shown(column.name) + std::to_string(column.missing);
+        }
+    }
+    return told;
+}
+
+TEST(Memory, RunningOutWhileAdvisingLosesNothing) {
+    std::vector<std::u16string> texts{u"title\n|a|b|\n|1|x|\n|2|y|\n|3|z|\n", u"# t x\n0.5 7\n1.0 8\n# off\n1.5 9\n",
+                                      u"'a,b';1\n'c,d';2\n'e,f';3\n", u"HD|1\nPO|1|a\nPO|2|b\nPO|3|c\nNT|x\nNT|y\n"};
+    for (const test::LayoutCase& layout : test::layout_cases) {
+        texts.push_back(layout.text);
+    }
+    const textio::advice::Settings settings;
+    for (const std::u16string& text : texts) {
+        const std::string expected = advice_on(text);
+        std::size_t failures = 0;
+        Outcome outcome = Outcome::out_of_memory;
+        for (std::size_t number = 0; outcome != Outcome::done; ++number) {
+            const std::size_t before = blocks_in_use;
+            outcome = with_failing_allocation(
+                number, [&] { static_cast<void>(textio::advice::advise(textio::Field(text), 100, settings)); });
+            ASSERT_EQ(blocks_in_use, before) << test::shown(text) << " leaks at allocation " << number;
+            failures += outcome == Outcome::out_of_memory ? 1 : 0;
+        }
+        EXPECT_EQ(advice_on(text), expected) << test::shown(text);
+        EXPECT_GT(failures, 30U) << test::shown(text);
+    }
+}
+
 class Letters : public zentor::io::text::stream::TextSource {
     std::size_t read(char16_t* begin, char16_t* /*end*/) override {
         std::fill_n(begin, 5, u'x');
