@@ -115,8 +115,6 @@ TEST(Advise, FindsWhereTheTableBegins) {
         {"names in quotes", u"\"the day\";\"the sum\"\n\"1\";2.5\n\"2\";3.5\n\"3\";4.5\n",
          "by ';'; 0>1; the day number, the sum number"},
         {"blank lines in front", u"\n\n\na;b\n1;2\n3;4\n5;6\n", "by ';'; 3>4; a number, b number"},
-        {"a footer", u"a;b;c\n1;2;3\n4;5;6\n7;8;9\n10;11;12\n\nread by hand\nand checked\n",
-         "by ';'; 0>1; a number, b number, c number"},
         {"names twice, the second in other words", u"t;p\nTime;Pressure\n1;2.5\n2;3.5\n3;4.5\n",
          "by ';'; 0>2; t number, p number"},
         {"a line break in the names", u"\"a\nday\";b\n1;2\n3;4\n5;6\n", "by ';'; 0>2; a\\nday number, b number"},
@@ -167,7 +165,7 @@ TEST(Advise, FindsTheMarksOfNumbers) {
         {"three decimals at points", u"1.234;5\n12.345;6\n0.456;7\n", "."},
         {"whole numbers", u"1;2\n3;4\n5;6\n", "?"},
         {"in quotes", u"\"0,12\",\"7\"\n\"0,15\",\"8\"\n\"1,20\",\"9\"\n", ","},
-        {"money and shares", u"$1,234.50;5.5%\n$12.00;6.5%\n$7.25;7.5%\n", "."},
+        {"money and shares", u"$1,234.50;5.5%\n$12.00;6.5%\n$7.25;7.5%\n", ".,"},
     };
     for (const MarkCase& c : cases) {
         EXPECT_EQ(test::marks_of(advice_on(c.text).proposals.front()), c.expected) << c.name;

@@ -1,6 +1,7 @@
 // What a text may go through without its layout seeming another.
 #include "advice/advising.hpp"
 #include "advice/example_text.hpp"
+#include "parser/reading.hpp"
 
 #include <algorithm>
 
@@ -176,6 +177,48 @@ TEST(AdviseProperties, ExamplesKeepTheirLayout) {
                 EXPECT_EQ(layout_of(rewritten), "by '" + shown(std::u16string(1, other)) + "'" + columns) << example.file;
             }
         }
+    }
+}
+
+/// What a reader made from the options of a proposal reads.
+std::string read_again(const Proposal& proposal, const std::u16string& text) {
+    const textio::parser::options& options = proposal.strategy->options();
+    const test::Request request{.rows = test::sample_rows};
+    switch (proposal.strategy->mode()) {
+    case StrategyMode::fixed_width:
+        return test::reading_with(textio::parser::FixedWidthRecordReader(options), text, options, request);
+    case StrategyMode::line_reader:
+        return test::reading_with(textio::parser::LineRecordReader(options), text, options, request, false);
+    default:
+        return test::reading_with(textio::parser::DelimitedRecordReader(options), text, options, request, false);
+    }
+}
+
+TEST(AdviseProperties, OptionsAreReadyForUse) {
+    std::vector<std::u16string> texts{u"|id|name|\n|1|ab|\n|2|cd|\n|3|ef|\n", u"1;2;;;\n3;4;;;\n5;6;;;\n",
+                                      u"~a~,~b,c~\n~d~,~e~\n~f~,~g~\n"};
+    for (const auto& entry : std::filesystem::directory_iterator(EXAMPLE_DATA)) {
+        texts.push_back(test::example_text(entry.path()));
+    }
+    for (const std::u16string& text : texts) {
+        const auto found = test::advice_on(text);
+        for (const Proposal& each : found.proposals) {
+            const textio::FieldArray& sample = *each.strategy->field_array();
+            const std::string expected = shown(sample);
+            EXPECT_EQ(read_again(each, text).substr(0, expected.size()), expected) << test::layout_of(each);
+        }
+        // Records in quotes over several lines are fewer than lines of the text.
+        const Proposal& best = found.proposals.front();
+        const textio::FieldArray& sample = *best.strategy->field_array();
+        const auto lines_of_text = static_cast<std::size_t>(std::count(text.begin(), text.end(), u'\n'));
+        if (!found.is_table || sample.line_count() + 1 < lines_of_text) {
+            continue;
+        }
+        std::size_t regular = 0;
+        for (std::size_t line = best.first_data_line; line < sample.line_count(); ++line) {
+            regular += sample.line(line).size() == best.columns.size() ? 1U : 0U;
+        }
+        EXPECT_GE(regular * 4, best.columns.front().values * 3) << shown(text);
     }
 }
 
