@@ -51,11 +51,12 @@ struct Settings {
     /// The most proposals that are given, at least one.
     std::size_t proposal_limit = 8;
 
-    std::optional<enums::StrategyMode> layout{};      ///< known: the kind of layout
-    std::optional<std::u16string> delimiter{};        ///< known: the delimiter; implies the layout
-    /// Known: widths in code units; imply the layout. An empty list says that there are such columns.
+    std::optional<enums::StrategyMode> layout{}; ///< known: the kind of layout
+    std::optional<std::u16string> delimiter{};   ///< known: the delimiter; implies the layout
+    /// Known: widths in code units; imply the layout. An empty list says that there are such
+    /// columns.
     std::optional<std::vector<std::size_t>> widths{};
-    std::optional<char16_t> quote{};                  ///< known: the quote; 0 for none
+    std::optional<char16_t> quote{}; ///< known: the quote; 0 for none
     /// Known: the comments, as `parser::options::comment_style` has them; an empty list for none.
     std::optional<std::vector<std::u16string>> comment_style{};
     std::optional<char16_t> decimal_mark{};        ///< known: the decimal mark

@@ -171,7 +171,7 @@ void Advisor::find_columns_at_positions() {
     }
     const FieldArray& lines = *lines_->field_array();
     std::vector<Reading> begun;
-    if (settings_.widths && !settings_.widths->empty()) {
+    if (has_given_widths()) {
         begun.push_back(begin_positions(positions_of_widths(*settings_.widths, lines), context()));
     } else if (survey_.share(u'\t') <= some_tabs && !blanks_will_do()) {
         for (Positions& positions :
@@ -225,10 +225,9 @@ void Advisor::add_told_reading() {
     reading.quote = options_.quote;
     if (may_be(StrategyMode::fixed_width)) {
         const FieldArray& lines = *lines_->field_array();
-        const bool has_widths = settings_.widths && !settings_.widths->empty();
         reading = begin_positions(
-            positions_of_widths(has_widths ? *settings_.widths : std::vector<std::size_t>{1},
-                                lines),
+            positions_of_widths(
+                has_given_widths() ? *settings_.widths : std::vector<std::size_t>{1}, lines),
             context());
         reading.quote = options_.quote;
         if (!lines.fields.empty()) {
@@ -316,6 +315,10 @@ bool Advisor::may_be(StrategyMode layout) const {
         return layout == StrategyMode::fixed_width;
     }
     return !settings_.layout || *settings_.layout == layout;
+}
+
+bool Advisor::has_given_widths() const {
+    return settings_.widths && !settings_.widths->empty();
 }
 
 bool Advisor::may_read_more() const {

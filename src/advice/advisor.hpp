@@ -46,6 +46,7 @@ private:
     void read(const std::shared_ptr<GenericStrategy>& strategy);
 
     [[nodiscard]] bool may_be(enums::StrategyMode layout) const;
+    [[nodiscard]] bool has_given_widths() const;
     [[nodiscard]] bool may_read_more() const;
     [[nodiscard]] bool can_still_win(double upper_bound) const;
     [[nodiscard]] bool has_delimited_table() const;
