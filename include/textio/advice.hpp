@@ -132,6 +132,9 @@ struct Advice {
 /// used. Any text and any settings give an answer. Throws `std::bad_alloc` and nothing else. The
 /// cost is linear in the part of the text that is sampled, for each reading.
 [[nodiscard]] TEXTIO_EXPORT Advice advise(const Field& text, std::size_t sample_lines,
-                                          const Settings& settings = {});
+                                          const Settings& settings);
+
+/// The same with nothing known.
+[[nodiscard]] TEXTIO_EXPORT Advice advise(const Field& text, std::size_t sample_lines);
 
 } // namespace textio::advice

@@ -139,8 +139,10 @@ void Advisor::read_under_quotes(const Separator& separator) {
         add_delimited(separator, *settings_.quote);
         return;
     }
+    const std::size_t before = readings_.size();
     add_delimited(separator, usual_quote);
-    if (survey_.holds(usual_quote) && !readings_.empty() && has_odd_quotes(readings_.back())) {
+    const bool fits = readings_.size() > before && !has_odd_quotes(readings_.back());
+    if (survey_.holds(usual_quote) && !fits) {
         add_delimited(separator, 0);
     }
     for (const char16_t quote : settings_.quotes) {

@@ -68,14 +68,16 @@ std::optional<Positions> columns_of_region(const FieldArray& lines, Region regio
     if (filled.size() < 2) {
         return std::nullopt;
     }
-    const auto counts = filled_counts(filled, settled_length(filled));
+    const bool is_padded = are_of_one_length(filled);
+    const auto counts =
+        filled_counts(filled, is_padded ? filled.front().size() : settled_length(filled));
     Positions found;
     const std::size_t most = filled.size() >= 50 ? filled.size() / 100 : 0;
     found.starts = starts_between_cuts(counts, most);
     if (found.starts.size() < 2) {
         return std::nullopt;
     }
-    found.is_padded = are_of_one_length(filled);
+    found.is_padded = is_padded;
     found.has_gaps = have_gaps(counts, most, found.starts);
     if (region.first > 0) {
         const std::u16string_view heading = text_of(lines, region.first - 1);

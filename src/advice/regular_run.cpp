@@ -175,7 +175,8 @@ RegularRun find_headed_run(const FieldArray& sample) {
         ++(fields == run.width ? run.kept : run.short_rows);
     });
     const bool is_hollow = run.rows == 0 || all_fields / run.rows < run.width / most_missing;
-    if (run.width < least_width || is_wider || is_hollow || run.short_rows == 0) {
+    const bool is_mostly_whole = run.kept * 2 > run.rows; // what is shorter is a footer then
+    if (run.width < least_width || is_wider || is_hollow || is_mostly_whole) {
         return {};
     }
     run.all = run.rows;

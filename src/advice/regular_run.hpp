@@ -34,7 +34,7 @@ struct RegularRun {
 /// and `-2` for each that does not.
 [[nodiscard]] RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional);
 
-/// The whole sample as a run of the first row's width, if no row is wider and some are shorter, but
+/// The whole sample as a run of the first row's width, if no row is wider and most are shorter, but
 /// not hollow: the first row may name columns that rows lack at their ends. Otherwise none.
 [[nodiscard]] RegularRun find_headed_run(const FieldArray& sample);
 
