@@ -16,4 +16,5 @@
 #include "textio/strategy_selector.hpp"
 #include "textio/strategy_valuation.hpp"
 #include "textio/type_analyzer.hpp"
+#include "textio/utf8.hpp"
 #include "textio/version.hpp"
