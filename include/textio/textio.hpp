@@ -10,6 +10,7 @@
 #include "textio/platform/delimiter_set.hpp"
 #include "textio/platform/is_datetime.hpp"
 #include "textio/platform/text_stream.hpp"
+#include "textio/reading.hpp"
 #include "textio/rules.hpp"
 #include "textio/statistics.hpp"
 #include "textio/strategy.hpp"

@@ -1,0 +1,123 @@
+#include "parser/text_reader.hpp"
+
+#include "parser/delimited_reader.hpp"
+#include "parser/fixed_width_reader.hpp"
+#include "parser/line_reader.hpp"
+#include "search/unit_search.hpp"
+
+#include <algorithm>
+#include <optional>
+#include <type_traits>
+
+namespace textio::parser {
+
+namespace {
+
+std::size_t longest(const std::vector<std::u16string>& strings, std::size_t least) {
+    for (const std::u16string& string : strings) {
+        least = std::max(least, string.size());
+    }
+    return least;
+}
+
+/// What the skipping of blanks and delimiters in front of a line can pass, if that can be the end
+/// of a line; otherwise nothing.
+std::u16string units_across_lines(const options& options) {
+    const auto line_ends = get_or_create_delim(options.line_endings);
+    const auto delimiters = get_or_create_delim(options.delimiters);
+    const std::u16string ends(line_ends->first_units.begin(), line_ends->first_units.end());
+    const std::u16string skipped =
+        options.whitespace +
+        std::u16string(delimiters->first_units.begin(), delimiters->first_units.end());
+    return are_disjoint({ends, UnitSet(skipped).units()}) ? std::u16string() : ends + skipped;
+}
+
+template <class Reader>
+class TextReaderOf final : public TextReader {
+public:
+    explicit TextReaderOf(const parser::options& options)
+        : options_(options), reader_(options), quotes_(std::u16string_view(&options.quote, 1)),
+          line_end_starts_(reader_.guarded_line_ends.first_units().units()),
+          across_lines_(units_across_lines(options)),
+          lookahead_(longest(options.line_endings,
+                             longest(options.delimiters, longest(options.comment_style, 1)))) {
+        if (!options.comment_style.empty()) {
+            comments_.emplace(options);
+        }
+        builder_.field_array = std::make_unique<FieldArray>();
+        builder_.whitespace = std::make_unique<std::u16string>(options.whitespace);
+        builder_.limit_fields = reader_.field_limit != SIZE_MAX;
+        builder_.field_limit = reader_.field_limit;
+    }
+
+    Counts read(Field& text, std::size_t rows, std::size_t lines) override {
+        builder_.field_array->fields.clear();
+        builder_.field_array->line_ends.clear();
+        const ReadCounts counts = read_records(options_, reader_, rows, lines, text, builder_);
+        return {counts.rows, counts.lines};
+    }
+
+    [[nodiscard]] std::size_t least_lines(const Field& text) const override {
+        if (!comments_) {
+            return 1;
+        }
+        const std::size_t start = skip_to_content(reader_, text, 0);
+        const std::size_t end = comments_->skip_comment(text, start);
+        return end <= start ? 1 : finish_comment(reader_, *comments_, text, start, end).lines;
+    }
+
+    [[nodiscard]] std::size_t settled_units(const Field& text) const override {
+        // A field of fixed width that more text than there is would fill ends in front of them.
+        const std::size_t known = text.view().find_last_not_of(end_of_text) + 1;
+        std::size_t settled = known - std::min(known, lookahead_);
+        while (settled > 0 && across_lines_.contains(text.data[settled - 1])) {
+            --settled;
+        }
+        return settled;
+    }
+
+    [[nodiscard]] bool is_rest_blank(const Field& text, std::size_t at) const override {
+        const std::size_t content = reader_.blanks().skip(text, at);
+        return text.unit_at(content) == end_of_text ||
+               reader_.guarded_line_ends.match_at(text, content) != 0;
+    }
+
+    [[nodiscard]] std::size_t next_line(const Field& text, std::size_t from) const override {
+        for (std::size_t at = line_end_starts_.next(text, from); at < text.size;
+             at = line_end_starts_.next(text, at + 1)) {
+            if (const std::size_t length = reader_.guarded_line_ends.match_at(text, at);
+                length != 0) {
+                return std::min(at + length, text.size);
+            }
+        }
+        return text.size;
+    }
+
+    [[nodiscard]] bool has_quotes(const Field& text) const override {
+        return std::is_same_v<Reader, DelimitedRecordReader> && quotes_.next(text, 0) != text.size;
+    }
+
+private:
+    const parser::options& options_;
+    const Reader reader_;
+    std::optional<const CommentScanner> comments_;
+    const UnitSearch quotes_;
+    const UnitSearch line_end_starts_;
+    const UnitSet across_lines_;
+    const std::size_t lookahead_; ///< units behind a line that can change how it is read
+};
+
+} // namespace
+
+std::unique_ptr<TextReader> TextReader::make(enums::StrategyMode mode, const options& options) {
+    switch (mode) {
+    case enums::StrategyMode::fixed_width:
+        return std::make_unique<TextReaderOf<FixedWidthRecordReader>>(options);
+    case enums::StrategyMode::line_reader:
+        return std::make_unique<TextReaderOf<LineRecordReader>>(options);
+    default:
+        return std::make_unique<TextReaderOf<DelimitedRecordReader>>(options);
+    }
+}
+
+} // namespace textio::parser

@@ -1,0 +1,124 @@
+#include "reading/batches.hpp"
+
+#include <algorithm>
+
+namespace textio::reading {
+
+namespace {
+
+constexpr std::size_t batch_units = 0x8000; ///< what is read in one go
+constexpr double aimed_at = 0.9;            ///< the share of the text that a batch is to take
+constexpr std::size_t tail_share = 8;       ///< a last part this small waits for more text
+
+} // namespace
+
+Batches::Batches(enums::StrategyMode mode, const parser::options& options, Window window,
+                 std::size_t chunk_units, std::size_t longest_record)
+    : reader_(parser::TextReader::make(mode, options)),
+      has_blocks_(options.comment_style.size() == 2),
+      chunk_units_(std::max<std::size_t>(chunk_units, 1)),
+      longest_record_(std::max<std::size_t>(longest_record, 1)), window_(window) {}
+
+void Batches::pass_lines(std::size_t& count) {
+    while (count > 0) {
+        const Field ahead = window_.ahead();
+        const bool is_last = window_.is_last();
+        const std::size_t settled = is_last ? ahead.size : reader_->settled_units(ahead);
+        std::size_t passed = 0;
+        std::size_t next = reader_->next_line(ahead, passed);
+        while (count > 0 && passed < settled && next <= settled) {
+            passed = next;
+            --count;
+            next = reader_->next_line(ahead, passed);
+        }
+        const bool is_within_line = count > 0 && next == ahead.size;
+        window_.pass(is_within_line ? std::max(passed, settled) : passed);
+        if (is_last) {
+            count = 0; // no more lines than there are
+        } else if (count > 0) {
+            window_.fill(chunk_units_);
+        }
+    }
+}
+
+Batches::Outcome Batches::next() {
+    for (;;) {
+        const Field ahead = window_.ahead();
+        const bool is_last = window_.is_last();
+        const bool is_tail = ahead.size < chunk_units_ / tail_share;
+        if (is_last || !is_tail) {
+            if (ahead.size != 0 && ahead.unit_at(0) == end_of_text) {
+                return Outcome::end_mark;
+            }
+            const std::size_t settled = is_last ? ahead.size : reader_->settled_units(ahead);
+            if (settled != 0 && read_some(ahead, settled)) {
+                return Outcome::lines;
+            }
+            if (is_last) {
+                return Outcome::end_of_text;
+            }
+            // What is settled can stay behind where blanks end lines.
+            if (settled >= longest_record_ || ahead.size / 2 >= longest_record_) {
+                return Outcome::too_long;
+            }
+        }
+        get_more(is_tail ? 0 : ahead.size);
+    }
+}
+
+/// How many lines are likely to be found in the first so many units.
+std::size_t Batches::lines_to_read(std::size_t units) const noexcept {
+    const auto aimed = aimed_at * static_cast<double>(std::min(units, batch_units));
+    return std::max<std::size_t>(static_cast<std::size_t>(aimed / units_per_line_), 1);
+}
+
+/// Reads lines of `ahead`, none that ends behind `settled`. Gives whether there are any.
+bool Batches::read_some(const Field& ahead, std::size_t settled) {
+    std::size_t wanted = lines_to_read(settled);
+    for (;;) {
+        Field rest = ahead;
+        const auto counts = reader_->read(rest, wanted, has_blocks_ ? SIZE_MAX : wanted);
+        if (accept(ahead, rest, settled)) {
+            return true;
+        }
+        // The last line found is the one that is not settled, or there are blank ones behind it.
+        const std::size_t found = has_blocks_ ? counts.rows : counts.lines;
+        const std::size_t fewer = found - std::min(found, found / 16 + 1);
+        if (fewer == 0) {
+            return has_blocks_ && read_least(ahead, settled);
+        }
+        wanted = std::min(wanted - 1, fewer);
+        if (wanted == 0) {
+            return false;
+        }
+    }
+}
+
+/// The same, as few lines as can be read. So a long run of comments without a record among them is
+/// passed, where no limit of lines may be set for many.
+bool Batches::read_least(const Field& ahead, std::size_t settled) {
+    Field rest = ahead;
+    reader_->read(rest, 1, reader_->least_lines(ahead));
+    return accept(ahead, rest, settled);
+}
+
+bool Batches::accept(const Field& ahead, const Field& rest, std::size_t settled) {
+    const std::size_t units = ahead.size - rest.size;
+    if (units == 0 || units > settled) {
+        return false;
+    }
+    text_ = Field(ahead.data, units);
+    window_.pass(units);
+    const std::size_t found = std::max<std::size_t>(lines().line_count(), 1);
+    units_per_line_ = static_cast<double>(units) / static_cast<double>(found);
+    return true;
+}
+
+/// Gets another chunk, or where `held` units hold no settled line as many again, so that all of a
+/// long record is not looked at with every chunk.
+void Batches::get_more(std::size_t held) {
+    const std::size_t room = longest_record_ - std::min(held, longest_record_);
+    window_.fill(std::max(chunk_units_, std::min(held, room)));
+}
+
+} // namespace textio::reading

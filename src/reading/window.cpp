@@ -1,0 +1,37 @@
+#include "reading/window.hpp"
+
+#include <algorithm>
+#include <new>
+
+namespace textio::reading {
+
+using zentor::io::text::stream::TextStream;
+
+void Window::pass(std::size_t units) noexcept {
+    if (stream_ == nullptr) {
+        text_.advance(units);
+    } else {
+        stream_->position += units;
+    }
+}
+
+/// Until the source has delivered, the stream holds what it held before, so that a source may
+/// throw.
+void Window::fill(std::size_t units) {
+    TextStream& stream = *stream_;
+    const std::size_t kept = units_of_stream();
+    std::copy(stream.position, stream.data_end, stream.buffer_begin);
+    stream.position = stream.buffer_begin;
+    stream.data_end = stream.buffer_begin + kept;
+    if (units > SIZE_MAX / sizeof(char16_t) - kept) {
+        throw std::bad_alloc();
+    }
+    stream.resizeInternalBuffer(kept + units);
+    char16_t* const write_at = stream.buffer_begin + kept;
+    stream.data_end = write_at;
+    const std::size_t delivered = std::min(stream.source->read(write_at, write_at + units), units);
+    stream.at_eof = delivered < units;
+    stream.data_end = write_at + delivered;
+}
+
+} // namespace textio::reading
