@@ -113,7 +113,21 @@ public:
     ~Reader();
 
     /// Goes to the next record. Gives whether there is one.
-    bool next();
+    bool next() {
+        for (; lines_.next != lines_.plain_end; ++lines_.next) {
+            const std::size_t count = *lines_.next - lines_.begin;
+            if (count == lines_.regular) {
+                fields_ = std::span(lines_.fields + lines_.begin, count);
+                fault_ = Fault::none;
+                lines_.begin = *lines_.next++;
+                return true;
+            }
+            if (count != 0) {
+                break;
+            }
+        }
+        return look_closer();
+    }
 
     /// The fields of the record, raw, with blanks and quotes; good until `next` is called.
     [[nodiscard]] std::span<const Field> fields() const noexcept { return fields_; }
@@ -133,7 +147,20 @@ public:
 private:
     class State;
 
+    /// The lines in memory that come next.
+    struct Lines {
+        const Field* fields = nullptr;
+        const std::size_t* next = nullptr;      ///< the end of the next one's fields
+        const std::size_t* plain_end = nullptr; ///< from here on, each needs a closer look
+        const std::size_t* end = nullptr;
+        std::size_t begin = 0;          ///< of the next one's fields
+        std::size_t regular = SIZE_MAX; ///< fields of a record that has no fault
+    };
+
+    bool look_closer();
+
     std::unique_ptr<State> state_;
+    Lines lines_;
     std::span<const Field> fields_;
     Fault fault_ = Fault::none;
 };

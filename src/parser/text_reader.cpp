@@ -4,6 +4,7 @@
 #include "parser/fixed_width_reader.hpp"
 #include "parser/line_reader.hpp"
 #include "search/unit_search.hpp"
+#include "unseen_fields.hpp"
 
 #include <algorithm>
 #include <optional>
@@ -36,7 +37,8 @@ template <class Reader>
 class TextReaderOf final : public TextReader {
 public:
     explicit TextReaderOf(const parser::options& options)
-        : options_(options), reader_(options), quotes_(std::u16string_view(&options.quote, 1)),
+        : TextReader(GuardedDelim(get_or_create_delim(options.line_endings)).usual_unit()),
+          options_(options), reader_(options), quotes_(std::u16string_view(&options.quote, 1)),
           line_end_starts_(reader_.guarded_line_ends.first_units().units()),
           across_lines_(units_across_lines(options)),
           lookahead_(longest(options.line_endings,
@@ -51,8 +53,11 @@ public:
     }
 
     Counts read(Field& text, std::size_t rows, std::size_t lines) override {
-        builder_.field_array->fields.clear();
-        builder_.field_array->line_ends.clear();
+        FieldArray& array = *builder_.field_array;
+        const std::size_t room = array.fields.capacity();
+        free_without_a_look(array.fields);
+        array.fields.reserve(room);
+        array.line_ends.clear();
         const ReadCounts counts = read_records(options_, reader_, rows, lines, text, builder_);
         return {counts.rows, counts.lines};
     }

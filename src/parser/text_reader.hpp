@@ -20,7 +20,6 @@ public:
         std::size_t lines;
     };
 
-    TextReader() = default;
     TextReader(const TextReader&) = delete;
     TextReader& operator=(const TextReader&) = delete;
     virtual ~TextReader() = default;
@@ -44,6 +43,11 @@ public:
     /// Whether nothing but blanks stands on the line from `at` of `text` on.
     [[nodiscard]] virtual bool is_rest_blank(const Field& text, std::size_t at) const = 0;
 
+    /// Whether a line of `text` ends at `at` for certain; many other lines do too.
+    [[nodiscard]] bool clearly_ends_at(const Field& text, std::size_t at) const noexcept {
+        return at == text.size || text.data[at] == usual_line_end_;
+    }
+
     /// Where the next line of `text` starts, counted from `from`; `text.size` if none does.
     [[nodiscard]] virtual std::size_t next_line(const Field& text, std::size_t from) const = 0;
 
@@ -54,6 +58,9 @@ public:
     [[nodiscard]] const FieldArray& lines() const noexcept { return *builder_.field_array; }
 
 protected:
+    explicit TextReader(char32_t usual_line_end) noexcept : usual_line_end_(usual_line_end) {}
+
+    char32_t usual_line_end_; ///< one unit that is a line ending by itself, or none
     output::DetectionOutputBuilder builder_;
 };
 

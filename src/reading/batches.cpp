@@ -6,9 +6,9 @@ namespace textio::reading {
 
 namespace {
 
-constexpr std::size_t batch_units = 0x8000; ///< what is read in one go
-constexpr double aimed_at = 0.9;            ///< the share of the text that a batch is to take
-constexpr std::size_t tail_share = 8;       ///< a last part this small waits for more text
+constexpr std::size_t batch_units = 0x20000; ///< what is read in one go
+constexpr double aimed_at = 0.9;             ///< the share of the text that a batch is to take
+constexpr std::size_t tail_share = 8;        ///< a last part this small waits for more text
 
 } // namespace
 

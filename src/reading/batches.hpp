@@ -51,7 +51,7 @@ private:
     const std::size_t longest_record_;
     Window window_;
     Field text_;
-    double units_per_line_ = 64; ///< of the last batch
+    double units_per_line_ = 0x800; ///< of the last batch; the first one is to be small
 };
 
 } // namespace textio::reading

@@ -76,21 +76,20 @@ public:
           count_(start.lines_of_text) {}
 
     /// The fields of the next record; none if there is none.
-    std::span<const Field> next(Fault& fault) {
+    std::span<const Field> next(Lines& lines, Fault& fault) {
         while (end_ == End::not_yet) {
-            if (next_ == lines_) {
-                start_batch();
+            if (lines.next == lines.end) {
+                start_batch(lines);
                 continue;
             }
-            const std::span<const Field> fields = batches_.lines().line(next_++);
+            const std::span<const Field> fields(lines.fields + lines.begin,
+                                                *lines.next - lines.begin);
+            lines.plain_end += lines.next == lines.plain_end ? 1 : 0;
+            lines.begin = *lines.next++;
             if (fields.empty()) {
                 continue;
             }
-            fault = Fault::none;
-            if (fields.size() == expected_ && !looks_closer_) {
-                return fields;
-            }
-            const std::span<const Field> given = judged(fields, fault);
+            const std::span<const Field> given = judged(fields, lines, fault);
             if (!given.empty()) {
                 return given;
             }
@@ -98,17 +97,19 @@ public:
         return {};
     }
 
-    [[nodiscard]] std::size_t line_at(const Field& first) noexcept {
-        return count_.line_at(next_ - 1, first.data);
+    /// The line of the text with the record that is the last one before `lines`.
+    [[nodiscard]] std::size_t line_of(const Field& first, const Lines& lines) noexcept {
+        const std::size_t* const line_ends = batches_.lines().line_ends.data();
+        return count_.line_at(static_cast<std::size_t>(lines.next - line_ends) - 1, first.data);
     }
 
     [[nodiscard]] End end() const noexcept { return end_; }
     [[nodiscard]] const parser::options& options() const noexcept { return options_; }
 
 private:
-    void start_batch() {
-        count_.finish(std::exchange(lines_, 0));
-        next_ = 0;
+    void start_batch(Lines& lines) {
+        count_.finish(std::exchange(line_count_, 0));
+        lines = {};
         batches_.pass_lines(start_.lines_of_text);
         switch (batches_.next()) {
         case Batches::Outcome::end_of_text:
@@ -124,11 +125,27 @@ private:
         case Batches::Outcome::lines:
             break;
         }
-        lines_ = batches_.lines().line_count();
-        next_ = std::min(start_.lines_of_batch, lines_);
-        start_.lines_of_batch -= next_;
         count_.start(batches_.reader(), batches_.text());
-        looks_closer_ = mode_ == StrategyMode::fixed_width || batches_.is_last();
+        show(lines);
+    }
+
+    /// Makes `lines` the lines of the batch.
+    void show(Lines& lines) {
+        const FieldArray& batch = batches_.lines();
+        line_count_ = batch.line_count();
+        const std::size_t left_out = std::min(start_.lines_of_batch, line_count_);
+        start_.lines_of_batch -= left_out;
+        lines.fields = batch.fields.data();
+        lines.begin = left_out == 0 ? 0 : batch.line_ends[left_out - 1];
+        lines.next = batch.line_ends.data() + left_out;
+        lines.end = batch.line_ends.data() + line_count_;
+        lines.plain_end = lines.end;
+        if (mode_ == StrategyMode::fixed_width) {
+            lines.plain_end = lines.next;
+        } else if (batches_.is_last() && lines.next != lines.end) {
+            --lines.plain_end;
+        }
+        lines.regular = expected_ == 0 ? SIZE_MAX : expected_;
     }
 
     void tell(const Irregular& irregular) const {
@@ -137,8 +154,9 @@ private:
         }
     }
 
-    [[nodiscard]] Fault fault_of(std::span<const Field> fields, std::size_t& found) const {
-        const bool is_last = batches_.is_last() && next_ == lines_;
+    [[nodiscard]] Fault fault_of(std::span<const Field> fields, bool is_last_line,
+                                 std::size_t& found) const {
+        const bool is_last = is_last_line && batches_.is_last();
         const bool has_quotes =
             mode_ == StrategyMode::delimited || mode_ == StrategyMode::space_aligned;
         if (is_last && has_quotes && has_open_quote(fields.back(), options_)) {
@@ -157,16 +175,20 @@ private:
     [[nodiscard]] bool goes_on(const Field& field) const {
         const Field& text = batches_.text();
         const auto behind = static_cast<std::size_t>(field.data + field.size - text.data);
-        return !batches_.reader().is_rest_blank(text, behind);
+        const parser::TextReader& reader = batches_.reader();
+        return !reader.clearly_ends_at(text, behind) && !reader.is_rest_blank(text, behind);
     }
 
     /// The fields that are given of a record that needs a closer look; none if it is passed over.
-    std::span<const Field> judged(std::span<const Field> fields, Fault& fault) {
+    std::span<const Field> judged(std::span<const Field> fields, Lines& lines, Fault& fault) {
         std::size_t found = fields.size();
-        expected_ = expected_ == 0 ? found : expected_;
-        fault = fault_of(fields, found);
+        if (expected_ == 0) {
+            expected_ = found;
+            lines.regular = found;
+        }
+        fault = fault_of(fields, lines.next == lines.end, found);
         if (fault != Fault::none) {
-            tell({fault, line_at(fields.front()), expected_, found});
+            tell({fault, line_of(fields.front(), lines), expected_, found});
             if (settings_.policy == Policy::stop) {
                 end_ = End::stopped;
             }
@@ -196,9 +218,7 @@ private:
     const bool drops_last_cells_;
     Batches batches_;
     LineCount count_;
-    std::size_t lines_ = 0; ///< of the batch
-    std::size_t next_ = 0;  ///< the next of them
-    bool looks_closer_ = false;
+    std::size_t line_count_ = 0; ///< of the batch
     std::vector<Field> padded_;
     End end_ = End::not_yet;
 };
@@ -223,14 +243,15 @@ Reader::Reader(const advice::Proposal& proposal, TextStream& stream, Settings se
 
 Reader::~Reader() = default;
 
-bool Reader::next() {
+/// What `next` does for a line that is no regular record, or where there are no more lines.
+bool Reader::look_closer() {
     fields_ = {};
-    fields_ = state_->next(fault_);
+    fields_ = state_->next(lines_, fault_);
     return !fields_.empty();
 }
 
 std::size_t Reader::line() const noexcept {
-    return fields_.empty() ? 0 : state_->line_at(fields_.front());
+    return fields_.empty() ? 0 : state_->line_of(fields_.front(), lines_);
 }
 
 End Reader::end() const noexcept {

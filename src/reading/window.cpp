@@ -23,10 +23,13 @@ void Window::fill(std::size_t units) {
     std::copy(stream.position, stream.data_end, stream.buffer_begin);
     stream.position = stream.buffer_begin;
     stream.data_end = stream.buffer_begin + kept;
-    if (units > SIZE_MAX / sizeof(char16_t) - kept) {
+    // In whole chunks, so that the buffer does not grow with every odd rest.
+    constexpr std::size_t most_units = SIZE_MAX / sizeof(char16_t);
+    const std::size_t chunks = kept / units + 2;
+    if (chunks > most_units / units) {
         throw std::bad_alloc();
     }
-    stream.resizeInternalBuffer(kept + units);
+    stream.resizeInternalBuffer(chunks * units);
     char16_t* const write_at = stream.buffer_begin + kept;
     stream.data_end = write_at;
     const std::size_t delivered = std::min(stream.source->read(write_at, write_at + units), units);

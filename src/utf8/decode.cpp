@@ -3,6 +3,7 @@
 #include "utf8/sequences.hpp"
 
 #include <algorithm>
+#include <array>
 
 namespace textio::utf8 {
 
@@ -11,11 +12,15 @@ Decoded decode(std::string_view bytes) {
     const char* const end = bytes.data() + bytes.size();
     decoded.had_mark = mark_stands_at(bytes.data(), end);
     bytes.remove_prefix(decoded.had_mark ? mark_bytes : 0);
-    decoded.text.resize(bytes.size()); // no sequence becomes more units than it has bytes
-    char16_t* const units = decoded.text.data();
-    const Progress progress = decode_to(bytes.data(), end, true, units, units + bytes.size());
-    decoded.replaced = progress.replaced;
-    decoded.text.resize(static_cast<std::size_t>(progress.units - units));
+    decoded.text.reserve(bytes.size()); // no sequence becomes more units than it has bytes
+    std::array<char16_t, 2048> units;   // so much goes on in the cache, and no room is filled twice
+    for (const char* at = bytes.data(); at != end;) {
+        const Progress progress =
+            decode_to(at, end, true, units.data(), units.data() + units.size());
+        decoded.text.append(units.data(), progress.units);
+        decoded.replaced += progress.replaced;
+        at = progress.bytes;
+    }
     return decoded;
 }
 

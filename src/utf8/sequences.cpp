@@ -4,7 +4,7 @@
 #include <bit>
 #include <cstring>
 
-#ifdef __SSE2__
+#if defined(__SSE2__) && !defined(TEXTIO_PLAIN_VECTORS)
 #include <emmintrin.h>
 #endif
 
@@ -51,7 +51,7 @@ char16_t* put(char32_t character, char16_t* units) {
     return units;
 }
 
-#ifdef __SSE2__
+#if defined(__SSE2__) && !defined(TEXTIO_PLAIN_VECTORS)
 
 constexpr std::ptrdiff_t block = 16; ///< bytes looked at together
 

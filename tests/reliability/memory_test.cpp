@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 namespace {
 
@@ -354,6 +355,109 @@ TEST(Memory, AStreamThatGrowsIsSeldomMoved) {
     EXPECT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(2 * room + 1));
     EXPECT_EQ(stream.buffer_begin[room - 1], steps) << "what was held is held";
     EXPECT_THROW(stream.resizeInternalBuffer(SIZE_MAX), std::bad_alloc);
+}
+
+/// Delivers a text, whose place it keeps.
+class Text : public zentor::io::text::stream::TextSource {
+public:
+    explicit Text(std::u16string_view text) : rest_(text) {}
+
+    std::size_t read(char16_t* begin, char16_t* end) override {
+        const std::size_t count = std::min(rest_.size(), static_cast<std::size_t>(end - begin));
+        std::copy_n(rest_.begin(), count, begin);
+        rest_.remove_prefix(count);
+        return count;
+    }
+
+private:
+    std::u16string_view rest_;
+};
+
+/// Counts the records, and with memory that runs out asks again.
+std::size_t count_records(const textio::GenericStrategy& layout, std::u16string_view text, std::size_t failing) {
+    Text source(text);
+    zentor::io::text::stream::TextStream stream(source);
+    textio::reading::Reader reader(layout, stream, {.policy = textio::reading::Policy::pad, .chunk_units = 64});
+    std::size_t records = 0;
+    bool is_done = false;
+    while (!is_done) {
+        const Outcome outcome = with_failing_allocation(failing, [&] {
+            while (reader.next()) {
+                ++records;
+            }
+        });
+        is_done = outcome != Outcome::out_of_memory;
+        failing = never;
+    }
+    return records;
+}
+
+TEST(Memory, RunningOutLosesNoRecord) {
+    for (const test::LayoutCase& layout : test::layout_cases) {
+        const zentor::io::text::typedetection::TypeAnalyzerOptions types;
+        textio::detection::StrategySelector selector(layout.options, types);
+        const auto found = selector.pick_strategy(textio::Field(layout.text), 100);
+        std::u16string text;
+        for (int copy = 0; copy < 20; ++copy) {
+            text += layout.text;
+        }
+        const std::size_t expected = count_records(*found, text, never);
+        const std::size_t before = blocks_in_use;
+        for (std::size_t failing = 0; failing < 60; ++failing) {
+            ASSERT_EQ(count_records(*found, text, failing), expected) << layout.name << failing;
+        }
+        EXPECT_EQ(blocks_in_use, before) << layout.name;
+        EXPECT_EQ(with_failing_allocation(0, [&] { textio::reading::Reader(*found, textio::Field(text)); }),
+                  Outcome::out_of_memory);
+    }
+}
+
+TEST(Memory, ReadingOnAllocatesNothingForARecord) {
+    const textio::DelimitedStrategy layout({}, {}, u',');
+    std::u16string buffer(20, u'x');
+    const auto allocations = [&](std::size_t rows) {
+        std::u16string text;
+        for (std::size_t row = 0; row < rows; ++row) {
+            text += row % 7 == 0 ? u"1,\"2\"\"2\"\n" : u"1,\"2\"\"2\",\"3\n3\"\n";
+        }
+        textio::reading::Reader reader(layout, textio::Field(text), {.policy = textio::reading::Policy::pad, .fields = 3});
+        const std::size_t enough = SIZE_MAX / 2;
+        allocations_until_failure = enough;
+        while (reader.next()) {
+            for (const textio::Field& field : reader.fields()) {
+                static_cast<void>(textio::reading::cell_value(field, reader.options(), buffer));
+            }
+        }
+        return enough - std::exchange(allocations_until_failure, never);
+    };
+    EXPECT_LT(allocations(100'000), allocations(100) + 200);
+}
+
+TEST(Memory, RunningOutLosesNoTextOfUtf8) {
+    class Bytes : public textio::utf8::ByteSource {
+        std::size_t read(char* begin, char* end) override {
+            const std::size_t count = std::min<std::size_t>(left_, static_cast<std::size_t>(end - begin));
+            std::fill_n(begin, count, 'x');
+            left_ -= count;
+            return count;
+        }
+        std::size_t left_ = 100'000;
+    };
+    std::size_t failures = 0;
+    Outcome outcome = Outcome::out_of_memory;
+    for (std::size_t number = 0; outcome != Outcome::done; ++number) {
+        const std::size_t before = blocks_in_use;
+        outcome = with_failing_allocation(number, [] {
+            Bytes bytes;
+            textio::utf8::Source source(bytes);
+            std::u16string text(100'001, u' ');
+            ASSERT_EQ(source.read(text.data(), text.data() + text.size()), 100'000U);
+            ASSERT_EQ(textio::utf8::decode("\xC3\xA4" + std::string(40, 'x')).text.size(), 41U);
+        });
+        ASSERT_EQ(blocks_in_use, before) << number;
+        failures += outcome == Outcome::out_of_memory ? 1 : 0;
+    }
+    EXPECT_GT(failures, 3U);
 }
 
 } // namespace
