@@ -25,7 +25,7 @@ public:
     Pieces(const Field& text, std::size_t failing_read) : rest_(text), failing_(failing_read) {}
 
     std::size_t read(char16_t* begin, char16_t* end) override {
-        if (failing_-- == 0) {
+        if (reads_++ == failing_) {
             throw Failure();
         }
         const std::size_t count = std::min(rest_.size, static_cast<std::size_t>(end - begin));
@@ -37,6 +37,7 @@ public:
 private:
     Field rest_;
     std::size_t failing_;
+    std::size_t reads_ = 0;
 };
 
 std::shared_ptr<GenericStrategy> layout_of(fuzz::Input& input) {

@@ -73,7 +73,10 @@ public:
 
     [[nodiscard]] std::size_t settled_units(const Field& text) const override {
         // A field of fixed width that more text than there is would fill ends in front of them.
-        const std::size_t known = text.view().find_last_not_of(end_of_text) + 1;
+        std::size_t known = text.size;
+        while (known > 0 && text.data[known - 1] == end_of_text) {
+            --known;
+        }
         std::size_t settled = known - std::min(known, lookahead_);
         while (settled > 0 && across_lines_.contains(text.data[settled - 1])) {
             --settled;

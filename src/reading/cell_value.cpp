@@ -7,9 +7,10 @@ namespace textio::reading {
 namespace {
 
 std::u16string_view trimmed(std::u16string_view text, std::u16string_view whitespace) {
-    text.remove_suffix(text.size() - (text.find_last_not_of(whitespace) + 1));
-    text.remove_prefix(std::min(text.find_first_not_of(whitespace), text.size()));
-    return text;
+    const std::size_t first = text.find_first_not_of(whitespace);
+    return first == std::u16string_view::npos
+               ? std::u16string_view()
+               : text.substr(first, text.find_last_not_of(whitespace) + 1 - first);
 }
 
 /// Where the quote stands that closes the quoted part at the start of `text`, or `text.size()`.

@@ -115,7 +115,7 @@ public:
         : rest_(bytes), piece_(piece), failing_(failing) {}
 
     std::size_t read(char* begin, char* end) override {
-        if (failing_-- == 0) {
+        if (reads_++ == failing_) {
             throw Failure();
         }
         const std::size_t count = std::min({piece_, rest_.size(), static_cast<std::size_t>(end - begin)});
@@ -128,6 +128,7 @@ private:
     std::string_view rest_;
     std::size_t piece_;
     std::size_t failing_;
+    std::size_t reads_ = 0;
 };
 
 /// All of the text of a source, read in ranges of `units`; after a failure once more.
