@@ -44,8 +44,8 @@ get_candidate_strategies(const FieldArray& line_sample, const Field& text,
 
 /// Looks for columns that are blank on every line of `line_sample`, and appends either a
 /// fixed-width strategy with the columns found or, where that explains the text no better,
-/// `space_candidate`, which must have been read. `text` is not looked at: a strategy with columns is
-/// read from the text of `builder`.
+/// `space_candidate`, which must have been read. `text` is not looked at: a strategy with columns
+/// is read from the text of `builder`.
 TEXTIO_EXPORT void add_possible_fixed_strategy(
     std::shared_ptr<GenericStrategy> space_candidate, const Field& text,
     const FieldArray& line_sample, std::vector<std::shared_ptr<GenericStrategy>>& candidates,

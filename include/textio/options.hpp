@@ -69,9 +69,9 @@ struct options {
     /// Strings that separate fields. Detection finds its own and does not start from these.
     std::vector<std::u16string> delimiters{};
 
-    /// Strings that end a line. Neither many nor long ones make a read slower than linear. More than
-    /// eight that are long as well can: each unit of the text may then be compared with as much as
-    /// one of them and the text have in common. The same holds for `delimiters`.
+    /// Strings that end a line. Neither many nor long ones make a read slower than linear. More
+    /// than eight that are long as well can: each unit of the text may then be compared with as
+    /// much as one of them and the text have in common. The same holds for `delimiters`.
     std::vector<std::u16string> line_endings{u"\r\n", u"\n", u"\r"};
 
     /// Carried along for the host; nothing in the library reads it.
@@ -81,8 +81,8 @@ struct options {
     /// other number: the first string opens a comment that runs to the end of the line.
     std::vector<std::u16string> comment_style{u"#"};
 
-    /// Code units that count as blank. There are few, as a rule: a line that is read as one field may
-    /// be compared with each of them.
+    /// Code units that count as blank. There are few, as a rule: a line that is read as one field
+    /// may be compared with each of them.
     std::u16string whitespace = u" \t";
 
     /// If not empty, its first code unit is never tried as a delimiter. The default keeps decimal
@@ -138,11 +138,11 @@ namespace zentor::io::text::typedetection {
 
 /// How the text of a field is to be judged.
 struct TypeAnalyzerOptions {
-    char16_t thousands_separator = 0;               ///< taken out of numbers; 0 means none
-    char16_t decimal_separator = u'.';              ///< the decimal mark; see `set_number_marks`
-    std::u16string exponent_characters = u"eEdD";   ///< what may introduce an exponent
-    bool trim_non_numeric = false;                  ///< look for a number inside other text
-    std::u16string datetime_context{};              ///< handed on to `is_datetime` as it is
+    char16_t thousands_separator = 0;             ///< taken out of numbers; 0 means none
+    char16_t decimal_separator = u'.';            ///< the decimal mark; see `set_number_marks`
+    std::u16string exponent_characters = u"eEdD"; ///< what may introduce an exponent
+    bool trim_non_numeric = false;                ///< look for a number inside other text
+    std::u16string datetime_context{};            ///< handed on to `is_datetime` as it is
     /// Trimmed from both ends of a field, whose blanks there are compared with each of these units.
     std::u16string whitespace = u" \t";
     std::vector<std::u16string> treat_as_missing{}; ///< whole texts that count as no value

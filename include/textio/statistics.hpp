@@ -34,9 +34,9 @@ modified_median(std::vector<std::size_t>::const_iterator first,
 absolute_differences(const std::vector<std::size_t>& counts, std::size_t median);
 
 /// The header in entries of `diffs`, that is in non-empty lines: down to where the accumulated
-/// distances from the top bend down most sharply, or to `h_min` if that is further down, but without
-/// the zeros at its end, which can make it shorter than `h_min`. With `space_separated`, a distance
-/// above 2 counts as 2, except the first.
+/// distances from the top bend down most sharply, or to `h_min` if that is further down, but
+/// without the zeros at its end, which can make it shorter than `h_min`. With `space_separated`, a
+/// distance above 2 counts as 2, except the first.
 ///
 /// `h_min` is given as it is, whatever its size, where nothing but zeros or mostly zeros stand
 /// behind it, where the header would take more than two thirds of `diffs`, and of an empty `diffs`.
