@@ -86,7 +86,7 @@ std::vector<AdvisedCase> advised_cases() {
         {"orbit.dat", "aligned with blanks", 5, 2, 3, "t,x", "number,number"},
         {"pool_tickets.csv", "delimited by comma", 5, 2, 3, "date,pool", "date,text"},
         {"race_blank_lines.csv", "delimited by semicolon", 4, 4, 5, "Runner,Club", "text,text, 1 of 12 missing"},
-        {"rechnungen.csv", "delimited by semicolon", 6, 1, 2, "Beleg,Datum", "text,"},
+        {"rechnungen.csv", "delimited by semicolon", 6, 1, 2, "Beleg,Datum", "text,date"},
         {"reviews.csv", "delimited by comma", 5, 1, 2, "id,stars", "number,number"},
         {"sequencing.tsv", "delimited by tab", 6, 1, 2, "sample,organism", "text,text"},
         {"spectrum.txt", "aligned with blanks", 4, 4, 5, "nm,dark", "number,number"},
