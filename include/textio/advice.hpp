@@ -98,7 +98,7 @@ struct Proposal {
     std::size_t names_line = no_line; ///< the line of the text with the names, from 0
     std::size_t first_data_line = 0;  ///< the first line of the text with data, from 0
     std::vector<Column> columns;      ///< from the left
-    std::size_t regular_rows = 0;     ///< rows of the sample with as many fields as the table
+    std::size_t regular_rows = 0;     ///< rows of its regular run that have all its fields
     std::size_t rows = 0;             ///< rows of the sample, those above the table included
     double score = 0;                 ///< the product of the terms, above 0 and at most 1
     std::vector<Term> terms;          ///< in the order in which they are told
