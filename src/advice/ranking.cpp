@@ -7,7 +7,7 @@ namespace textio::advice {
 namespace {
 
 /// The score that a reading is compared with where no other shows a table at all.
-constexpr double no_rival = 0.049;
+constexpr double no_rival = 0.06;
 
 /// A rival below this share of the best score is not proposed, unless it is the only one.
 constexpr double least_share_of_best = 1.0 / 3;
