@@ -56,6 +56,7 @@ public:
         FieldArray& array = *builder_.field_array;
         const std::size_t room = array.fields.capacity();
         free_without_a_look(array.fields);
+        array.fields = {};
         array.fields.reserve(room);
         array.line_ends.clear();
         const ReadCounts counts = read_records(options_, reader_, rows, lines, text, builder_);

@@ -1,6 +1,7 @@
 #include "reading/batches.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace textio::reading {
 
@@ -17,7 +18,7 @@ Batches::Batches(enums::StrategyMode mode, const parser::options& options, Windo
     : reader_(parser::TextReader::make(mode, options)),
       has_blocks_(options.comment_style.size() == 2),
       chunk_units_(std::max<std::size_t>(chunk_units, 1)),
-      longest_record_(std::max<std::size_t>(longest_record, 1)), window_(window) {}
+      longest_record_(std::max<std::size_t>(longest_record, 1)), window_(std::move(window)) {}
 
 void Batches::pass_lines(std::size_t& count) {
     while (count > 0) {
@@ -44,26 +45,32 @@ void Batches::pass_lines(std::size_t& count) {
 Batches::Outcome Batches::next() {
     for (;;) {
         const Field ahead = window_.ahead();
-        const bool is_last = window_.is_last();
-        const bool is_tail = ahead.size < chunk_units_ / tail_share;
-        if (is_last || !is_tail) {
-            if (ahead.size != 0 && ahead.unit_at(0) == end_of_text) {
-                return Outcome::end_mark;
-            }
-            const std::size_t settled = is_last ? ahead.size : reader_->settled_units(ahead);
-            if (settled != 0 && read_some(ahead, settled)) {
-                return Outcome::lines;
-            }
-            if (is_last) {
-                return Outcome::end_of_text;
-            }
-            // What is settled can stay behind where blanks end lines.
-            if (settled >= longest_record_ || ahead.size / 2 >= longest_record_) {
-                return Outcome::too_long;
+        const bool is_tail = !window_.is_last() && ahead.size < chunk_units_ / tail_share;
+        if (!is_tail) {
+            if (const std::optional<Outcome> outcome = read_ahead(ahead); outcome) {
+                return *outcome;
             }
         }
         get_more(is_tail ? 0 : ahead.size);
     }
+}
+
+/// What becomes of reading what lies ahead; nothing if there is more to come, and it is needed.
+std::optional<Batches::Outcome> Batches::read_ahead(const Field& ahead) {
+    if (ahead.size != 0 && ahead.unit_at(0) == end_of_text) {
+        return Outcome::end_mark;
+    }
+    const bool is_last = window_.is_last();
+    const std::size_t settled = is_last ? ahead.size : reader_->settled_units(ahead);
+    if (settled != 0 && read_some(ahead, settled)) {
+        return Outcome::lines;
+    }
+    if (is_last) {
+        return Outcome::end_of_text;
+    }
+    // What is settled can stay behind where blanks end lines.
+    const bool is_long = settled >= longest_record_ || ahead.size / 2 >= longest_record_;
+    return is_long ? std::optional(Outcome::too_long) : std::nullopt;
 }
 
 /// How many lines are likely to be found in the first so many units.

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 
 namespace textio::reading {
 
@@ -40,6 +41,7 @@ public:
 
 private:
     [[nodiscard]] std::size_t lines_to_read(std::size_t units) const noexcept;
+    std::optional<Outcome> read_ahead(const Field& ahead);
     bool read_some(const Field& ahead, std::size_t settled);
     bool read_least(const Field& ahead, std::size_t settled);
     bool accept(const Field& ahead, const Field& rest, std::size_t settled);

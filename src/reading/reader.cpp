@@ -72,7 +72,8 @@ public:
         : mode_(layout.mode()), options_(layout.options()), settings_(std::move(settings)),
           expected_(settings_.fields == 0 ? fields : settings_.fields), start_(start),
           drops_last_cells_(drops_last_cells(mode_, options_)),
-          batches_(mode_, options_, window, settings_.chunk_units, settings_.longest_record),
+          batches_(mode_, options_, std::move(window), settings_.chunk_units,
+                   settings_.longest_record),
           count_(start.lines_of_text) {}
 
     /// The fields of the next record; none if there is none.

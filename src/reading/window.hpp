@@ -6,13 +6,14 @@
 #include "textio/platform/text_stream.hpp"
 
 #include <cstddef>
+#include <utility>
 
 namespace textio::reading {
 
 /// What lies ahead in a text: all of it, or of a stream as much as has been asked for.
 class Window {
 public:
-    explicit Window(const Field& text) noexcept : text_(text) {}
+    explicit Window(Field text) noexcept : text_(std::move(text)) {}
     explicit Window(zentor::io::text::stream::TextStream& stream) noexcept : stream_(&stream) {}
 
     [[nodiscard]] Field ahead() const noexcept {

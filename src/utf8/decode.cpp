@@ -13,7 +13,7 @@ Decoded decode(std::string_view bytes) {
     decoded.had_mark = mark_stands_at(bytes.data(), end);
     bytes.remove_prefix(decoded.had_mark ? mark_bytes : 0);
     decoded.text.reserve(bytes.size()); // no sequence becomes more units than it has bytes
-    std::array<char16_t, 2048> units;   // so much goes on in the cache, and no room is filled twice
+    std::array<char16_t, 2048> units{}; // in the cache, so that no room is filled twice
     for (const char* at = bytes.data(); at != end;) {
         const Progress progress =
             decode_to(at, end, true, units.data(), units.data() + units.size());

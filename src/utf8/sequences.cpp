@@ -55,17 +55,21 @@ char16_t* put(char32_t character, char16_t* units) {
 
 constexpr std::ptrdiff_t block = 16; ///< bytes looked at together
 
+__m128i load(const void* bytes) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(bytes));
+}
+
 /// How many bytes of a block are ASCII before the first that is not.
 std::ptrdiff_t ascii_in_block(const char* bytes) {
-    const __m128i loaded = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+    const __m128i loaded = load(bytes);
     const auto others = static_cast<unsigned>(_mm_movemask_epi8(loaded)) | (1U << 16U);
     return std::countr_zero(others);
 }
 
 void widen_block(const char* bytes, char16_t* units) {
     const __m128i zero = _mm_setzero_si128();
-    const __m128i loaded = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-    auto* const to = reinterpret_cast<__m128i*>(units);
+    const __m128i loaded = load(bytes);
+    auto* const to = static_cast<__m128i*>(static_cast<void*>(units));
     _mm_storeu_si128(to, _mm_unpacklo_epi8(loaded, zero));
     _mm_storeu_si128(to + 1, _mm_unpackhi_epi8(loaded, zero));
 }

@@ -123,7 +123,7 @@ const std::vector<std::size_t> small_chunks{1, 2, 3, 7, 30, 100};
 
 std::vector<std::u16string> example_texts() {
     std::vector<std::u16string> texts;
-    for (const auto& entry : std::filesystem::directory_iterator(TEXTIO_EXAMPLE_DATA)) {
+    for (const auto& entry : std::filesystem::directory_iterator(EXAMPLE_DATA)) {
         std::ifstream file(entry.path(), std::ios::binary);
         const std::string bytes(std::istreambuf_iterator<char>(file), {});
         texts.push_back(utf8::decode(bytes).text);
@@ -216,7 +216,7 @@ std::u16string random_text(std::mt19937& random) {
 
 TEST(Reading, GivesTheSampleOfRandomTexts) {
     std::mt19937 random(7);
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 40; ++round) {
         for (const LayoutCase& c : layout_cases) {
             for (const MakeLayout make : {by_comma, by_two_units, aligned, by_widths, line_by_line}) {
                 const std::u16string text = random_text(random);

@@ -195,7 +195,7 @@ TEST(Utf8, ReplacesInRandomBytesAsDefined) {
 TEST(Utf8, KeepsPlacesOfALongText) {
     std::string bytes;
     for (int line = 0; bytes.size() < 80'000'000; ++line) {
-        bytes += std::to_string(line) + "\xE2\x82\xAC\xFF\n";
+        bytes += std::to_string(line) + "\xE2\x82\xAC\xFF" + std::string(300, 'x') + "\n";
     }
     const std::u16string text = decode(bytes).text;
     Pieces pieces(bytes, SIZE_MAX);
