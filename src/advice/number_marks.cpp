@@ -19,10 +19,9 @@ void NumberMarks::add(std::u16string_view number) noexcept {
         return;
     }
     Mark& mark = number[last] == u'.' ? point_ : comma_;
-    Mark& other = number[last] == u'.' ? comma_ : point_;
     if (number[first] != number[last]) {
         ++mark.decimal;
-        ++other.thousands;
+        ++(number[last] == u'.' ? comma_ : point_).thousands;
         return;
     }
     if (first != last) {
