@@ -69,8 +69,14 @@ inline std::string marks_of(const Proposal& proposal) {
     return shown(marks);
 }
 
+/// The largest number is `far`, as it is another one on other machines.
 inline std::string shown(const Proposal& proposal) {
-    return layout_of(proposal) + "; " + start_of(proposal) + "; " + columns_of(proposal);
+    std::string out = layout_of(proposal) + "; " + start_of(proposal) + "; " + columns_of(proposal);
+    const std::string largest = std::to_string(SIZE_MAX);
+    for (std::size_t at = out.find(largest); at != std::string::npos; at = out.find(largest)) {
+        out.replace(at, largest.size(), "far");
+    }
+    return out;
 }
 
 struct AdviceCase {
