@@ -96,12 +96,16 @@ void widen_block(const char* bytes, char16_t* units) {
 
 /// Widens the run of ASCII at `begin`; at most as many bytes as there is room for.
 void widen_ascii(const char*& begin, const char* end, char16_t*& units, const char16_t* units_end) {
-    std::ptrdiff_t ascii = block;
-    while (ascii == block && end - begin >= block && units_end - units >= block) {
-        ascii = ascii_in_block(begin);
+    while (end - begin >= block && units_end - units >= block) {
         widen_block(begin, units); // of a last block, what is written too much is written over
-        begin += ascii;
-        units += ascii;
+        const std::ptrdiff_t ascii = ascii_in_block(begin);
+        if (ascii != block) {
+            begin += ascii;
+            units += ascii;
+            return;
+        }
+        begin += block; // not by `ascii`, for which the next block would have to wait
+        units += block;
     }
     while (begin != end && units != units_end && byte_at(begin) < 0x80) {
         *units++ = static_cast<char16_t>(*begin++);
@@ -135,10 +139,8 @@ bool mark_stands_at(const char* begin, const char* end) noexcept {
 }
 
 const char* end_of_ascii(const char* begin, const char* end) noexcept {
-    std::ptrdiff_t ascii = block;
-    while (ascii == block && end - begin >= block) {
-        ascii = ascii_in_block(begin);
-        begin += ascii;
+    while (end - begin >= block && ascii_in_block(begin) == block) {
+        begin += block;
     }
     return std::find_if(begin, end, [](char byte) { return (byte & 0x80) != 0; });
 }
