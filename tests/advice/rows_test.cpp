@@ -184,7 +184,6 @@ TEST(Separators, QuotesFrameFields) {
 
 TEST(Records, AreToldByTheirCodes) {
     const auto records = [](std::vector<std::u16string_view> tags) {
-        TaggedRecords found;
         FieldArray sample;
         for (const std::u16string_view tag : tags) {
             const Field fields[] = {Field(tag), Field(u"1")};
