@@ -38,7 +38,7 @@ enum class Policy : std::uint8_t {
 
 /// A record with a fault, as it is told.
 struct Irregular {
-    Fault fault;
+    Fault fault;          ///< what is wrong with it
     std::size_t line;     ///< the line of the text on which it starts, from 0
     std::size_t expected; ///< fields that it should have
     std::size_t found;    ///< fields that it has; of a record that is too long, 0
@@ -55,7 +55,7 @@ enum class End : std::uint8_t {
 
 /// How a text is read on.
 struct Settings {
-    Policy policy = Policy::keep;
+    Policy policy = Policy::keep; ///< what becomes of a record with a fault
 
     /// Is given each record with a fault, before the policy is followed. What it throws passes
     /// through, and the reading then stands behind that record.
@@ -100,11 +100,15 @@ public:
     /// Reads under the layout of `layout` behind its header, which is taken for none while it is
     /// undecided. Copies what it needs of the layout.
     Reader(const GenericStrategy& layout, const Field& text, Settings settings = {});
+
+    /// The same over a stream, which must outlive the reader.
     Reader(const GenericStrategy& layout, zentor::io::text::stream::TextStream& stream,
            Settings settings = {});
 
     /// Reads from the first line with data of a proposal.
     Reader(const advice::Proposal& proposal, const Field& text, Settings settings = {});
+
+    /// The same over a stream, which must outlive the reader.
     Reader(const advice::Proposal& proposal, zentor::io::text::stream::TextStream& stream,
            Settings settings = {});
 

@@ -25,7 +25,7 @@ struct Place {
 
 /// A text and what was found on the way to it.
 struct Decoded {
-    std::u16string text;
+    std::u16string text;      ///< all of it
     std::size_t replaced = 0; ///< the U+FFFD in the text that stand for malformed bytes
     bool had_mark = false;    ///< a byte order mark was dropped
 };
