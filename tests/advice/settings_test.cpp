@@ -51,10 +51,7 @@ TEST(Settings, WhatIsKnownIsNotFoundOut) {
          "by ';', comment /*; 2>3; a number, b number",
          {.comment_style = {{u"/*", u"*/"}}}},
         {"data line", headed, "by ';'; 1>3; day number, sum number", {.first_data_line = 3}},
-        {"data line far behind the text",
-         headed,
-         "by ';'; 1>far; day number, sum number",
-         {.first_data_line = SIZE_MAX}},
+        {"data line far behind the text", headed, "by ';'; 1>far; day number, sum number", {.first_data_line = SIZE_MAX}},
         {"names line", headed, "by ';'; 2>3; 1 number, 2 number", {.names_line = 2}},
         {"no names", headed, "by ';'; >2; number, number", {.names_line = no_line}},
     });
