@@ -10,6 +10,7 @@ DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_optio
     : options(&reader_options), line_ends(get_or_create_delim(reader_options.line_endings)),
       delimiters(get_or_create_delim(reader_options.delimiters)),
       scanner(reader_options, delimiters, line_ends), guarded_line_ends(line_ends),
+      guarded_delimiters(delimiters),
       delimiter_units(
           std::u16string(delimiters->first_units.begin(), delimiters->first_units.end())),
       stops(scanner.bounds.stop_units + reader_options.quote + end_of_text),
@@ -19,7 +20,7 @@ DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_optio
 std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t position) {
     while (position < text.size) {
-        const std::size_t length = reader.delimiters->match_at(text, position);
+        const std::size_t length = reader.guarded_delimiters.match_at(text, position);
         if (length == 0) {
             break;
         }
@@ -40,7 +41,7 @@ void check_consecutive(const DelimitedRecordReader& reader, const Field& text,
                        std::size_t fields_before, std::size_t& next, bool& seen,
                        std::size_t& first) {
     if (reader.options->trailing_delimiters_rule != trailing_delimiters::drop) {
-        if (reader.delimiters->match_at(text, next) != 0) {
+        if (reader.guarded_delimiters.match_at(text, next) != 0) {
             throw exception::consecutive_delimiters_error();
         }
         return;
@@ -75,7 +76,8 @@ namespace {
 
 /// Whether a record that has come to `position` ends there.
 bool ends_record(const DelimitedRecordReader& reader, const Field& text, std::size_t position) {
-    return text.unit_at(position) == end_of_text || reader.line_ends->match_at(text, position) != 0;
+    return text.unit_at(position) == end_of_text ||
+           reader.guarded_line_ends.match_at(text, position) != 0;
 }
 
 /// The position behind the empty fields at `position`. Where they are dropped, they need not be
@@ -99,7 +101,7 @@ std::size_t skip_leading_delimiters(const DelimitedRecordReader& reader, const F
     case leading_delimiters::skip:
         return skip_delimiters(reader, text, 0);
     case leading_delimiters::error:
-        if (reader.delimiters->match_at(text, 0) != 0) {
+        if (reader.guarded_delimiters.match_at(text, 0) != 0) {
             throw exception::leading_delimiters_error();
         }
         return 0;
@@ -115,7 +117,7 @@ void split_record(const DelimitedRecordReader& reader, const Field& text, Record
                   AfterField after_field) {
     std::size_t position = skip_leading_delimiters(reader, text);
     std::size_t last_end = position;
-    std::size_t line_end = reader.line_ends->match_at(text, position);
+    std::size_t line_end = reader.guarded_line_ends.match_at(text, position);
     while (line_end == 0 && text.unit_at(position) != end_of_text) {
         std::size_t field_size = 0;
         std::size_t next = scan_field(reader.scanner, text, position, field_size);
@@ -124,7 +126,7 @@ void split_record(const DelimitedRecordReader& reader, const Field& text, Record
         record.spans.push_back(position);
         record.spans.push_back(last_end);
         position = next;
-        line_end = reader.line_ends->match_at(text, position);
+        line_end = reader.guarded_line_ends.match_at(text, position);
     }
     record.consumed = position + line_end;
     if (last_end != position) {
@@ -139,7 +141,7 @@ void read_record_separate(const DelimitedRecordReader& reader, const Field& text
     const bool drops = reader.options->trailing_delimiters_rule == trailing_delimiters::drop;
     std::size_t empty_up_to = 0; // where the empty fields end that were looked along last
     split_record(reader, text, record, [&](std::size_t, std::size_t& next) {
-        if (drops && next >= empty_up_to && reader.delimiters->match_at(text, next) != 0) {
+        if (drops && next >= empty_up_to && reader.guarded_delimiters.match_at(text, next) != 0) {
             empty_up_to = skip_empty_fields(reader, text, next);
             next = ends_record(reader, text, empty_up_to) ? empty_up_to : next;
         }

@@ -29,12 +29,13 @@ struct DelimitedRecordReader {
     std::shared_ptr<Delim> line_ends;
     std::shared_ptr<Delim> delimiters;
     FieldScanner scanner;
+    GuardedDelim guarded_line_ends;  ///< `line_ends`, asked at every field
+    GuardedDelim guarded_delimiters; ///< `delimiters`, likewise
 
     // For the short way.
-    GuardedDelim guarded_line_ends; ///< the same as `line_ends`
-    UnitSet delimiter_units;        ///< first units of the delimiters
-    UnitSearch stops;               ///< finds all that can end a field or open a quoted part
-    UnitSearch other_units;         ///< finds what is none of `delimiter_units`
+    UnitSet delimiter_units; ///< first units of the delimiters
+    UnitSearch stops;        ///< finds all that can end a field or open a quoted part
+    UnitSearch other_units;  ///< finds what is none of `delimiter_units`
     bool has_plain_records;
 };
 
