@@ -1,6 +1,7 @@
 #include "textio/rules.hpp"
 
 #include <numeric>
+#include <utility>
 
 namespace textio::detection {
 
@@ -12,6 +13,10 @@ std::vector<std::size_t> Rule::reduce(const std::vector<std::size_t>& /*candidat
 }
 
 Rule::~Rule() = default;
+
+std::string_view Rule::name() const noexcept {
+    return {};
+}
 
 } // namespace picker_rules
 
@@ -39,6 +44,10 @@ ClassicRules::~ClassicRules() {
 }
 
 int ClassicRules::pick(std::vector<StrategyValuation>& values) const {
+    return pick(values, [](const auto& /*rule*/, const auto& /*before*/, const auto& /*after*/) {});
+}
+
+int ClassicRules::pick(std::vector<StrategyValuation>& values, const RuleObserver& observer) const {
     constexpr int none_left = -1;
     constexpr int not_separated = -2;
 
@@ -48,7 +57,9 @@ int ClassicRules::pick(std::vector<StrategyValuation>& values) const {
         if (candidates.size() < 2) {
             break;
         }
-        candidates = rule->reduce(candidates, values);
+        std::vector<std::size_t> kept = rule->reduce(candidates, values);
+        observer(*rule, candidates, kept);
+        candidates = std::move(kept);
     }
     if (candidates.empty()) {
         return none_left;

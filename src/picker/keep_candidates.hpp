@@ -20,7 +20,7 @@ template <typename Predicate>
     std::vector<std::size_t> kept;
     kept.reserve(candidates.size());
     for (const std::size_t candidate : candidates) {
-        if (keeps(values[candidate])) {
+        if (std::invoke(keeps, values[candidate])) {
             kept.push_back(candidate);
         }
     }
