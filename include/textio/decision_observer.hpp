@@ -31,10 +31,14 @@ enum class Ground : std::uint8_t {
     not_separated,   ///< the rules left more than one candidate: the layout to fall back on
 };
 
-/// Is told of a decision step by step, in the order in which it is taken: each layout tried, each
-/// rule applied, and the answer. This base does nothing; a host overrides what it wants to know.
-/// What is handed over is valid during the call. A strategy that has not been valued may be valued
-/// in it, and must not be changed otherwise. What an observer throws ends the decision.
+/// Is told of a decision step by step, in the order in which it is taken. This base does nothing; a
+/// host overrides what it wants to know. What is handed over is valid during the call. A strategy
+/// that has not been valued may be valued in it, and must not be changed otherwise. What an
+/// observer throws ends the decision.
+///
+/// The order of calls:
+///
+///     tried { tried } { ruled } decided
 class TEXTIO_EXPORT DecisionObserver {
 public:
     DecisionObserver() = default;

@@ -132,8 +132,9 @@ private:
         }
     }
 
-    /// A blank separates columns, or fields. A reading at each blank is tried beside the aligned
-    /// one only if it gives at least as large a share of its columns a class.
+    /// Blanks can align columns, or each blank can end a field. The second reading becomes a
+    /// candidate beside the first only if it gives at least as large a share of its columns a
+    /// class.
     void add_blank_layouts() {
         const double aligned_share = add_aligned_layout();
         auto space_delimited = make_delimited(blank);

@@ -25,8 +25,8 @@ struct FixedColumns {
 std::size_t without_data_lines(std::size_t header_lines, const FieldArray& line_sample,
                                const parser::options& options);
 
-/// The columns that the lines from `first_line` on show. They stand, if anywhere, in the text of
-/// `builder`.
+/// The columns that the lines from `first_line` on show. Lines that lie in the text of `builder`
+/// are looked at faster.
 FixedColumns find_fixed_columns(const FieldArray& line_sample, std::size_t first_line,
                                 const output::DetectionOutputBuilder& builder);
 

@@ -36,8 +36,8 @@ ClassicRules::ClassicRules(bool skip_variable_count_rule, std::size_t expected_v
 }
 
 ClassicRules::~ClassicRules() {
-    // A vector leaves the order of destruction open; the chain goes from its last rule to its
-    // first.
+    // Rules are destroyed from the last to the first. A vector by itself would leave the order
+    // open.
     while (!rules_.empty()) {
         rules_.pop_back();
     }

@@ -42,7 +42,8 @@ template <typename Figure>
 }
 
 /// The candidates that share the highest `figure`, in their given order. Each figure is worked out
-/// once and stored, so that like ones are alike where arithmetic has more digits than memory.
+/// once and stored, so that equal ones compare equal on a machine that calculates with more digits
+/// than it stores.
 template <typename Figure>
 [[nodiscard]] std::vector<std::size_t> keep_highest(const std::vector<std::size_t>& candidates,
                                                     const std::vector<StrategyValuation>& values,

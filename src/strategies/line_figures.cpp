@@ -53,7 +53,7 @@ bool are_alike_or_empty(LineEnds line_ends, std::size_t fields) {
 }
 
 /// How many fields each line with fields has, if all have as many; 0 if they differ, or if there
-/// are none. The last end rules most lines that differ out.
+/// are none. Where they differ, the number of all fields most often says so already.
 std::size_t common_fields(LineEnds line_ends) {
     const std::size_t empty_lines = lines_before_filled_one(line_ends);
     if (empty_lines == line_ends.size() || line_ends.back() % line_ends[empty_lines] != 0) {

@@ -35,9 +35,9 @@ std::vector<std::size_t> lines_without_fields(const std::vector<std::size_t>& co
     return lines;
 }
 
-/// The sum of the values as if they were added in their order, each as a floating-point number.
-/// As long as such a sum is exact, and it is for all but absurd values, whole numbers add up to the
-/// same and much faster.
+/// The sum that the values give when they are added in their order as floating-point numbers. While
+/// that is exact, as it is for all but absurd values, adding whole numbers gives the same and is
+/// much faster.
 double sum_in_order(std::span<const std::size_t> values) {
     constexpr std::uint64_t small = std::uint64_t{1} << 32U;
     constexpr std::uint64_t few = std::uint64_t{1} << 21U; // of these, the sum has at most 53 bits

@@ -84,7 +84,7 @@ std::string from_sample(const std::shared_ptr<GenericStrategy>& layout, std::u16
     return out;
 }
 
-/// Without the lines.
+/// The records without the numbers of their lines.
 std::string fields_of(const std::string& records) {
     std::string out;
     for (std::size_t at = 0; at < records.size(); at = records.find("]/", at) + 2) {

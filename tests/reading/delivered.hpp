@@ -12,7 +12,7 @@
 
 namespace test {
 
-/// What a source throws that fails.
+/// Thrown by a source that fails.
 struct Failure {};
 
 /// Delivers a text, and fails before each read whose number can be divided by `failing`.

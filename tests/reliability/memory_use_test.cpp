@@ -12,7 +12,7 @@ using namespace test;
 using namespace textio::parser;
 using textio::DelimitedStrategy;
 
-// What was foretold from a text's first lines, and fields that are dropped again, are never held.
+// Neither room that is foretold from the first lines, nor room for fields that are dropped again, is kept.
 TEST(MemoryUse, AReadTakesLittleMoreThanItHolds) {
     std::u16string much_to_come;
     for (int line = 0; line < 2000; ++line) {
