@@ -77,8 +77,9 @@ if(BUILD_SHARED_LIBS)
   set(CPACK_POST_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/debian_ldconfig.cmake")
 endif()
 if(TARGET detect_layout)
-  debian_package(tools text-format-detection-tools text "${about} the program detect_layout, which
-tells the layout of files in words, as a picture or as JSON, and why it is the best.")
+  debian_package(tools text-format-detection-tools text
+    "${about} the program detect_layout, which tells the layout of files
+in words, as a picture or as JSON, and why it is the best.")
   debian_gzip(tools "${CMAKE_INSTALL_MANDIR}/man1/detect_layout.1")
   set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
   if(BUILD_SHARED_LIBS)
