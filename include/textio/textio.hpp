@@ -6,6 +6,7 @@
 #include "textio/candidates.hpp"
 #include "textio/field.hpp"
 #include "textio/fixed_stream.hpp"
+#include "textio/names.hpp"
 #include "textio/options.hpp"
 #include "textio/platform/delimiter_set.hpp"
 #include "textio/platform/is_datetime.hpp"
