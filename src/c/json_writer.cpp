@@ -15,8 +15,7 @@ constexpr std::string_view hexadecimal = "0123456789abcdef";
 /// Longer than a number of 17 digits with sign, mark and exponent.
 using Digits = std::array<char, 40>;
 
-/// The digits of `value` that give it back. What the locale takes for a decimal mark is made a
-/// point: a program may have set one.
+/// The digits of `value` that give it back.
 std::string shortest(double value) {
     Digits digits{};
     for (int precision = 15; precision <= 17; ++precision) {
@@ -25,16 +24,20 @@ std::string shortest(double value) {
             break;
         }
     }
-    std::string text = digits.data();
-    const std::size_t mark = text.find_first_not_of("+-0123456789e");
-    if (mark != std::string::npos) {
-        text.replace(mark, std::min(text.find_first_of("+-0123456789e", mark), text.size()) - mark,
-                     ".");
-    }
-    return text;
+    return with_point(digits.data());
 }
 
 } // namespace
+
+std::string with_point(std::string number) {
+    constexpr std::string_view usual = "+-0123456789e";
+    const std::size_t mark = number.find_first_not_of(usual);
+    if (mark != std::string::npos) {
+        const std::size_t behind = std::min(number.find_first_of(usual, mark), number.size());
+        number.replace(mark, behind - mark, ".");
+    }
+    return number;
+}
 
 void JsonWriter::key(std::string_view name) {
     separate();

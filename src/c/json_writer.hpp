@@ -9,6 +9,10 @@
 
 namespace textio::c {
 
+/// `number` with a point for its decimal mark. A program may have set a locale, and its mark may be
+/// several bytes long.
+[[nodiscard]] std::string with_point(std::string number);
+
 /// Calls come in the order (value | open member* close): a member of an object is a `key` and a
 /// value, one of a list a value. What the names promise is not checked.
 class JsonWriter {
