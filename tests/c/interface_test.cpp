@@ -55,7 +55,7 @@ TEST(CHints, AreCheckedOneByOne) {
         {"decimal", "", TEXTIO_BAD_VALUE, "not a character"},
         {"widths", "10,8,6", TEXTIO_OK},
         {"widths", "", TEXTIO_OK},
-        {"widths", "10,", TEXTIO_BAD_VALUE, "comma"},
+        {"widths", "10,", TEXTIO_BAD_VALUE, "not a number"},
         {"widths", ",10", TEXTIO_BAD_VALUE, "not a number"},
         {"widths", "10;8", TEXTIO_BAD_VALUE, "not a number"},
         {"names_line", "none", TEXTIO_OK},
