@@ -210,7 +210,7 @@ textio_hints* textio_hints_new() {
 }
 
 void textio_hints_free(textio_hints* hints) {
-    const std::unique_ptr<textio_hints> owned(hints);
+    std::unique_ptr<textio_hints>(hints).reset();
 }
 
 const char* textio_hint_name(size_t index) {

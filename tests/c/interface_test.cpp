@@ -239,9 +239,11 @@ struct Pieces {
 
     static size_t read(void* context, char* buffer, size_t size) {
         auto& self = *static_cast<Pieces*>(context);
-        if (self.failing-- == 0) {
+        if (self.failing == 0) {
+            self.failing = SIZE_MAX;
             return TEXTIO_READ_FAILED;
         }
+        --self.failing;
         const size_t count = std::min({self.rest.size(), self.piece, size});
         std::copy_n(self.rest.begin(), count, buffer);
         self.rest.remove_prefix(count);
