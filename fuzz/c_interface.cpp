@@ -1,5 +1,6 @@
 // The C interface: any hints, any bytes, in any form and in pieces.
 #include "c/handles.hpp"
+#include "c/pieces.hpp"
 #include "input.hpp"
 #include "textio/utf8.hpp"
 
@@ -10,6 +11,7 @@
 namespace {
 
 using fuzz::require;
+using test::Pieces;
 
 /// A value for a hint. The first ones suit most.
 std::string value_for(fuzz::Input& input) {
@@ -63,26 +65,6 @@ test::Hints any_hints(fuzz::Input& input) {
     }
     return hints;
 }
-
-/// Delivers bytes in pieces, and fails once.
-struct Pieces {
-    std::string_view rest;
-    std::size_t piece;
-    std::size_t failing;
-
-    static size_t read(void* context, char* buffer, size_t size) {
-        auto& self = *static_cast<Pieces*>(context);
-        if (self.failing == 0) {
-            self.failing = SIZE_MAX;
-            return TEXTIO_READ_FAILED;
-        }
-        --self.failing;
-        const size_t count = std::min({self.rest.size(), self.piece, size});
-        std::copy_n(self.rest.begin(), count, buffer);
-        self.rest.remove_prefix(count);
-        return count;
-    }
-};
 
 void check_text(const char* text, size_t length) {
     require(text != nullptr && text[length] == '\0', "a text ends with a 0");

@@ -19,7 +19,7 @@ using Digits = std::array<char, 40>;
 std::string shortest(double value) {
     Digits digits{};
     for (int precision = 15; precision <= 17; ++precision) {
-        // NOLINTNEXTLINE(*-vararg): older standard libraries have no std::to_chars for such
+        // NOLINTNEXTLINE(*-type-vararg): older standard libraries have no std::to_chars for such
         // numbers.
         std::snprintf(digits.data(), digits.size(), "%.*g", precision, value);
         if (std::strtod(digits.data(), nullptr) == value) {

@@ -41,7 +41,7 @@ std::size_t fields_of(const advice::Proposal& proposal) {
     return proposal.columns.empty() ? fields_of(*proposal.strategy) : proposal.columns.size();
 }
 
-/// Whether nothing is left of empty cells at the end of a line.
+/// Whether empty cells at the end of a line are not kept when it is read.
 bool drops_last_cells(StrategyMode mode, const parser::options& options) {
     return mode == StrategyMode::fixed_width ||
            (mode == StrategyMode::delimited &&
