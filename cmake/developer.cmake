@@ -1,5 +1,6 @@
 # What only this project's own developers build: warnings as errors, the tests, the example host.
 
+enable_language(C) # programs and tests of the C interface
 set(developer_warnings -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # Optimising, g++ 12 takes a literal that is put in front of a string for an overlapping copy.
@@ -9,6 +10,7 @@ target_compile_options(text_format_detection PRIVATE ${developer_warnings})
 
 function(textio_developer_target target)
   target_compile_options(${target} PRIVATE ${developer_warnings} ${textio_arithmetic})
+  set_target_properties(${target} PROPERTIES C_STANDARD 99 C_EXTENSIONS OFF)
   target_link_libraries(${target} PRIVATE text_format_detection::text_format_detection)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
 endfunction()

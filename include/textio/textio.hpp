@@ -7,6 +7,7 @@
 #include "textio/decision_observer.hpp"
 #include "textio/field.hpp"
 #include "textio/fixed_stream.hpp"
+#include "textio/names.hpp"
 #include "textio/options.hpp"
 #include "textio/platform/delimiter_set.hpp"
 #include "textio/platform/is_datetime.hpp"
