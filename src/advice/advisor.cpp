@@ -2,8 +2,6 @@
 
 #include "advice/comments.hpp"
 #include "advice/given.hpp"
-#include "advice/lines.hpp"
-#include "advice/one_length.hpp"
 #include "advice/ranking.hpp"
 #include "advice/weights.hpp"
 #include "parser/read_sample.hpp"
@@ -18,17 +16,6 @@ using enums::StrategyMode;
 using zentor::io::text::typedetection::TypeAnalyzerOptions;
 
 namespace {
-
-/// Columns at positions hold no tabs; so many lines with some are too many.
-constexpr double some_tabs = 0.1;
-
-constexpr char16_t usual_quote = u'"';
-
-/// Whether a reading shows that its quotes may be none: it is not regular, or cells hold half a
-/// pair.
-bool has_odd_quotes(const Reading& reading) {
-    return reading.run.consistency() < 1 || reading.figures.broken != 0;
-}
 
 /// Fields of the widest row; 1 where there is none.
 std::size_t widest_row(const FieldArray& sample) {
@@ -106,107 +93,6 @@ void Advisor::lengthen_raw_lines() {
     parser::read_sample(builder, raw_lines_, false);
 }
 
-void Advisor::read_separators() {
-    if (settings_.delimiter) {
-        read_under_quotes(named_separator(survey_, *settings_.delimiter));
-        return;
-    }
-    if (!may_be(StrategyMode::delimited)) {
-        return;
-    }
-    for (const Separator& separator : suggested_separators(survey_)) {
-        read_separator(separator);
-    }
-    for (const std::u16string& delimiter : settings_.delimiters) {
-        if (occurs(survey_, delimiter)) {
-            read_under_quotes(named_separator(survey_, delimiter));
-        }
-    }
-    if (settings_.layout && readings_.empty()) {
-        read_under_quotes(named_separator(survey_, u" "));
-    }
-}
-
-/// A sign that is frequent in ordinary text is not read once a better one has made a table.
-void Advisor::read_separator(const Separator& separator) {
-    if (can_still_win(separator.prior)) {
-        read_under_quotes(separator);
-    }
-}
-
-void Advisor::read_under_quotes(const Separator& separator) {
-    if (settings_.quote) {
-        add_delimited(separator, *settings_.quote);
-        return;
-    }
-    const std::size_t before = readings_.size();
-    add_delimited(separator, usual_quote);
-    const bool fits = readings_.size() > before && !has_odd_quotes(readings_.back());
-    if (survey_.holds(usual_quote) && !fits) {
-        add_delimited(separator, 0);
-    }
-    for (const char16_t quote : settings_.quotes) {
-        if (frames_fields(survey_, quote, separator.text)) {
-            add_delimited(separator, quote);
-        }
-    }
-}
-
-void Advisor::read_blanks() {
-    const double prior = survey_.holds(u'\t') ? weights::of_blanks_and_tabs : weights::of_blanks;
-    if (!may_be(StrategyMode::space_aligned) || !can_still_win(prior) || !has_blanks()) {
-        return;
-    }
-    if (settings_.quote) {
-        add_blank_separated(*settings_.quote, prior);
-        return;
-    }
-    add_blank_separated(usual_quote, prior);
-    if (survey_.holds(u'\'')) {
-        add_blank_separated(u'\'', prior);
-    }
-}
-
-void Advisor::find_columns_at_positions() {
-    if (!may_be(StrategyMode::fixed_width) || !can_still_win(weights::of_ruled_positions)) {
-        return;
-    }
-    const FieldArray& lines = *lines_->field_array();
-    std::vector<Reading> begun;
-    if (has_given_widths()) {
-        begun.push_back(begin_positions(positions_of_widths(*settings_.widths, lines), context()));
-    } else if (survey_.share(u'\t') <= some_tabs && !blanks_will_do()) {
-        for (Positions& positions :
-             has_blanks() ? find_positions(lines) : std::vector<Positions>()) {
-            begun.push_back(begin_positions(std::move(positions), context()));
-        }
-        if (can_still_win(weights::of_one_length)) {
-            if (auto records = find_records_of_one_length(lines)) {
-                begun.push_back(begin_positions(std::move(*records), context()));
-            }
-        }
-    }
-    grade_best_positions(std::move(begun));
-}
-
-/// Looks at the cells of those columns that can still be the best, the most promising first.
-void Advisor::grade_best_positions(std::vector<Reading> begun) {
-    std::stable_sort(begun.begin(), begun.end(), [](const Reading& left, const Reading& right) {
-        return left.score > right.score;
-    });
-    double best = 0;
-    for (Reading& reading : begun) {
-        if (reading.score > best) {
-            reading.quote = options_.quote;
-            grade_positions(reading, context());
-            best = std::max(best, reading.score);
-            if (reading.score > 0) {
-                readings_.push_back(std::move(reading));
-            }
-        }
-    }
-}
-
 void Advisor::add_line_reading() {
     if (!may_be(StrategyMode::line_reader)) {
         if (readings_.empty()) {
@@ -267,40 +153,6 @@ ProposalSources Advisor::sources() const {
     return sources;
 }
 
-void Advisor::add_delimited(const Separator& separator, char16_t quote) {
-    if (separator.text.empty() || !may_read_more()) {
-        return;
-    }
-    Reading reading;
-    reading.mode = StrategyMode::delimited;
-    reading.delimiter = separator.text;
-    reading.quote = quote;
-    add_rows(std::move(reading),
-             std::make_shared<DelimitedStrategy>(options_with(quote), type_options_,
-                                                 std::vector<std::u16string>{separator.text}),
-             separator.prior);
-}
-
-void Advisor::add_blank_separated(char16_t quote, double prior) {
-    if (!may_read_more()) {
-        return;
-    }
-    Reading reading;
-    reading.mode = StrategyMode::space_aligned;
-    reading.quote = quote;
-    add_rows(std::move(reading),
-             std::make_shared<SpaceAlignedStrategy>(options_with(quote), type_options_), prior);
-}
-
-void Advisor::add_rows(Reading reading, std::shared_ptr<GenericStrategy> strategy, double prior) {
-    reading.strategy = std::move(strategy);
-    read(reading.strategy);
-    grade_rows(reading, prior, context());
-    if (reading.score > 0) {
-        readings_.push_back(std::move(reading));
-    }
-}
-
 void Advisor::read(const std::shared_ptr<GenericStrategy>& strategy) {
     ++reads_;
     output::DetectionOutputBuilder builder;
@@ -333,31 +185,11 @@ bool Advisor::can_still_win(double upper_bound) const {
                         [&](const Reading& reading) { return reading.score > upper_bound; });
 }
 
-/// Whether a good table was found at a delimiter that stands on nearly all lines. Cells that are
-/// cut at blanks would hold that delimiter then, and cannot look better.
-bool Advisor::has_delimited_table() const {
-    constexpr double nearly_all = 0.9;
-    constexpr double good = 0.5;
-    return survey_.share_of_common_delimiter() >= nearly_all &&
-           std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
-               return reading.score >= good && common_delimiters_of_files.find(reading.delimiter) !=
-                                                   std::u16string_view::npos;
-           });
-}
-
 /// Whether enough lines have blanks inside for a layout that blanks make, or the host says so.
 bool Advisor::has_blanks() const {
     constexpr double some = 0.3;
     return settings_.layout || survey_.share(u'\t') >= some ||
            survey_.share_of(survey_.with_blank) >= some;
-}
-
-/// Whether a reading at blanks explains the whole text, so that positions can add nothing.
-bool Advisor::blanks_will_do() const {
-    return std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
-        return reading.is_blank_separated() && reading.run.kept == reading.run.all &&
-               reading.flush >= 0.95 && reading.figures.typed_columns * 2 >= reading.columns;
-    });
 }
 
 parser::options Advisor::options_with(char16_t quote) const {
