@@ -35,7 +35,7 @@ const char16_t* end_of(const FieldArray& sample) {
 
 Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
     : text_(text), sample_lines_(sample_lines), settings_(settings), options_(options_of(settings)),
-      type_options_(type_options_of(settings)), analyzer_(type_options_) {}
+      type_options_(type_options_of(settings)), dates_(type_options_) {}
 
 Advice Advisor::run() {
     read_lines();
@@ -141,7 +141,7 @@ void Advisor::add_told_reading() {
     readings_.push_back(std::move(reading));
 }
 
-ProposalSources Advisor::sources() const {
+ProposalSources Advisor::sources() {
     ProposalSources sources;
     sources.text = &text_;
     sources.sample_lines = sample_lines_;
@@ -149,7 +149,7 @@ ProposalSources Advisor::sources() const {
     sources.options = &options_;
     sources.lines = lines_->field_array();
     sources.raw_lines = raw_lines_->field_array();
-    sources.analyzer = &analyzer_;
+    sources.dates = &dates_;
     return sources;
 }
 
@@ -198,8 +198,8 @@ parser::options Advisor::options_with(char16_t quote) const {
     return options;
 }
 
-GradingContext Advisor::context() const {
-    return {lines_->field_array(), &survey_, &analyzer_};
+GradingContext Advisor::context() {
+    return {lines_->field_array(), &survey_, &dates_};
 }
 
 } // namespace textio::advice

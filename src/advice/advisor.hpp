@@ -2,6 +2,7 @@
 /// Tries assumptions about a text, and ranks what comes of them.
 #pragma once
 
+#include "advice/date_shapes.hpp"
 #include "advice/grading.hpp"
 #include "advice/proposing.hpp"
 #include "advice/reading.hpp"
@@ -53,15 +54,15 @@ private:
     [[nodiscard]] bool has_blanks() const;
     [[nodiscard]] bool blanks_will_do() const;
     [[nodiscard]] parser::options options_with(char16_t quote) const;
-    [[nodiscard]] GradingContext context() const;
-    [[nodiscard]] ProposalSources sources() const;
+    [[nodiscard]] GradingContext context();
+    [[nodiscard]] ProposalSources sources();
 
     const Field& text_;
     std::size_t sample_lines_;
     const Settings& settings_;
     parser::options options_;
     zentor::io::text::typedetection::TypeAnalyzerOptions type_options_;
-    zentor::io::text::typedetection::TypeAnalyzer<false> analyzer_;
+    DateShapes dates_;
     std::shared_ptr<GenericStrategy> raw_lines_; ///< the text line by line, comments included
     std::shared_ptr<GenericStrategy> lines_;     ///< and without them
     Survey survey_;

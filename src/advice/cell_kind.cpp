@@ -9,8 +9,6 @@
 
 namespace textio::advice {
 
-using zentor::io::text::typedetection::FieldClass;
-
 namespace {
 
 /// A separator inside, or a comma with no blank behind it.
@@ -54,15 +52,6 @@ bool holds_numbers_alone(std::u16string_view text) {
         text = text.substr(std::min(end + 1, text.size()));
     }
     return true;
-}
-
-/// Two texts of the same length whose digits stand in the same places and which are alike in all
-/// else.
-bool have_same_shape(std::u16string_view left, std::u16string_view right) {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(), [](char16_t one, char16_t other) {
-               return one == other || (ascii::is_digit(one) && ascii::is_digit(other));
-           });
 }
 
 } // namespace
@@ -141,7 +130,7 @@ CellKind CellJudge::judge(std::u16string_view cell) {
     if (looks_like_number(text)) {
         return CellKind::number;
     }
-    if (is_date(text)) {
+    if (dates_->is_date(text)) {
         return CellKind::date;
     }
     if (is_all_punctuation(text)) {
@@ -157,25 +146,6 @@ CellKind CellJudge::judge(std::u16string_view cell) {
         return CellKind::word;
     }
     return holds_numbers_alone(text) ? CellKind::separated : CellKind::words;
-}
-
-/// Nothing without a digit and one of the signs between the parts of a date, and nothing longer
-/// than the longest date in words, is asked for.
-bool CellJudge::is_date(std::u16string_view text) {
-    constexpr std::size_t longest_date = 48;
-    constexpr std::u16string_view signs = u"-/.: ";
-    if (text.size() < 3 || text.size() > longest_date ||
-        text.find_first_of(signs) == std::u16string_view::npos ||
-        std::none_of(text.begin(), text.end(), ascii::is_digit)) {
-        return false;
-    }
-    if (!have_same_shape(text, last_date_)) {
-        const FieldClass found = analyzer_->classify(Field(text));
-        last_date_ = text;
-        last_was_date_ = found == FieldClass::date || found == FieldClass::datetime ||
-                         found == FieldClass::duration || found == FieldClass::short_duration;
-    }
-    return last_was_date_;
 }
 
 } // namespace textio::advice

@@ -2,7 +2,7 @@
 /// What a cell looks like, judged from its text alone and in one look.
 #pragma once
 
-#include "textio/type_analyzer.hpp"
+#include "advice/date_shapes.hpp"
 
 #include <cstdint>
 #include <string_view>
@@ -34,24 +34,18 @@ inline constexpr std::size_t cell_kinds = 9;
 /// between each two of its parts.
 [[nodiscard]] bool reads_like_a_sentence(std::u16string_view text) noexcept;
 
-/// Judges cells. Remembers the shape of the last text that might have been a date, so that a column
-/// of dates asks for one of them only. A judge belongs to one thread.
+/// Judges cells. A judge belongs to one thread.
 class CellJudge {
 public:
-    /// Both must outlive the judge. `quote` is 0 for none.
-    CellJudge(const zentor::io::text::typedetection::TypeAnalyzer<false>& analyzer, char16_t quote)
-        : analyzer_(&analyzer), quote_(quote) {}
+    /// `dates` must outlive the judge. `quote` is 0 for none.
+    CellJudge(DateShapes& dates, char16_t quote) : dates_(&dates), quote_(quote) {}
 
     /// What `cell`, blanks and quotes included, looks like.
     [[nodiscard]] CellKind judge(std::u16string_view cell);
 
 private:
-    [[nodiscard]] bool is_date(std::u16string_view text);
-
-    const zentor::io::text::typedetection::TypeAnalyzer<false>* analyzer_;
+    DateShapes* dates_;
     char16_t quote_;
-    std::u16string_view last_date_; ///< the last text that was asked for
-    bool last_was_date_ = false;    ///< and what came of it
 };
 
 } // namespace textio::advice

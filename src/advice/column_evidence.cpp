@@ -12,27 +12,6 @@ namespace {
 /// Lines that are looked at unit by unit: some hundred, evenly taken.
 constexpr std::size_t most_lines = 100;
 
-/// The share of a column's cells that touch its left edge or its right one, whichever is more.
-double flush_share(Lines lines, std::size_t begin, std::size_t end) {
-    std::size_t right_edge = 0;
-    for (const auto line : lines) {
-        right_edge = std::max(right_edge, filled_length(cell_of(line, begin, end)));
-    }
-    std::size_t cells = 0;
-    std::size_t left = 0;
-    std::size_t right = 0;
-    for (const auto line : lines) {
-        const auto cell = cell_of(line, begin, end);
-        const std::size_t length = filled_length(cell);
-        if (length != 0) {
-            ++cells;
-            left += is_blank(cell.front()) ? 0U : 1U;
-            right += length == right_edge ? 1U : 0U;
-        }
-    }
-    return cells == 0 ? 0 : static_cast<double>(std::max(left, right)) / static_cast<double>(cells);
-}
-
 } // namespace
 
 std::vector<std::u16string_view> filled_lines(const FieldArray& lines, Region region) {
@@ -112,12 +91,40 @@ std::u16string_view cell_of(std::u16string_view line, std::size_t begin, std::si
     return begin >= line.size() ? std::u16string_view() : line.substr(begin, end - begin);
 }
 
-double alignment_of(Lines lines, const Starts& starts) {
-    double sum = 0;
-    for (std::size_t column = 0; column < starts.size(); ++column) {
-        sum += flush_share(lines, starts[column], end_of_column(starts, column));
+std::vector<ColumnEdges> edges_of(Lines lines, const Starts& starts) {
+    std::vector<ColumnEdges> edges(starts.size());
+    for (const auto line : lines) {
+        for (std::size_t column = 0; column < starts.size() && starts[column] < line.size();
+             ++column) {
+            const auto cell = cell_of(line, starts[column], end_of_column(starts, column));
+            edges[column].add(cell);
+        }
     }
-    return sum / static_cast<double>(starts.size());
+    return edges;
+}
+
+void ColumnEdges::add(std::u16string_view cell) noexcept {
+    const std::size_t length = filled_length(cell);
+    if (length == 0) {
+        return;
+    }
+    ++cells;
+    at_left += is_blank(cell.front()) ? 0U : 1U;
+    if (length > width) {
+        width = length;
+        at_right = 0;
+    }
+    at_right += length == width ? 1U : 0U;
+}
+
+double alignment_of(std::span<const ColumnEdges> edges) {
+    double sum = 0;
+    for (const ColumnEdges& column : edges) {
+        sum += column.cells == 0 ? 0
+                                 : static_cast<double>(std::max(column.at_left, column.at_right)) /
+                                       static_cast<double>(column.cells);
+    }
+    return sum / static_cast<double>(edges.size());
 }
 
 bool are_of_one_length(Lines lines) {
@@ -127,15 +134,12 @@ bool are_of_one_length(Lines lines) {
     return static_cast<std::size_t>(same) * 20 >= lines.size() * 19;
 }
 
-bool stands_flush(std::u16string_view heading, const Starts& starts, Lines lines) {
+bool stands_flush(std::u16string_view heading, const Starts& starts,
+                  std::span<const ColumnEdges> edges) {
     Starts ends;
+    ends.reserve(starts.size());
     for (std::size_t column = 0; column < starts.size(); ++column) {
-        std::size_t last = 0;
-        for (const auto line : lines) {
-            last = std::max(
-                last, filled_length(cell_of(line, starts[column], end_of_column(starts, column))));
-        }
-        ends.push_back(starts[column] + last);
+        ends.push_back(starts[column] + edges[column].width);
     }
     const auto words = heading_words(heading, 2);
     const auto holds = [](const Starts& sorted, std::size_t at) {

@@ -47,15 +47,28 @@ std::size_t join_unnamed(std::u16string_view heading, std::span<const std::size_
 [[nodiscard]] std::u16string_view cell_of(std::u16string_view line, std::size_t begin,
                                           std::size_t end);
 
+/// Where the cells of a column stand in it.
+struct ColumnEdges {
+    std::size_t width = 0;    ///< from the start of the column to where its last cell ends
+    std::size_t cells = 0;    ///< cells that hold something
+    std::size_t at_left = 0;  ///< those of them that touch the left edge
+    std::size_t at_right = 0; ///< and the right one
+
+    void add(std::u16string_view cell) noexcept;
+};
+
+[[nodiscard]] std::vector<ColumnEdges> edges_of(Lines lines, const Starts& starts);
+
 /// How flush the cells stand: the mean over the columns of the share of cells that touch the left
 /// edge or the right one, whichever is more.
-[[nodiscard]] double alignment_of(Lines lines, const Starts& starts);
+[[nodiscard]] double alignment_of(std::span<const ColumnEdges> edges);
 
 /// Whether nearly all lines have one length, blanks at the end included.
 [[nodiscard]] bool are_of_one_length(Lines lines);
 
 /// Whether most words of `heading` start or end where a column does, and most columns have one.
-[[nodiscard]] bool stands_flush(std::u16string_view heading, const Starts& starts, Lines lines);
+[[nodiscard]] bool stands_flush(std::u16string_view heading, const Starts& starts,
+                                std::span<const ColumnEdges> edges);
 
 /// Whether most columns behind the first have a line on which two blanks or more stand in front of
 /// their cell: columns that are never padded are none.

@@ -1,6 +1,7 @@
 #include "advice/columns.hpp"
 
 #include "advice/cell_kind.hpp"
+#include "advice/date_shapes.hpp"
 #include "advice/lines.hpp"
 #include "advice/name_words.hpp"
 #include "advice/number_shape.hpp"
@@ -23,9 +24,12 @@ constexpr std::size_t classified_cells = 9;
 
 constexpr std::size_t class_limit = 13;
 
-/// Whether a cell holds no value. Most cells do, and their first unit tells.
+/// Whether a cell holds no value. Most cells do, and their first unit behind blanks tells.
 bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_options) {
     const auto& missing = type_options.treat_as_missing;
+    while (!cell.empty() && is_blank(cell.front())) {
+        cell.remove_prefix(1);
+    }
     if (missing.empty() && !cell.empty() && ascii::is_digit(cell.front())) {
         return false;
     }
@@ -34,15 +38,27 @@ bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_option
            std::find(missing.begin(), missing.end(), text) != missing.end();
 }
 
-/// What most of the looked-at values of a column are.
+/// What most of the looked-at values of a column are. Values of one shape in a row are of one
+/// class, and a class that more than half of them have is enough.
 FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
                     const TypeAnalyzer<false>& analyzer) {
-    const std::size_t step = std::max<std::size_t>(1, grid.rows() / classified_cells);
+    const std::size_t step = grid.rows() / (classified_cells + 1) + 1;
+    const std::size_t looked_at = (grid.rows() + step - 1) / step;
     std::array<std::size_t, class_limit> counts{};
+    std::u16string_view last;
+    FieldClass found = FieldClass::unknown;
     for (std::size_t row = 0; row < grid.rows(); row += step) {
         const std::u16string_view text = bare(grid.cell(row, column), quote);
-        if (!stands_for_nothing(text)) {
-            ++counts[static_cast<std::size_t>(analyzer.classify(Field(text)))];
+        if (stands_for_nothing(text)) {
+            continue;
+        }
+        if (!have_same_shape(text, last)) {
+            found = analyzer.classify(Field(text));
+            last = text;
+        }
+        const std::size_t votes = ++counts[static_cast<std::size_t>(found)];
+        if (votes * 2 > looked_at && found != FieldClass::unknown) {
+            return found;
         }
     }
     counts[static_cast<std::size_t>(FieldClass::unknown)] = 0;
@@ -104,6 +120,18 @@ void count_values(const Reading& reading, const FieldArray& lines, const char16_
     }
 }
 
+/// Takes in a cell. Few cells have a mark at all, and only numbers say something of it.
+void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
+    const auto is_mark = [](char16_t unit) { return unit == u'.' || unit == u','; };
+    if (std::none_of(cell.begin(), cell.end(), is_mark)) {
+        return;
+    }
+    const std::u16string_view text = bare(cell, quote);
+    if (looks_like_number(text)) {
+        marks.add(text);
+    }
+}
+
 } // namespace
 
 NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const TableStart& start) {
@@ -119,10 +147,7 @@ NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const Tabl
         }
         ++row;
         for (std::size_t column = 0; column < rows.fields(); ++column) {
-            const std::u16string_view text = bare(rows.cells()[column], reading.quote);
-            if (looks_like_number(text)) {
-                marks.add(text);
-            }
+            add_marks(rows.cells()[column], reading.quote, marks);
         }
     }
     return marks;

@@ -105,7 +105,7 @@ void grade_lines(Reading& reading, const GradingContext& context) {
     const Survey& survey = *context.survey;
     constexpr std::size_t longest_value = 80;
     constexpr std::size_t longest_number = 24;
-    CellJudge judge(*context.analyzer, u'"');
+    CellJudge judge(*context.dates, u'"');
     const auto single =
         std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
             const std::u16string_view text = trimmed(line);

@@ -189,8 +189,8 @@ TEST(Records, AreToldByTheirCodes) {
             const Field fields[] = {Field(tag), Field(u"1")};
             sample.add_line(fields, fields + 2, 2);
         }
-        const zentor::io::text::typedetection::TypeAnalyzer<false> analyzer({});
-        CellJudge judge(analyzer, u'"');
+        DateShapes dates({});
+        CellJudge judge(dates, u'"');
         return find_tagged_records(sample, judge);
     };
     EXPECT_TRUE(records({u"HD", u"PO", u"PO", u"NT", u"PO", u"PO"}).are_records(false));
