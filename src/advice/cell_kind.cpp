@@ -117,6 +117,9 @@ bool is_single_value(std::u16string_view text) noexcept {
 
 CellKind CellJudge::judge(std::u16string_view cell) {
     const std::u16string_view text = trimmed(cell);
+    if (!text.empty() && ascii::is_digit(text.front()) && looks_like_number(text)) {
+        return CellKind::number; // most cells are
+    }
     if (stands_for_nothing(text)) {
         return CellKind::missing;
     }

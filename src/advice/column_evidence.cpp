@@ -39,18 +39,18 @@ std::size_t settled_length(Lines lines) {
     return *at;
 }
 
-std::vector<std::size_t> filled_counts(Lines lines, std::size_t positions) {
-    std::vector<std::size_t> counts(positions);
+std::vector<FilledCount> filled_counts(Lines lines, std::size_t positions) {
+    std::vector<FilledCount> counts(positions);
     for (const auto line : lines) {
         const std::size_t end = std::min(positions, line.size());
         for (std::size_t at = 0; at < end; ++at) {
-            counts[at] += is_blank(line[at]) ? 0U : 1U;
+            counts[at] = static_cast<FilledCount>(counts[at] + (is_blank(line[at]) ? 0U : 1U));
         }
     }
     return counts;
 }
 
-Starts starts_between_cuts(std::span<const std::size_t> counts, std::size_t most) {
+Starts starts_between_cuts(std::span<const FilledCount> counts, std::size_t most) {
     Starts starts;
     bool inside = false;
     for (std::size_t at = 0; at < counts.size(); ++at) {
@@ -63,7 +63,7 @@ Starts starts_between_cuts(std::span<const std::size_t> counts, std::size_t most
     return starts;
 }
 
-bool have_gaps(std::span<const std::size_t> counts, std::size_t most, const Starts& starts) {
+bool have_gaps(std::span<const FilledCount> counts, std::size_t most, const Starts& starts) {
     std::size_t wide = 0;
     for (std::size_t column = 1; column < starts.size(); ++column) {
         wide += counts[starts[column] - 2] <= most ? 1U : 0U;
@@ -168,7 +168,7 @@ bool are_mostly_padded(Lines lines, const Starts& starts) {
     return padded * 2 >= starts.size() - 1;
 }
 
-std::size_t join_unnamed(std::u16string_view heading, std::span<const std::size_t> counts,
+std::size_t join_unnamed(std::u16string_view heading, std::span<const FilledCount> counts,
                          std::size_t most, Starts& starts) {
     std::size_t kept = 0;
     for (std::size_t column = 0; column < starts.size(); ++column) {

@@ -1,6 +1,7 @@
 #include "advice/grading.hpp"
 
 #include "advice/lines.hpp"
+#include "advice/number_shape.hpp"
 #include "advice/text_kind.hpp"
 #include "advice/weights.hpp"
 
@@ -105,17 +106,17 @@ void grade_lines(Reading& reading, const GradingContext& context) {
     const Survey& survey = *context.survey;
     constexpr std::size_t longest_value = 80;
     constexpr std::size_t longest_number = 24;
-    CellJudge judge(*context.dates, u'"');
     const auto single =
         std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
             const std::u16string_view text = trimmed(line);
             if (text.size() > longest_value) {
                 return false;
             }
-            const CellKind kind = judge.judge(text);
-            return (kind == CellKind::number && text.size() <= longest_number &&
-                    text.find(u',') == std::u16string_view::npos) ||
-                   kind == CellKind::date || is_single_value(text);
+            if (looks_like_number(text)) {
+                return text.size() <= longest_number &&
+                       text.find(u',') == std::u16string_view::npos;
+            }
+            return context.dates->is_date(text) || is_single_value(text);
         });
     const double share = survey.share_of(static_cast<std::size_t>(single));
     reading.terms[TermKind::prior] = weights::of_lines + weights::of_single_values * share * share;

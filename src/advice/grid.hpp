@@ -28,7 +28,10 @@ struct Grid {
 class RowPicker {
 public:
     explicit RowPicker(std::size_t rows)
-        : step_(rows / (graded_rows + 1) + 1), passed_(rows == 1 ? 1 : 0) {}
+        : rows_(rows), step_(rows / (graded_rows + 1) + 1), passed_(rows == 1 ? 1 : 0) {}
+
+    /// How many rows it takes at the most.
+    [[nodiscard]] std::size_t most() const { return rows_ / step_ + 1; }
 
     /// Whether the next row is one of them.
     bool takes() {
@@ -38,6 +41,7 @@ public:
 
 private:
     static constexpr std::size_t graded_rows = 40;
+    std::size_t rows_;
     std::size_t step_;
     std::size_t passed_;
 };

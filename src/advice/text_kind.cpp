@@ -35,7 +35,8 @@ bool has_two_digits(std::u16string_view text, std::size_t at) {
 /// What follows the time of day that stands in front of the first delimiter of a line.
 std::optional<std::u16string_view> behind_time(std::u16string_view line) {
     constexpr std::size_t longest_stamp = 32;
-    const std::size_t end = std::min({longest_stamp, line.find_first_of(u",;\t|"), line.size()});
+    const std::u16string_view start = line.substr(0, longest_stamp);
+    const std::size_t end = std::min(start.find_first_of(u",;\t|"), start.size());
     for (std::size_t at = 2; at < end; ++at) {
         if (line[at] == u':' && has_two_digits(line, at - 2) && has_two_digits(line, at + 1)) {
             const std::u16string_view rest = line.substr(at + 3);
