@@ -57,7 +57,7 @@ bool holds_numbers_alone(std::u16string_view text) {
 } // namespace
 
 bool stands_for_nothing(std::u16string_view text) noexcept {
-    constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
+    static constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
                                              u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
     constexpr std::size_t longest = 6;
     if (text.empty()) {

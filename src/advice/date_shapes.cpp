@@ -20,11 +20,14 @@ std::size_t number_of_shape(std::u16string_view text) {
     return number ^ (number >> 16);
 }
 
+constexpr bool stands_in_dates(char16_t unit) {
+    return (unit >= u'-' && unit <= u'/') || unit == u':' || unit == u' ';
+}
+
 /// Nothing without a digit and one of the signs between the parts of a date, and nothing longer
 /// than the longest date in words, is one.
 bool could_be_date(std::u16string_view text) {
     constexpr std::size_t longest_date = 48;
-    constexpr std::u16string_view signs = u"-/.: ";
     if (text.size() < 3 || text.size() > longest_date) {
         return false;
     }
@@ -32,7 +35,7 @@ bool could_be_date(std::u16string_view text) {
     bool has_sign = false;
     for (const char16_t unit : text) {
         has_digit = has_digit || ascii::is_digit(unit);
-        has_sign = has_sign || signs.find(unit) != std::u16string_view::npos;
+        has_sign = has_sign || stands_in_dates(unit);
     }
     return has_digit && has_sign;
 }

@@ -20,7 +20,7 @@ bool has_digit(std::u16string_view text) {
 
 /// Words that name a column in many tables and are values in few.
 bool is_usual_name(std::u16string_view cell) {
-    constexpr std::u16string_view names[] = {
+    static constexpr std::u16string_view names[] = {
         u"id",          u"name",    u"date",   u"time",    u"type",    u"code",   u"value",
         u"description", u"title",   u"key",    u"label",   u"count",   u"number", u"category",
         u"email",       u"address", u"city",   u"state",   u"country", u"year",   u"month",

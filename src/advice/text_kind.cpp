@@ -54,7 +54,7 @@ bool begins_with_thousandths(std::u16string_view text) {
 
 /// Words that tell how grave a message is.
 bool is_level(std::u16string_view word) {
-    constexpr std::u16string_view levels[] = {u"INFO",     u"ERROR", u"WARN",  u"WARNING",
+    static constexpr std::u16string_view levels[] = {u"INFO",     u"ERROR", u"WARN",  u"WARNING",
                                               u"DEBUG",    u"TRACE", u"FATAL", u"NOTICE",
                                               u"CRITICAL", u"SEVERE"};
     return std::find(std::begin(levels), std::end(levels), word) != std::end(levels);
@@ -62,25 +62,23 @@ bool is_level(std::u16string_view word) {
 
 /// Small words that join others to a sentence, and stand in no cell of their own.
 bool joins_words(std::u16string_view word) {
-    constexpr std::u16string_view joints[] = {u"for", u"from", u"to",  u"the",   u"of",   u"in",
+    static constexpr std::u16string_view joints[] = {u"for", u"from", u"to",  u"the",   u"of",   u"in",
                                               u"at",  u"on",   u"is",  u"was",   u"not",  u"with",
                                               u"by",  u"and",  u"has", u"after", u"while"};
     return std::find(std::begin(joints), std::end(joints), word) != std::end(joints);
 }
 
-/// Whether what follows a time is a message: it has a level, or words that make a sentence.
+/// Whether what follows a time is a message: it has a level, or a word that joins others.
 bool is_message(std::u16string_view text) {
-    std::size_t joints = 0;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of(u" []():"), text.size());
         const std::u16string_view word = text.substr(0, end);
-        if (is_level(word)) {
+        if (is_level(word) || joins_words(word)) {
             return true;
         }
-        joints += joins_words(word) ? 1U : 0U;
         text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return joints >= 1;
+    return false;
 }
 
 /// How many lines are what.
