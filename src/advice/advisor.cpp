@@ -35,7 +35,7 @@ const char16_t* end_of(const FieldArray& sample) {
 
 Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
     : text_(text), sample_lines_(sample_lines), settings_(settings), options_(options_of(settings)),
-      type_options_(type_options_of(settings)), dates_(type_options_) {}
+      type_options_(type_options_of(settings)), memory_(type_options_) {}
 
 Advice Advisor::run() {
     read_lines();
@@ -149,7 +149,7 @@ ProposalSources Advisor::sources() {
     sources.options = &options_;
     sources.lines = lines_->field_array();
     sources.raw_lines = raw_lines_->field_array();
-    sources.dates = &dates_;
+    sources.memory = &memory_;
     return sources;
 }
 
@@ -199,7 +199,7 @@ parser::options Advisor::options_with(char16_t quote) const {
 }
 
 GradingContext Advisor::context() {
-    return {lines_->field_array(), &survey_, &dates_};
+    return {lines_->field_array(), &survey_, &memory_};
 }
 
 } // namespace textio::advice

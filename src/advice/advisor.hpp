@@ -2,7 +2,7 @@
 /// Tries assumptions about a text, and ranks what comes of them.
 #pragma once
 
-#include "advice/date_shapes.hpp"
+#include "advice/cell_kind.hpp"
 #include "advice/grading.hpp"
 #include "advice/proposing.hpp"
 #include "advice/reading.hpp"
@@ -62,7 +62,7 @@ private:
     const Settings& settings_;
     parser::options options_;
     zentor::io::text::typedetection::TypeAnalyzerOptions type_options_;
-    DateShapes dates_;
+    CellMemory memory_;
     std::shared_ptr<GenericStrategy> raw_lines_; ///< the text line by line, comments included
     std::shared_ptr<GenericStrategy> lines_;     ///< and without them
     Survey survey_;

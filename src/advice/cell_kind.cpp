@@ -11,24 +11,42 @@ namespace textio::advice {
 
 namespace {
 
-/// A separator inside, or a comma with no blank behind it.
-bool holds_separator(std::u16string_view text, char16_t quote) {
+/// What the units of a text say of it, in one look.
+struct UnitSigns {
+    bool has_digit = false;
+    bool has_date_sign = false;   ///< one of the signs between the parts of a date
+    bool has_blank = false;
+    bool has_gap = false;         ///< a run of three blanks
+    bool has_separator = false;   ///< a separator inside, or a comma with no blank behind it
+    bool is_punctuation = true;   ///< nothing but separators
+};
+
+constexpr std::size_t gap_blanks = 3;
+
+UnitSigns look_at(std::u16string_view text, char16_t quote) {
+    UnitSigns signs;
+    std::size_t blanks = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char16_t unit = text[at];
-        if (unit == u',') {
-            if (at + 1 < text.size() && !is_blank(text[at + 1])) {
-                return true;
-            }
-        } else if (unit == u';' || unit == u'|' || unit == u'\t' || (unit == quote && quote != 0)) {
-            return true;
+        if (is_letter(unit)) {
+            signs.is_punctuation = false;
+            blanks = 0;
+            continue;
         }
+        blanks = unit == u' ' ? blanks + 1 : 0;
+        signs.has_blank = signs.has_blank || unit == u' ';
+        signs.has_gap = signs.has_gap || blanks == gap_blanks;
+        signs.has_digit = signs.has_digit || ascii::is_digit(unit);
+        signs.has_date_sign = signs.has_date_sign || stands_in_dates(unit);
+        const bool is_comma = unit == u',';
+        const bool is_other = unit == u';' || unit == u'|' || unit == u'\t';
+        const bool is_inner_comma =
+            is_comma && at + 1 < text.size() && !is_blank(text[at + 1]);
+        signs.has_separator = signs.has_separator || is_inner_comma || is_other ||
+                              (unit == quote && quote != 0);
+        signs.is_punctuation = signs.is_punctuation && (is_comma || is_other || unit == u':');
     }
-    return false;
-}
-
-bool is_all_punctuation(std::u16string_view text) {
-    constexpr std::u16string_view delimiters = u",;|\t:";
-    return text.find_first_not_of(delimiters) == std::u16string_view::npos;
+    return signs;
 }
 
 /// Letters, with an apostrophe or a hyphen among them and a mark of punctuation behind.
@@ -117,35 +135,44 @@ bool is_single_value(std::u16string_view text) noexcept {
 
 CellKind CellJudge::judge(std::u16string_view cell) {
     const std::u16string_view text = trimmed(cell);
-    if (!text.empty() && ascii::is_digit(text.front()) && looks_like_number(text)) {
+    if (text.empty()) {
+        return CellKind::missing;
+    }
+    if (ascii::is_digit(text.front()) && looks_like_number(text)) {
         return CellKind::number; // most cells are
     }
+    CellMemory::Known& known = memory_->known_at(text.data());
+    if (known.begin != text.data() || known.size != text.size() || known.quote != quote_) {
+        known = {text.data(), static_cast<std::uint32_t>(text.size()), quote_, judge_filled(text)};
+    }
+    return known.kind;
+}
+
+/// Judges a trimmed cell that holds something.
+CellKind CellJudge::judge_filled(std::u16string_view text) {
     if (stands_for_nothing(text)) {
         return CellKind::missing;
     }
-    const char16_t first = text.front();
-    if (first == quote_ && quote_ != 0) {
-        if (text.size() == 1 || text.back() != quote_) {
-            return CellKind::broken;
-        }
-        return CellKind::quoted;
+    if (text.front() == quote_ && quote_ != 0) {
+        return text.size() == 1 || text.back() != quote_ ? CellKind::broken : CellKind::quoted;
     }
     if (looks_like_number(text)) {
         return CellKind::number;
     }
-    if (dates_->is_date(text)) {
+    const UnitSigns signs = look_at(text, quote_);
+    if (signs.has_digit && signs.has_date_sign && memory_->dates().is_date(text)) {
         return CellKind::date;
     }
-    if (is_all_punctuation(text)) {
+    if (signs.is_punctuation) {
         return CellKind::broken;
     }
-    if (text.find(u"   ") != std::u16string_view::npos) {
+    if (signs.has_gap) {
         return CellKind::gap;
     }
-    if (holds_separator(text, quote_)) {
+    if (signs.has_separator) {
         return CellKind::separated;
     }
-    if (text.find(u' ') == std::u16string_view::npos) {
+    if (!signs.has_blank) {
         return CellKind::word;
     }
     return holds_numbers_alone(text) ? CellKind::separated : CellKind::words;

@@ -4,7 +4,9 @@
 
 #include "advice/date_shapes.hpp"
 
+#include <array>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace textio::advice {
@@ -34,17 +36,48 @@ inline constexpr std::size_t cell_kinds = 9;
 /// between each two of its parts.
 [[nodiscard]] bool reads_like_a_sentence(std::u16string_view text) noexcept;
 
+/// What was found out about the cells of a text. Its readings share many of them. A memory belongs
+/// to one thread, and the text must outlive it.
+class CellMemory {
+public:
+    explicit CellMemory(
+        const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
+        : dates_(type_options) {}
+
+    [[nodiscard]] DateShapes& dates() { return dates_; }
+
+private:
+    friend class CellJudge;
+
+    struct Known {
+        const char16_t* begin = nullptr;
+        std::uint32_t size = 0;
+        char16_t quote = 0; ///< under which it was judged
+        CellKind kind = CellKind::missing;
+    };
+
+    /// Each place in the text has one of these, which others may take over.
+    [[nodiscard]] Known& known_at(const char16_t* begin) {
+        return known_[std::hash<const char16_t*>()(begin) / sizeof(char16_t) % known_.size()];
+    }
+
+    DateShapes dates_;
+    std::array<Known, 512> known_;
+};
+
 /// Judges cells. A judge belongs to one thread.
 class CellJudge {
 public:
-    /// `dates` must outlive the judge. `quote` is 0 for none.
-    CellJudge(DateShapes& dates, char16_t quote) : dates_(&dates), quote_(quote) {}
+    /// `memory` must outlive the judge. `quote` is 0 for none.
+    CellJudge(CellMemory& memory, char16_t quote) : memory_(&memory), quote_(quote) {}
 
     /// What `cell`, blanks and quotes included, looks like.
     [[nodiscard]] CellKind judge(std::u16string_view cell);
 
 private:
-    DateShapes* dates_;
+    [[nodiscard]] CellKind judge_filled(std::u16string_view text);
+
+    CellMemory* memory_;
     char16_t quote_;
 };
 

@@ -70,7 +70,7 @@ FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
 Grid rows_of(const Reading& reading, const FieldArray& lines) {
     Grid grid;
     grid.columns = reading.columns;
-    RowPicker picker(lines.fields.size());
+    RowPicker picker(lines.fields.size(), grid.columns);
     TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
     while (rows.next()) {
         if (picker.takes()) {

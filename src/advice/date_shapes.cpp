@@ -20,10 +20,6 @@ std::size_t number_of_shape(std::u16string_view text) {
     return number ^ (number >> 16);
 }
 
-constexpr bool stands_in_dates(char16_t unit) {
-    return (unit >= u'-' && unit <= u'/') || unit == u':' || unit == u' ';
-}
-
 /// Nothing without a digit and one of the signs between the parts of a date, and nothing longer
 /// than the longest date in words, is one.
 bool could_be_date(std::u16string_view text) {
@@ -53,7 +49,11 @@ bool DateShapes::is_date(std::u16string_view text) {
     if (!could_be_date(text)) {
         return false;
     }
-    Answer& answer = answers_[number_of_shape(text) % answers_.size()];
+    if (have_same_shape(text, last_->text)) {
+        return last_->is_date;
+    }
+    last_ = &answers_[number_of_shape(text) % answers_.size()];
+    Answer& answer = *last_;
     if (!have_same_shape(text, answer.text)) {
         const FieldClass found = analyzer_.classify(Field(text));
         answer.text = text;

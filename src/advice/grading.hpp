@@ -2,7 +2,7 @@
 /// Grades readings: each factor of a score is a small function with a reason.
 #pragma once
 
-#include "advice/date_shapes.hpp"
+#include "advice/cell_kind.hpp"
 #include "advice/reading.hpp"
 #include "advice/survey.hpp"
 #include "textio/field.hpp"
@@ -15,7 +15,7 @@ namespace textio::advice {
 struct GradingContext {
     const FieldArray* lines = nullptr; ///< the text read as one field a line, without comments
     const Survey* survey = nullptr;    ///< of these lines
-    DateShapes* dates = nullptr;
+    CellMemory* memory = nullptr;
 };
 
 /// Grades a delimited or space-aligned reading with its sample: finds its table, and fills in all

@@ -185,7 +185,7 @@ std::u16string_view cell_at(std::u16string_view line, const Positions& positions
 Grid grid_of(const FieldArray& lines, const Positions& positions) {
     Grid grid;
     grid.columns = positions.starts.size();
-    RowPicker picker(positions.rows);
+    RowPicker picker(positions.rows, grid.columns);
     grid.cells.reserve(grid.columns * picker.most());
     for (std::size_t line = positions.first_line; line <= positions.last_line; ++line) {
         const std::u16string_view text = text_of(lines, line);

@@ -22,7 +22,7 @@ std::u16string_view opener_of(const parser::options& options) {
 TableStart start_of(const Reading& reading, const ProposalSources& sources) {
     TableStart start;
     if (!reading.is_line_by_line()) {
-        CellJudge judge(*sources.dates, reading.quote);
+        CellJudge judge(*sources.memory, reading.quote);
         start = find_table_start(reading, *sources.lines, *sources.raw_lines,
                                  opener_of(*sources.options), judge);
     }

@@ -2,7 +2,7 @@
 /// Makes proposals of graded readings.
 #pragma once
 
-#include "advice/date_shapes.hpp"
+#include "advice/cell_kind.hpp"
 #include "advice/reading.hpp"
 #include "textio/advice.hpp"
 #include "textio/field.hpp"
@@ -20,7 +20,7 @@ struct ProposalSources {
     const parser::options* options = nullptr; ///< under which the readings were made
     const FieldArray* lines = nullptr;        ///< one field a line, with their comments
     const FieldArray* raw_lines = nullptr;    ///< one field a line, without comments
-    DateShapes* dates = nullptr;
+    CellMemory* memory = nullptr;
 };
 
 /// Finds where the table of a reading begins, what its columns are, and which options read it.

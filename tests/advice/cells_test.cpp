@@ -81,22 +81,22 @@ TEST(Cells, KindsShowWhereACutIsWrong) {
         {CellKind::gap, {u"a   b", u"1    2"}},
         {CellKind::broken, {u"\"", u"\"open", u"\"open\" and", u";", u",,", u"|;", u":"}},
     };
-    DateShapes dates({});
+    CellMemory memory({});
     for (const auto& [kind, texts] : kinds) {
-        CellJudge judge(dates, u'"');
+        CellJudge judge(memory, u'"');
         for (const std::u16string_view text : texts) {
             EXPECT_EQ(static_cast<int>(judge.judge(text)), static_cast<int>(kind)) << shown(text);
         }
     }
-    CellJudge without_quotes(dates, 0);
+    CellJudge without_quotes(memory, 0);
     EXPECT_EQ(without_quotes.judge(u"\"open"), CellKind::word);
     EXPECT_EQ(without_quotes.judge(std::u16string_view(u"\0a", 2)), CellKind::word);
 }
 
 TEST(Cells, AJudgeRemembersShapesNotAnswers) {
     // One after the other: a date must not lend its answer to a text of another shape.
-    DateShapes dates({});
-    CellJudge judge(dates, u'"');
+    CellMemory memory({});
+    CellJudge judge(memory, u'"');
     EXPECT_EQ(judge.judge(u"2024-01-31"), CellKind::date);
     EXPECT_EQ(judge.judge(u"2024-02-01"), CellKind::date);
     EXPECT_EQ(judge.judge(u"2024-0x-01"), CellKind::word);

@@ -189,8 +189,8 @@ TEST(Records, AreToldByTheirCodes) {
             const Field fields[] = {Field(tag), Field(u"1")};
             sample.add_line(fields, fields + 2, 2);
         }
-        DateShapes dates({});
-        CellJudge judge(dates, u'"');
+        CellMemory memory({});
+        CellJudge judge(memory, u'"');
         return find_tagged_records(sample, judge);
     };
     EXPECT_TRUE(records({u"HD", u"PO", u"PO", u"NT", u"PO", u"PO"}).are_records(false));
