@@ -45,6 +45,7 @@ Advice Advisor::run() {
             read_blanks();
             find_columns_at_positions();
         }
+        read_ragged_rows();
     }
     add_line_reading();
     lengthen_raw_lines();

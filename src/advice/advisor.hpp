@@ -35,6 +35,7 @@ private:
     void read_separator(const Separator& separator);
     void read_under_quotes(const Separator& separator);
     void read_blanks();
+    void read_ragged_rows();
     void find_columns_at_positions();
     void grade_best_positions(std::vector<Reading> begun);
     void add_line_reading();

@@ -19,6 +19,30 @@ bool has_odd_quotes(const Reading& reading) {
     return reading.run.consistency() < 1 || reading.figures.broken != 0;
 }
 
+/// Whether a delimiter stands in a line where no punctuation does: a blank or nothing follows that.
+bool separates(std::u16string_view line, char16_t delimiter) {
+    for (std::size_t at = line.find(delimiter); at != std::u16string_view::npos;
+         at = line.find(delimiter, at + 1)) {
+        if (at + 1 < line.size() && line[at + 1] != u' ') {
+            return true;
+        }
+    }
+    return false;
+}
+
+/// The common delimiter that separates something on nearly all lines; 0 if none does.
+char16_t delimiter_of_all_lines(const FieldArray& lines) {
+    for (const char16_t delimiter : common_delimiters_of_files) {
+        const auto with =
+            std::count_if(lines.fields.begin(), lines.fields.end(),
+                          [&](const Field& line) { return separates(line.view(), delimiter); });
+        if (static_cast<std::size_t>(with) * 10 >= lines.fields.size() * 9) {
+            return delimiter;
+        }
+    }
+    return 0;
+}
+
 } // namespace
 
 void Advisor::read_separators() {
@@ -79,6 +103,31 @@ void Advisor::read_blanks() {
     add_blank_separated(usual_quote, prior);
     if (survey_.holds(u'\'')) {
         add_blank_separated(u'\'', prior);
+    }
+}
+
+/// Rows may have their delimiter on every line and yet not keep a width, as where fields were lost.
+/// Nothing else shows a table then.
+void Advisor::read_ragged_rows() {
+    if (settings_.delimiter || !may_be(StrategyMode::delimited) ||
+        !can_still_win(weights::of_lines) || !may_read_more()) {
+        return;
+    }
+    const char16_t delimiter = delimiter_of_all_lines(*lines_->field_array());
+    if (delimiter == 0) {
+        return;
+    }
+    Reading reading;
+    reading.mode = StrategyMode::delimited;
+    reading.delimiter = std::u16string(1, delimiter);
+    reading.quote = settings_.quote.value_or(usual_quote);
+    reading.strategy = std::make_shared<DelimitedStrategy>(
+        options_with(reading.quote), type_options_,
+        std::vector<std::u16string>{reading.delimiter});
+    read(reading.strategy);
+    grade_ragged_rows(reading, context());
+    if (reading.score > 0) {
+        readings_.push_back(std::move(reading));
     }
 }
 

@@ -185,6 +185,20 @@ void grade_rows(Reading& reading, double prior, const GradingContext& context) {
     }
 }
 
+void grade_ragged_rows(Reading& reading, const GradingContext& context) {
+    reading.run = find_ragged_run(*reading.strategy->field_array());
+    const bool is_even = reading.run.kept * 4 > reading.run.rows * 3; // and was graded as such
+    if (reading.run.width < 2 || is_even) {
+        return;
+    }
+    CellJudge judge(*context.memory, reading.quote);
+    reading.grid = grid_of(*reading.strategy->field_array(), reading.run);
+    reading.figures = figures_of(reading.grid, judge);
+    reading.columns = reading.run.width;
+    reading.terms[TermKind::prior] = weights::of_ragged_rows;
+    reading.score = reading.terms.product();
+}
+
 Reading begin_positions(Positions positions, const GradingContext& context) {
     Reading reading;
     reading.mode = enums::StrategyMode::fixed_width;

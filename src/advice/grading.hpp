@@ -22,6 +22,11 @@ struct GradingContext {
 /// that follows from it. `prior` is that of its separator. The score stays 0 where there is none.
 void grade_rows(Reading& reading, double prior, const GradingContext& context);
 
+/// Grades a delimited reading with its sample whose rows do not agree: its table is all of it, as
+/// wide as most rows are. The score stays 0 if these have one
+/// field, or if nearly all rows are as wide.
+void grade_ragged_rows(Reading& reading, const GradingContext& context);
+
 /// Begins to grade columns at fixed positions: all but the look at their cells, so that the score
 /// is the most that these columns can reach.
 [[nodiscard]] Reading begin_positions(Positions positions, const GradingContext& context);
