@@ -82,16 +82,24 @@ void weigh_blanks_by_positions(std::vector<Reading>& readings, const Survey& sur
     }
 }
 
+/// Columns that hold something: a word of a heading over nothing makes none.
+std::size_t filled_columns(const Reading& reading) {
+    return static_cast<std::size_t>(
+        std::count_if(reading.figures.columns.begin(), reading.figures.columns.end(),
+                      [](const ColumnFigures& column) { return column.filled != 0; }));
+}
+
 /// Positions that explain nothing which blanks alone do not are not worth their widths.
 void weigh_positions_by_blanks(std::vector<Reading>& readings) {
     constexpr double all = 0.995;
     constexpr double mostly_flush = 0.9;
     for (Reading& fixed : readings) {
+        const std::size_t columns = filled_columns(fixed);
         const bool blanks_will_do =
             are_columns(fixed) &&
             std::any_of(readings.begin(), readings.end(), [&](const Reading& blanks) {
                 return blanks.is_blank_separated() && blanks.run.consistency() >= all &&
-                       fixed.columns <= blanks.columns && blanks.flush > mostly_flush;
+                       columns <= blanks.columns && blanks.flush > mostly_flush;
             });
         if (blanks_will_do) {
             weigh(fixed, weights::blanks_will_do);
