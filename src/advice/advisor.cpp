@@ -8,6 +8,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <span>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace textio::advice {
@@ -29,6 +32,17 @@ std::size_t widest_row(const FieldArray& sample) {
 /// Where the last field of a sample ends; null if it has none.
 const char16_t* end_of(const FieldArray& sample) {
     return sample.fields.empty() ? nullptr : sample.fields.back().data + sample.fields.back().size;
+}
+
+/// The comments that a text read line by line shows, as readers are told of them.
+std::vector<std::u16string> comments_of(const FieldArray& lines,
+                                        std::span<const std::u16string> openers) {
+    if (has_block_comments(lines)) {
+        return {std::u16string(block_opener), std::u16string(block_closer)};
+    }
+    const std::u16string_view opener = choose_comment_opener(lines, openers);
+    return opener.empty() ? std::vector<std::u16string>()
+                          : std::vector<std::u16string>{std::u16string(opener)};
 }
 
 } // namespace
@@ -60,11 +74,7 @@ void Advisor::read_lines() {
     raw_lines_ = std::make_shared<LineReaderStrategy>(raw, type_options_);
     read(raw_lines_);
     if (!settings_.comment_style) {
-        const auto opener =
-            choose_comment_opener(*raw_lines_->field_array(), settings_.comment_openers);
-        if (!opener.empty()) {
-            options_.comment_style.emplace_back(opener);
-        }
+        options_.comment_style = comments_of(*raw_lines_->field_array(), settings_.comment_openers);
     }
     lines_ = raw_lines_;
     if (!options_.comment_style.empty()) {

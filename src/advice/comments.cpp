@@ -54,7 +54,51 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
     return counts;
 }
 
+/// Tells lines of comments from others, one after the other.
+class CommentLines {
+public:
+    explicit CommentLines(std::span<const std::u16string> style) : style_(style) {}
+
+    bool takes(std::u16string_view line) {
+        const bool opens = !is_inside_ && is_comment(line, style_.front());
+        if (!opens && !is_inside_) {
+            return false;
+        }
+        if (style_.size() == 2) {
+            const std::size_t behind = opens ? line.find(style_.front()) + style_.front().size() : 0;
+            is_inside_ = line.find(style_.back(), behind) == std::u16string_view::npos;
+        }
+        return true;
+    }
+
+private:
+    std::span<const std::u16string> style_;
+    bool is_inside_ = false;
+};
+
 } // namespace
+
+bool has_block_comments(const FieldArray& lines) {
+    bool is_inside = false;
+    std::size_t in_blocks = 0;
+    for (const Field& field : lines.fields) {
+        std::u16string_view text = trimmed(field.view());
+        if (!is_inside && text.starts_with(block_opener)) {
+            is_inside = true;
+            text.remove_prefix(block_opener.size());
+        }
+        if (!is_inside) {
+            continue;
+        }
+        ++in_blocks;
+        const std::size_t end = text.find(block_closer);
+        is_inside = end == std::u16string_view::npos;
+        if (!is_inside && end + block_closer.size() != text.size()) {
+            return false;
+        }
+    }
+    return !is_inside && in_blocks != 0 && in_blocks < lines.fields.size();
+}
 
 bool is_comment(std::u16string_view line, std::u16string_view opener) noexcept {
     return !opener.empty() && trimmed(line).starts_with(opener);
@@ -80,11 +124,12 @@ std::u16string_view choose_comment_opener(const FieldArray& lines,
     return best;
 }
 
-bool are_comments(const FieldArray& lines, std::u16string_view opener, std::size_t names_line,
-                  std::size_t first_data_line) {
-    if (opener.empty()) {
+bool are_comments(const FieldArray& lines, std::span<const std::u16string> style,
+                  std::size_t names_line, std::size_t first_data_line) {
+    if (style.empty()) {
         return false;
     }
+    CommentLines comments(style);
     bool are_all_above = true;
     bool has_any = false;
     for (std::size_t line = 0; line < lines.line_count(); ++line) {
@@ -92,7 +137,7 @@ bool are_comments(const FieldArray& lines, std::u16string_view opener, std::size
         if (text.empty()) {
             continue;
         }
-        const bool comment = is_comment(text, opener);
+        const bool comment = comments.takes(text);
         if (line >= first_data_line && comment) {
             return true;
         }

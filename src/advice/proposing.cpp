@@ -47,7 +47,7 @@ parser::options options_of(const Reading& reading, const TableStart& start,
     parser::options options = *sources.options;
     options.quote = reading.quote;
     const bool is_known = sources.settings->comment_style.has_value();
-    if (!is_known && !are_comments(*sources.raw_lines, opener_of(options), start.names_line,
+    if (!is_known && !are_comments(*sources.raw_lines, options.comment_style, start.names_line,
                                    start.first_data_line)) {
         options.comment_style.clear();
     }
