@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 
 namespace textio::advice {
 
@@ -101,15 +102,49 @@ void classify(const Reading& reading, const FieldArray& lines,
     }
 }
 
-/// Counts values and what is missing, over all rows of the table from its first data on.
+/// The rows of a reading's data, one after the other. They may begin above the run of rows that
+/// keeps the width of the table.
+class DataRows {
+public:
+    DataRows(const Reading& reading, const FieldArray& lines, const char16_t* first_data)
+        : rows_(reading, lines, first_line(reading, lines, first_data), last_table_line(reading)),
+          first_data_(first_data) {}
+
+    bool next() {
+        while (rows_.next()) {
+            const char16_t* const at = rows_.place() != nullptr ? rows_.place() : rows_.begin();
+            if (!std::less<>()(at, first_data_)) {
+                return true;
+            }
+        }
+        return false;
+    }
+
+    [[nodiscard]] const TableRows& row() const { return rows_; }
+
+private:
+    static std::size_t first_line(const Reading& reading, const FieldArray& lines,
+                                  const char16_t* first_data) {
+        const FieldArray& sample =
+            reading.is_at_positions() ? lines : *reading.strategy->field_array();
+        const std::size_t first = first_table_line(reading);
+        const bool begins_above = first_data != nullptr && first < sample.line_count() &&
+                                  !sample.line(first).empty() &&
+                                  std::less<>()(first_data, sample.line(first).front().data);
+        return begins_above ? 0 : first;
+    }
+
+    TableRows rows_;
+    const char16_t* first_data_;
+};
+
+/// Counts values and what is missing, over all rows of data.
 void count_values(const Reading& reading, const FieldArray& lines, const char16_t* first_data,
                   const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
-    TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
+    DataRows data(reading, lines, first_data);
     std::size_t data_rows = 0;
-    while (rows.next()) {
-        if (rows.place() != nullptr && rows.place() < first_data) {
-            continue;
-        }
+    while (data.next()) {
+        const TableRows& rows = data.row();
         ++data_rows;
         for (std::size_t column = 0; column < rows.fields(); ++column) {
             columns[column].values += is_missing(rows.cells()[column], type_options) ? 0U : 1U;
@@ -140,12 +175,9 @@ NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const Tabl
     if (reading.is_line_by_line()) {
         return marks;
     }
-    TableRows rows(reading, lines, first_table_line(reading), last_table_line(reading));
-    for (std::size_t row = 0; row < most_rows && !marks.are_settled() && rows.next();) {
-        if (rows.place() != nullptr && rows.place() < start.first_data) {
-            continue;
-        }
-        ++row;
+    DataRows data(reading, lines, start.first_data);
+    for (std::size_t row = 0; row < most_rows && !marks.are_settled() && data.next(); ++row) {
+        const TableRows& rows = data.row();
         for (std::size_t column = 0; column < rows.fields(); ++column) {
             add_marks(rows.cells()[column], reading.quote, marks);
         }
