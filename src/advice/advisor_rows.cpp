@@ -31,8 +31,11 @@ bool separates(std::u16string_view line, char16_t delimiter) {
 }
 
 /// The common delimiter that separates something on nearly all lines; 0 if none does.
-char16_t delimiter_of_all_lines(const FieldArray& lines) {
+char16_t delimiter_of_all_lines(const FieldArray& lines, const Survey& survey) {
     for (const char16_t delimiter : common_delimiters_of_files) {
+        if (!survey.holds(delimiter)) {
+            continue;
+        }
         const auto with =
             std::count_if(lines.fields.begin(), lines.fields.end(),
                           [&](const Field& line) { return separates(line.view(), delimiter); });
@@ -113,7 +116,7 @@ void Advisor::read_ragged_rows() {
         !can_still_win(weights::of_lines) || !may_read_more()) {
         return;
     }
-    const char16_t delimiter = delimiter_of_all_lines(*lines_->field_array());
+    const char16_t delimiter = delimiter_of_all_lines(*lines_->field_array(), survey_);
     if (delimiter == 0) {
         return;
     }

@@ -3,6 +3,7 @@
 #include "advice/lines.hpp"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace textio::advice {
@@ -31,17 +32,40 @@ struct OpenerCount {
     bool has_first_line = false;
 };
 
-/// How many lines each opener begins, in their order. Most lines begin with the first unit of none.
+/// The units with which openers begin. Most lines begin with none of them.
+class FirstUnits {
+public:
+    explicit FirstUnits(std::span<const std::u16string> openers) {
+        for (const std::u16string& opener : openers) {
+            if (!opener.empty()) {
+                begins_[opener.front() % begins_.size()] = true;
+            }
+        }
+    }
+
+    /// Whether an opener may begin with the unit; never wrong with a no.
+    [[nodiscard]] bool may_have(char16_t unit) const { return begins_[unit % begins_.size()]; }
+
+private:
+    std::array<bool, 128> begins_{};
+};
+
+/// A line without the blanks in front.
+std::u16string_view from_first_unit(std::u16string_view line) {
+    while (!line.empty() && is_blank(line.front())) {
+        line.remove_prefix(1);
+    }
+    return line;
+}
+
+/// How many lines each opener begins, in their order.
 std::vector<OpenerCount> count_lines(const FieldArray& lines,
                                      std::span<const std::u16string> openers) {
-    std::u16string first_units;
-    for (const std::u16string& opener : openers) {
-        first_units.push_back(opener.empty() ? u'\0' : opener.front());
-    }
+    const FirstUnits first_units(openers);
     std::vector<OpenerCount> counts(openers.size());
     for (std::size_t field = 0; field < lines.fields.size(); ++field) {
-        const std::u16string_view line = trimmed(lines.fields[field].view());
-        if (line.empty() || first_units.find(line.front()) == std::u16string::npos) {
+        const std::u16string_view line = from_first_unit(lines.fields[field].view());
+        if (line.empty() || !first_units.may_have(line.front())) {
             continue;
         }
         for (std::size_t index = 0; index < openers.size(); ++index) {
@@ -82,14 +106,11 @@ bool has_block_comments(const FieldArray& lines) {
     bool is_inside = false;
     std::size_t in_blocks = 0;
     for (const Field& field : lines.fields) {
-        std::u16string_view text = trimmed(field.view());
-        if (!is_inside && text.starts_with(block_opener)) {
-            is_inside = true;
-            text.remove_prefix(block_opener.size());
-        }
-        if (!is_inside) {
+        std::u16string_view text = from_first_unit(field.view());
+        if (!is_inside && !text.starts_with(block_opener)) {
             continue;
         }
+        text = trimmed(text.substr(is_inside ? 0 : block_opener.size()));
         ++in_blocks;
         const std::size_t end = text.find(block_closer);
         is_inside = end == std::u16string_view::npos;
