@@ -138,23 +138,6 @@ private:
     const char16_t* first_data_;
 };
 
-/// Counts values and what is missing, over all rows of data.
-void count_values(const Reading& reading, const FieldArray& lines, const char16_t* first_data,
-                  const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
-    DataRows data(reading, lines, first_data);
-    std::size_t data_rows = 0;
-    while (data.next()) {
-        const TableRows& rows = data.row();
-        ++data_rows;
-        for (std::size_t column = 0; column < rows.fields(); ++column) {
-            columns[column].values += is_missing(rows.cells()[column], type_options) ? 0U : 1U;
-        }
-    }
-    for (Column& column : columns) {
-        column.missing = data_rows - column.values;
-    }
-}
-
 /// Takes in a cell. Few cells have a mark at all, and only numbers say something of it.
 void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
     const auto is_mark = [](char16_t unit) { return unit == u'.' || unit == u','; };
@@ -169,31 +152,37 @@ void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
 
 } // namespace
 
-NumberMarks marks_of(const Reading& reading, const FieldArray& lines, const TableStart& start) {
-    constexpr std::size_t most_rows = 60;
-    NumberMarks marks;
-    if (reading.is_line_by_line()) {
-        return marks;
-    }
+TableTally tally_of(const Reading& reading, const FieldArray& lines, const TableStart& start,
+                    const TypeAnalyzerOptions& type_options) {
+    constexpr std::size_t most_rows = 60; // whose marks are looked at
+    TableTally tally;
+    tally.columns.resize(reading.columns);
     DataRows data(reading, lines, start.first_data);
-    for (std::size_t row = 0; row < most_rows && !marks.are_settled() && data.next(); ++row) {
-        const TableRows& rows = data.row();
-        for (std::size_t column = 0; column < rows.fields(); ++column) {
-            add_marks(rows.cells()[column], reading.quote, marks);
+    std::size_t data_rows = 0;
+    while (data.next()) {
+        const TableRows& row = data.row();
+        const bool tells_marks = data_rows++ < most_rows && !reading.is_line_by_line() &&
+                                 !tally.marks.are_settled();
+        for (std::size_t column = 0; column < row.fields(); ++column) {
+            const std::u16string_view cell = row.cells()[column];
+            tally.columns[column].values += is_missing(cell, type_options) ? 0U : 1U;
+            if (tells_marks) {
+                add_marks(cell, reading.quote, tally.marks);
+            }
         }
     }
-    return marks;
+    for (Column& column : tally.columns) {
+        column.missing = data_rows - column.values;
+    }
+    return tally;
 }
 
-std::vector<Column> columns_of(const Reading& reading, const FieldArray& lines,
-                               const TableStart& start, const TypeAnalyzerOptions& type_options) {
-    std::vector<Column> columns(reading.columns);
+void describe_columns(const Reading& reading, const FieldArray& lines, const TableStart& start,
+                      const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
     for (std::size_t column = 0; column < std::min(columns.size(), start.names.size()); ++column) {
         columns[column].name = bare(start.names[column], reading.quote);
     }
     classify(reading, lines, type_options, columns);
-    count_values(reading, lines, start.first_data, type_options, columns);
-    return columns;
 }
 
 } // namespace textio::advice

@@ -97,7 +97,8 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
     proposal.names_line = start.names_line;
     proposal.first_data_line = start.first_data_line;
 
-    const NumberMarks marks = marks_of(reading, *sources.lines, start);
+    TableTally tally = tally_of(reading, *sources.lines, start, settings.type_options);
+    const NumberMarks& marks = tally.marks;
     proposal.decimal_mark = settings.decimal_mark.value_or(marks.decimal_mark());
     proposal.thousands_separator =
         settings.thousands_separator.value_or(marks.thousands_separator());
@@ -106,7 +107,8 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
         proposal.type_options.decimal_separator = proposal.decimal_mark;
     }
     proposal.type_options.thousands_separator = proposal.thousands_separator;
-    proposal.columns = columns_of(reading, *sources.lines, start, proposal.type_options);
+    proposal.columns = std::move(tally.columns);
+    describe_columns(reading, *sources.lines, start, proposal.type_options, proposal.columns);
 
     const parser::options options = options_of(reading, start, sources);
     proposal.strategy = reading.strategy;
