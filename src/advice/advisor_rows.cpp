@@ -125,8 +125,7 @@ void Advisor::read_ragged_rows() {
     reading.delimiter = std::u16string(1, delimiter);
     reading.quote = settings_.quote.value_or(usual_quote);
     reading.strategy = std::make_shared<DelimitedStrategy>(
-        options_with(reading.quote), type_options_,
-        std::vector<std::u16string>{reading.delimiter});
+        options_with(reading.quote), type_options_, std::vector<std::u16string>{reading.delimiter});
     read(reading.strategy);
     grade_ragged_rows(reading, context());
     if (reading.score > 0) {

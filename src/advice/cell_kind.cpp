@@ -14,11 +14,11 @@ namespace {
 /// What the units of a text say of it, in one look.
 struct UnitSigns {
     bool has_digit = false;
-    bool has_date_sign = false;   ///< one of the signs between the parts of a date
+    bool has_date_sign = false; ///< one of the signs between the parts of a date
     bool has_blank = false;
-    bool has_gap = false;         ///< a run of three blanks
-    bool has_separator = false;   ///< a separator inside, or a comma with no blank behind it
-    bool is_punctuation = true;   ///< nothing but separators
+    bool has_gap = false;       ///< a run of three blanks
+    bool has_separator = false; ///< a separator inside, or a comma with no blank behind it
+    bool is_punctuation = true; ///< nothing but separators
 };
 
 constexpr std::size_t gap_blanks = 3;
@@ -40,10 +40,9 @@ UnitSigns look_at(std::u16string_view text, char16_t quote) {
         signs.has_date_sign = signs.has_date_sign || stands_in_dates(unit);
         const bool is_comma = unit == u',';
         const bool is_other = unit == u';' || unit == u'|' || unit == u'\t';
-        const bool is_inner_comma =
-            is_comma && at + 1 < text.size() && !is_blank(text[at + 1]);
-        signs.has_separator = signs.has_separator || is_inner_comma || is_other ||
-                              (unit == quote && quote != 0);
+        const bool is_inner_comma = is_comma && at + 1 < text.size() && !is_blank(text[at + 1]);
+        signs.has_separator =
+            signs.has_separator || is_inner_comma || is_other || (unit == quote && quote != 0);
         signs.is_punctuation = signs.is_punctuation && (is_comma || is_other || unit == u':');
     }
     return signs;
@@ -76,7 +75,7 @@ bool holds_numbers_alone(std::u16string_view text) {
 
 bool stands_for_nothing(std::u16string_view text) noexcept {
     static constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
-                                             u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
+                                                    u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
     constexpr std::size_t longest = 6;
     if (text.empty()) {
         return true;

@@ -40,8 +40,7 @@ inline constexpr std::size_t cell_kinds = 9;
 /// to one thread, and the text must outlive it.
 class CellMemory {
 public:
-    explicit CellMemory(
-        const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
+    explicit CellMemory(const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
         : dates_(type_options) {}
 
     [[nodiscard]] DateShapes& dates() { return dates_; }

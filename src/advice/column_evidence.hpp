@@ -15,7 +15,7 @@
 namespace textio::advice {
 
 using Lines = std::span<const std::u16string_view>; ///< filled lines; never none
-using FilledCount = std::uint16_t;                 ///< of the lines that `filled_lines` gives
+using FilledCount = std::uint16_t;                  ///< of the lines that `filled_lines` gives
 using Starts = std::vector<std::size_t>;            ///< where columns start, ascending
 
 /// The filled lines of a region; of a long one some hundred, evenly taken.

@@ -39,11 +39,10 @@ bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_option
            std::find(missing.begin(), missing.end(), text) != missing.end();
 }
 
-/// What most of the looked-at values of a column are. Values of one shape in a row are of one
+/// What most values of a column are in each `step`th row. Values of one shape in a row are of one
 /// class, and a class that more than half of them have is enough.
-FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
-                    const TypeAnalyzer<false>& analyzer) {
-    const std::size_t step = grid.rows() / (classified_cells + 1) + 1;
+FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
+                        const TypeAnalyzer<false>& analyzer, std::size_t step) {
     const std::size_t looked_at = (grid.rows() + step - 1) / step;
     std::array<std::size_t, class_limit> counts{};
     std::u16string_view last;
@@ -65,6 +64,17 @@ FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
     counts[static_cast<std::size_t>(FieldClass::unknown)] = 0;
     const auto* const most = std::max_element(counts.begin(), counts.end());
     return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts.begin());
+}
+
+/// What most of the looked-at values of a column are. Of a column with few values more is looked
+/// at.
+FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
+                    const TypeAnalyzer<false>& analyzer) {
+    const std::size_t step = grid.rows() / (classified_cells + 1) + 1;
+    const FieldClass found = common_class(grid, column, quote, analyzer, step);
+    return found != FieldClass::unknown || step == 1
+               ? found
+               : common_class(grid, column, quote, analyzer, 1);
 }
 
 /// Some rows of a reading that was graded without them.
@@ -161,8 +171,8 @@ TableTally tally_of(const Reading& reading, const FieldArray& lines, const Table
     std::size_t data_rows = 0;
     while (data.next()) {
         const TableRows& row = data.row();
-        const bool tells_marks = data_rows++ < most_rows && !reading.is_line_by_line() &&
-                                 !tally.marks.are_settled();
+        const bool tells_marks =
+            data_rows++ < most_rows && !reading.is_line_by_line() && !tally.marks.are_settled();
         for (std::size_t column = 0; column < row.fields(); ++column) {
             const std::u16string_view cell = row.cells()[column];
             tally.columns[column].values += is_missing(cell, type_options) ? 0U : 1U;

@@ -89,7 +89,8 @@ public:
             return false;
         }
         if (style_.size() == 2) {
-            const std::size_t behind = opens ? line.find(style_.front()) + style_.front().size() : 0;
+            const std::size_t behind =
+                opens ? line.find(style_.front()) + style_.front().size() : 0;
             is_inside_ = line.find(style_.back(), behind) == std::u16string_view::npos;
         }
         return true;

@@ -124,10 +124,10 @@ void grade_lines(Reading& reading, const GradingContext& context) {
         if (text.size() > longest_value) {
             continue;
         }
-        const bool is_single = looks_like_number(text)
-                                   ? text.size() <= longest_number &&
-                                         text.find(u',') == std::u16string_view::npos
-                                   : context.memory->dates().is_date(text) || is_single_value(text);
+        const bool is_single =
+            looks_like_number(text)
+                ? text.size() <= longest_number && text.find(u',') == std::u16string_view::npos
+                : context.memory->dates().is_date(text) || is_single_value(text);
         single += is_single ? 1U : 0U;
     }
     const double share =

@@ -24,8 +24,7 @@ namespace textio::advice {
 /// they share many cells. It belongs to one thread, and the texts must outlive it.
 class DateShapes {
 public:
-    explicit DateShapes(
-        const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
+    explicit DateShapes(const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
         : analyzer_(type_options) {}
     DateShapes(const DateShapes&) = delete;
     DateShapes& operator=(const DateShapes&) = delete;

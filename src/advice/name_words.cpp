@@ -86,9 +86,8 @@ public:
     /// The share of the cells that hold something which have a property.
     template <class Property>
     [[nodiscard]] double share(Property property) const {
-        const auto with = std::count_if(texts_.begin(), texts_.end(), [&](auto text) {
-            return !text.empty() && property(text);
-        });
+        const auto with = std::count_if(texts_.begin(), texts_.end(),
+                                        [&](auto text) { return !text.empty() && property(text); });
         return filled_ == 0 ? 0 : static_cast<double>(with) / static_cast<double>(filled_);
     }
 

@@ -86,8 +86,8 @@ void add_columns_of_region(const FieldArray& lines, Region region, FoundPosition
     }
     Positions positions;
     positions.is_padded = are_of_one_length(filled);
-    const auto counts = filled_counts(
-        filled, positions.is_padded ? filled.front().size() : settled_length(filled));
+    const auto counts =
+        filled_counts(filled, positions.is_padded ? filled.front().size() : settled_length(filled));
     const std::size_t most = filled.size() >= 50 ? filled.size() / 100 : 0;
     Starts& starts = positions.starts;
     starts = starts_between_cuts(counts, most);

@@ -55,16 +55,16 @@ bool begins_with_thousandths(std::u16string_view text) {
 /// Words that tell how grave a message is.
 bool is_level(std::u16string_view word) {
     static constexpr std::u16string_view levels[] = {u"INFO",     u"ERROR", u"WARN",  u"WARNING",
-                                              u"DEBUG",    u"TRACE", u"FATAL", u"NOTICE",
-                                              u"CRITICAL", u"SEVERE"};
+                                                     u"DEBUG",    u"TRACE", u"FATAL", u"NOTICE",
+                                                     u"CRITICAL", u"SEVERE"};
     return std::find(std::begin(levels), std::end(levels), word) != std::end(levels);
 }
 
 /// Small words that join others to a sentence, and stand in no cell of their own.
 bool joins_words(std::u16string_view word) {
-    static constexpr std::u16string_view joints[] = {u"for", u"from", u"to",  u"the",   u"of",   u"in",
-                                              u"at",  u"on",   u"is",  u"was",   u"not",  u"with",
-                                              u"by",  u"and",  u"has", u"after", u"while"};
+    static constexpr std::u16string_view joints[] = {
+        u"for", u"from", u"to",   u"the", u"of",  u"in",  u"at",    u"on",   u"is",
+        u"was", u"not",  u"with", u"by",  u"and", u"has", u"after", u"while"};
     return std::find(std::begin(joints), std::end(joints), word) != std::end(joints);
 }
 

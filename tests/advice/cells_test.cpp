@@ -88,8 +88,12 @@ TEST(Cells, KindsShowWhereACutIsWrong) {
             EXPECT_EQ(static_cast<int>(judge.judge(text)), static_cast<int>(kind)) << shown(text);
         }
     }
+    const std::u16string_view open = u"\"open";
     CellJudge without_quotes(memory, 0);
-    EXPECT_EQ(without_quotes.judge(u"\"open"), CellKind::word);
+    EXPECT_EQ(without_quotes.judge(open), CellKind::word);
+    EXPECT_EQ(CellJudge(memory, u'"').judge(open), CellKind::broken) << "and was another kind without quotes";
+    EXPECT_EQ(CellJudge(memory, u'"').judge(open.substr(0, 1)), CellKind::broken);
+    EXPECT_EQ(without_quotes.judge(open.substr(1, 2)), CellKind::word);
     EXPECT_EQ(without_quotes.judge(std::u16string_view(u"\0a", 2)), CellKind::word);
 }
 
