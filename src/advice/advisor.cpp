@@ -49,7 +49,10 @@ std::vector<std::u16string> comments_of(const FieldArray& lines,
 
 Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
     : text_(text), sample_lines_(sample_lines), settings_(settings), options_(options_of(settings)),
-      type_options_(type_options_of(settings)), memory_(type_options_) {}
+      type_options_(type_options_of(settings)), memory_(type_options_) {
+    builder_.text = &text_;
+    builder_.sample_lines = sample_lines_;
+}
 
 Advice Advisor::run() {
     read_lines();
@@ -98,10 +101,11 @@ void Advisor::lengthen_raw_lines() {
     }
     const Field sampled(text_.data, static_cast<std::size_t>(end - text_.data));
     raw_lines_ = std::make_shared<LineReaderStrategy>(raw_lines_->options(), type_options_);
-    output::DetectionOutputBuilder builder;
-    builder.text = &sampled;
-    builder.sample_lines = SIZE_MAX;
-    parser::read_sample(builder, raw_lines_, false);
+    builder_.text = &sampled;
+    builder_.sample_lines = SIZE_MAX;
+    parser::read_sample(builder_, raw_lines_, false);
+    builder_.text = &text_;
+    builder_.sample_lines = sample_lines_;
 }
 
 void Advisor::add_line_reading() {
@@ -154,8 +158,7 @@ void Advisor::add_told_reading() {
 
 ProposalSources Advisor::sources() {
     ProposalSources sources;
-    sources.text = &text_;
-    sources.sample_lines = sample_lines_;
+    sources.builder = &builder_;
     sources.settings = &settings_;
     sources.options = &options_;
     sources.lines = lines_->field_array();
@@ -166,10 +169,7 @@ ProposalSources Advisor::sources() {
 
 void Advisor::read(const std::shared_ptr<GenericStrategy>& strategy) {
     ++reads_;
-    output::DetectionOutputBuilder builder;
-    builder.text = &text_;
-    builder.sample_lines = sample_lines_;
-    parser::read_sample(builder, strategy, false);
+    parser::read_sample(builder_, strategy, false);
 }
 
 bool Advisor::may_be(StrategyMode layout) const {

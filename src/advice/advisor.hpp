@@ -64,6 +64,7 @@ private:
     parser::options options_;
     zentor::io::text::typedetection::TypeAnalyzerOptions type_options_;
     CellMemory memory_;
+    output::DetectionOutputBuilder builder_;     ///< hands on what reads have in common
     std::shared_ptr<GenericStrategy> raw_lines_; ///< the text line by line, comments included
     std::shared_ptr<GenericStrategy> lines_;     ///< and without them
     Survey survey_;

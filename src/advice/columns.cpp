@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <functional>
+#include <optional>
 
 namespace textio::advice {
 
@@ -103,12 +104,15 @@ void classify(const Reading& reading, const FieldArray& lines,
     const Grid ungraded = reading.grid.columns == 0 ? rows_of(reading, lines) : Grid();
     const Grid& grid = reading.grid.columns == 0 ? ungraded : reading.grid;
     const TypeAnalyzer<false> analyzer(type_options);
-    const TypeAnalyzer<false> date_analyzer(without_marks(type_options));
+    std::optional<TypeAnalyzer<false>> date_analyzer; // few tables have dates
     const auto& figures = reading.figures.columns;
     for (std::size_t column = 0; column < std::min(columns.size(), grid.columns); ++column) {
         const bool is_date = column < figures.size() && figures[column].commonest == CellKind::date;
+        if (is_date && !date_analyzer) {
+            date_analyzer.emplace(without_marks(type_options));
+        }
         columns[column].type =
-            class_of(grid, column, reading.quote, is_date ? date_analyzer : analyzer);
+            class_of(grid, column, reading.quote, is_date ? *date_analyzer : analyzer);
     }
 }
 

@@ -114,10 +114,7 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
     proposal.strategy = reading.strategy;
     if (proposal.strategy == nullptr || !read_alike(options, *sources.options)) {
         proposal.strategy = make_strategy(reading, options, proposal.type_options, sources);
-        output::DetectionOutputBuilder builder;
-        builder.text = sources.text;
-        builder.sample_lines = sources.sample_lines;
-        parser::read_sample(builder, proposal.strategy, false);
+        parser::read_sample(*sources.builder, proposal.strategy, false);
     }
     proposal.strategy->header_lines(start.first_data_line);
 

@@ -14,8 +14,7 @@ namespace textio::advice {
 
 /// What a proposal is made from beside its reading.
 struct ProposalSources {
-    const Field* text = nullptr;
-    std::size_t sample_lines = 0;
+    output::DetectionOutputBuilder* builder = nullptr; ///< reads the text once more
     const Settings* settings = nullptr;
     const parser::options* options = nullptr; ///< under which the readings were made
     const FieldArray* lines = nullptr;        ///< one field a line, with their comments
