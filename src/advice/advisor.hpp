@@ -54,6 +54,7 @@ private:
     [[nodiscard]] bool has_delimited_table() const;
     [[nodiscard]] bool has_blanks() const;
     [[nodiscard]] bool blanks_will_do() const;
+    [[nodiscard]] bool are_tabs_all_blanks() const;
     [[nodiscard]] parser::options options_with(char16_t quote) const;
     [[nodiscard]] GradingContext context();
     [[nodiscard]] ProposalSources sources();

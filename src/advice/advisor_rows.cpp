@@ -96,7 +96,8 @@ void Advisor::read_under_quotes(const Separator& separator) {
 
 void Advisor::read_blanks() {
     const double prior = survey_.holds(u'\t') ? weights::of_blanks_and_tabs : weights::of_blanks;
-    if (!may_be(StrategyMode::space_aligned) || !can_still_win(prior) || !has_blanks()) {
+    if (!may_be(StrategyMode::space_aligned) || !can_still_win(prior) || !has_blanks() ||
+        are_tabs_all_blanks()) {
         return;
     }
     if (settings_.quote) {
@@ -165,6 +166,14 @@ void Advisor::add_rows(Reading reading, std::shared_ptr<GenericStrategy> strateg
     if (reading.score > 0) {
         readings_.push_back(std::move(reading));
     }
+}
+
+/// Whether tabs are the only blanks of a table that was found at them: it would be cut alike.
+bool Advisor::are_tabs_all_blanks() const {
+    return !settings_.layout && survey_.with_blank == 0 &&
+           std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
+               return reading.delimiter == u"\t" && reading.run.kept == reading.run.all;
+           });
 }
 
 /// Whether a good table was found at a delimiter that stands on nearly all lines. Cells that are

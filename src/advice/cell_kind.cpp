@@ -147,7 +147,7 @@ CellKind CellJudge::judge(std::u16string_view cell) {
     return known.kind;
 }
 
-/// Judges a trimmed cell that holds something.
+/// Judges a trimmed cell that holds something, and is no number if it begins with a digit.
 CellKind CellJudge::judge_filled(std::u16string_view text) {
     if (stands_for_nothing(text)) {
         return CellKind::missing;
@@ -155,7 +155,8 @@ CellKind CellJudge::judge_filled(std::u16string_view text) {
     if (text.front() == quote_ && quote_ != 0) {
         return text.size() == 1 || text.back() != quote_ ? CellKind::broken : CellKind::quoted;
     }
-    if (looks_like_number(text)) {
+    const bool is_judged = is_letter(text.front()) || ascii::is_digit(text.front());
+    if (!is_judged && looks_like_number(text)) {
         return CellKind::number;
     }
     const UnitSigns signs = look_at(text, quote_);

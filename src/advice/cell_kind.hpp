@@ -61,7 +61,7 @@ private:
     }
 
     DateShapes dates_;
-    std::array<Known, 512> known_;
+    std::array<Known, 256> known_;
 };
 
 /// Judges cells. A judge belongs to one thread.
