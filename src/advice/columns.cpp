@@ -40,21 +40,29 @@ bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_option
            std::find(missing.begin(), missing.end(), text) != missing.end();
 }
 
+/// Whether a text can be nothing but text: values of other classes have digits, or are short words
+/// such as `NaN`.
+bool is_surely_text(std::u16string_view text) {
+    constexpr std::size_t longest_word = 4;
+    return text.size() > longest_word && std::none_of(text.begin(), text.end(), ascii::is_digit);
+}
+
 /// What most values of a column are in each `step`th row. Values of one shape in a row are of one
 /// class, and a class that more than half of them have is enough.
 FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
-                        const TypeAnalyzer<false>& analyzer, std::size_t step) {
+                        const TypeAnalyzer<false>& analyzer,
+                        const TypeAnalyzerOptions& type_options, std::size_t step) {
     const std::size_t looked_at = (grid.rows() + step - 1) / step;
     std::array<std::size_t, class_limit> counts{};
     std::u16string_view last;
     FieldClass found = FieldClass::unknown;
     for (std::size_t row = 0; row < grid.rows(); row += step) {
         const std::u16string_view text = bare(grid.cell(row, column), quote);
-        if (stands_for_nothing(text)) {
+        if (is_missing(text, type_options)) {
             continue;
         }
         if (!have_same_shape(text, last)) {
-            found = analyzer.classify(Field(text));
+            found = is_surely_text(text) ? FieldClass::text : analyzer.classify(Field(text));
             last = text;
         }
         const std::size_t votes = ++counts[static_cast<std::size_t>(found)];
@@ -70,12 +78,12 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
 /// What most of the looked-at values of a column are. Of a column with few values more is looked
 /// at.
 FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
-                    const TypeAnalyzer<false>& analyzer) {
+                    const TypeAnalyzer<false>& analyzer, const TypeAnalyzerOptions& type_options) {
     const std::size_t step = grid.rows() / (classified_cells + 1) + 1;
-    const FieldClass found = common_class(grid, column, quote, analyzer, step);
+    const FieldClass found = common_class(grid, column, quote, analyzer, type_options, step);
     return found != FieldClass::unknown || step == 1
                ? found
-               : common_class(grid, column, quote, analyzer, 1);
+               : common_class(grid, column, quote, analyzer, type_options, 1);
 }
 
 /// Some rows of a reading that was graded without them.
@@ -111,8 +119,8 @@ void classify(const Reading& reading, const FieldArray& lines,
         if (is_date && !date_analyzer) {
             date_analyzer.emplace(without_marks(type_options));
         }
-        columns[column].type =
-            class_of(grid, column, reading.quote, is_date ? *date_analyzer : analyzer);
+        columns[column].type = class_of(grid, column, reading.quote,
+                                        is_date ? *date_analyzer : analyzer, type_options);
     }
 }
 
