@@ -22,13 +22,16 @@ struct UnitSigns {
 };
 
 constexpr std::size_t gap_blanks = 3;
+constexpr std::size_t longest_look = 200; ///< units of a text; what begins like this goes on so
 
 UnitSigns look_at(std::u16string_view text, char16_t quote) {
     UnitSigns signs;
     std::size_t blanks = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char16_t unit = text[at];
-        if (is_letter(unit)) {
+        const bool is_digit = ascii::is_digit(unit);
+        if (is_digit || is_letter(unit)) {
+            signs.has_digit = signs.has_digit || is_digit;
             signs.is_punctuation = false;
             blanks = 0;
             continue;
@@ -36,7 +39,6 @@ UnitSigns look_at(std::u16string_view text, char16_t quote) {
         blanks = unit == u' ' ? blanks + 1 : 0;
         signs.has_blank = signs.has_blank || unit == u' ';
         signs.has_gap = signs.has_gap || blanks == gap_blanks;
-        signs.has_digit = signs.has_digit || ascii::is_digit(unit);
         signs.has_date_sign = signs.has_date_sign || stands_in_dates(unit);
         const bool is_comma = unit == u',';
         const bool is_other = unit == u';' || unit == u'|' || unit == u'\t';
@@ -80,27 +82,17 @@ bool stands_for_nothing(std::u16string_view text) noexcept {
     if (text.empty()) {
         return true;
     }
-    if (text.size() > longest) {
+    if (text.size() > longest || !begins_like_nothing(text.front())) {
         return false;
     }
-    switch (text.front()) {
-    case u'-':
-    case u'?':
-    case u'.':
-    case u'*':
+    constexpr std::u16string_view fillers = u"-?.*";
+    if (fillers.find(text.front()) != std::u16string_view::npos) {
         return text.size() <= 3 &&
                text.find_first_not_of(text.front()) == std::u16string_view::npos;
-    case u'N':
-    case u'n':
-    case u'#':
-    case u'\\':
-    case u'(':
-        return std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
-            return ascii::equals_ignoring_case(text, word);
-        });
-    default:
-        return false;
     }
+    return std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
+        return ascii::equals_ignoring_case(text, word);
+    });
 }
 
 bool reads_like_a_sentence(std::u16string_view text) noexcept {
@@ -159,7 +151,7 @@ CellKind CellJudge::judge_filled(std::u16string_view text) {
     if (!is_judged && looks_like_number(text)) {
         return CellKind::number;
     }
-    const UnitSigns signs = look_at(text, quote_);
+    const UnitSigns signs = look_at(text.substr(0, longest_look), quote_);
     if (signs.has_digit && signs.has_date_sign && memory_->dates().is_date(text)) {
         return CellKind::date;
     }

@@ -29,6 +29,12 @@ inline constexpr std::size_t cell_kinds = 9;
 /// Whether `text` is empty, or stands for no value in many files: `NA`, `null`, `-`, and the like.
 [[nodiscard]] bool stands_for_nothing(std::u16string_view text) noexcept;
 
+/// Whether such a text, if it is not empty, may begin with the unit.
+[[nodiscard]] constexpr bool begins_like_nothing(char16_t unit) noexcept {
+    constexpr std::u16string_view units = u"-?.*Nn#\\(";
+    return units.find(unit) != std::u16string_view::npos;
+}
+
 /// Whether a trimmed text is an address, of a page or of a person, and nothing else.
 [[nodiscard]] bool is_single_value(std::u16string_view text) noexcept;
 

@@ -32,7 +32,7 @@ bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_option
     while (!cell.empty() && is_blank(cell.front())) {
         cell.remove_prefix(1);
     }
-    if (missing.empty() && !cell.empty() && ascii::is_digit(cell.front())) {
+    if (missing.empty() && !cell.empty() && !begins_like_nothing(cell.front())) {
         return false;
     }
     const std::u16string_view text = trimmed(cell);
