@@ -2,14 +2,15 @@
 
 #include "advice/comments.hpp"
 #include "advice/given.hpp"
-#include "advice/lines.hpp"
-#include "advice/one_length.hpp"
 #include "advice/ranking.hpp"
 #include "advice/weights.hpp"
 #include "parser/read_sample.hpp"
 
 #include <algorithm>
 #include <functional>
+#include <span>
+#include <string>
+#include <string_view>
 #include <utility>
 
 namespace textio::advice {
@@ -18,17 +19,6 @@ using enums::StrategyMode;
 using zentor::io::text::typedetection::TypeAnalyzerOptions;
 
 namespace {
-
-/// Columns at positions hold no tabs; so many lines with some are too many.
-constexpr double some_tabs = 0.1;
-
-constexpr char16_t usual_quote = u'"';
-
-/// Whether a reading shows that its quotes may be none: it is not regular, or cells hold half a
-/// pair.
-bool has_odd_quotes(const Reading& reading) {
-    return reading.run.consistency() < 1 || reading.figures.broken != 0;
-}
 
 /// Fields of the widest row; 1 where there is none.
 std::size_t widest_row(const FieldArray& sample) {
@@ -44,11 +34,25 @@ const char16_t* end_of(const FieldArray& sample) {
     return sample.fields.empty() ? nullptr : sample.fields.back().data + sample.fields.back().size;
 }
 
+/// The comments that a text read line by line shows, as readers are told of them.
+std::vector<std::u16string> comments_of(const FieldArray& lines,
+                                        std::span<const std::u16string> openers) {
+    if (has_block_comments(lines)) {
+        return {std::u16string(block_opener), std::u16string(block_closer)};
+    }
+    const std::u16string_view opener = choose_comment_opener(lines, openers);
+    return opener.empty() ? std::vector<std::u16string>()
+                          : std::vector<std::u16string>{std::u16string(opener)};
+}
+
 } // namespace
 
 Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
     : text_(text), sample_lines_(sample_lines), settings_(settings), options_(options_of(settings)),
-      type_options_(type_options_of(settings)), analyzer_(type_options_) {}
+      type_options_(type_options_of(settings)), memory_(type_options_) {
+    builder_.text = &text_;
+    builder_.sample_lines = sample_lines_;
+}
 
 Advice Advisor::run() {
     read_lines();
@@ -58,6 +62,7 @@ Advice Advisor::run() {
             read_blanks();
             find_columns_at_positions();
         }
+        read_ragged_rows();
     }
     add_line_reading();
     lengthen_raw_lines();
@@ -72,11 +77,7 @@ void Advisor::read_lines() {
     raw_lines_ = std::make_shared<LineReaderStrategy>(raw, type_options_);
     read(raw_lines_);
     if (!settings_.comment_style) {
-        const auto opener =
-            choose_comment_opener(*raw_lines_->field_array(), settings_.comment_openers);
-        if (!opener.empty()) {
-            options_.comment_style.emplace_back(opener);
-        }
+        options_.comment_style = comments_of(*raw_lines_->field_array(), settings_.comment_openers);
     }
     lines_ = raw_lines_;
     if (!options_.comment_style.empty()) {
@@ -100,111 +101,11 @@ void Advisor::lengthen_raw_lines() {
     }
     const Field sampled(text_.data, static_cast<std::size_t>(end - text_.data));
     raw_lines_ = std::make_shared<LineReaderStrategy>(raw_lines_->options(), type_options_);
-    output::DetectionOutputBuilder builder;
-    builder.text = &sampled;
-    builder.sample_lines = SIZE_MAX;
-    parser::read_sample(builder, raw_lines_, false);
-}
-
-void Advisor::read_separators() {
-    if (settings_.delimiter) {
-        read_under_quotes(named_separator(survey_, *settings_.delimiter));
-        return;
-    }
-    if (!may_be(StrategyMode::delimited)) {
-        return;
-    }
-    for (const Separator& separator : suggested_separators(survey_)) {
-        read_separator(separator);
-    }
-    for (const std::u16string& delimiter : settings_.delimiters) {
-        if (occurs(survey_, delimiter)) {
-            read_under_quotes(named_separator(survey_, delimiter));
-        }
-    }
-    if (settings_.layout && readings_.empty()) {
-        read_under_quotes(named_separator(survey_, u" "));
-    }
-}
-
-/// A sign that is frequent in ordinary text is not read once a better one has made a table.
-void Advisor::read_separator(const Separator& separator) {
-    if (can_still_win(separator.prior)) {
-        read_under_quotes(separator);
-    }
-}
-
-void Advisor::read_under_quotes(const Separator& separator) {
-    if (settings_.quote) {
-        add_delimited(separator, *settings_.quote);
-        return;
-    }
-    const std::size_t before = readings_.size();
-    add_delimited(separator, usual_quote);
-    const bool fits = readings_.size() > before && !has_odd_quotes(readings_.back());
-    if (survey_.holds(usual_quote) && !fits) {
-        add_delimited(separator, 0);
-    }
-    for (const char16_t quote : settings_.quotes) {
-        if (frames_fields(survey_, quote, separator.text)) {
-            add_delimited(separator, quote);
-        }
-    }
-}
-
-void Advisor::read_blanks() {
-    const double prior = survey_.holds(u'\t') ? weights::of_blanks_and_tabs : weights::of_blanks;
-    if (!may_be(StrategyMode::space_aligned) || !can_still_win(prior) || !has_blanks()) {
-        return;
-    }
-    if (settings_.quote) {
-        add_blank_separated(*settings_.quote, prior);
-        return;
-    }
-    add_blank_separated(usual_quote, prior);
-    if (survey_.holds(u'\'')) {
-        add_blank_separated(u'\'', prior);
-    }
-}
-
-void Advisor::find_columns_at_positions() {
-    if (!may_be(StrategyMode::fixed_width) || !can_still_win(weights::of_ruled_positions)) {
-        return;
-    }
-    const FieldArray& lines = *lines_->field_array();
-    std::vector<Reading> begun;
-    if (has_given_widths()) {
-        begun.push_back(begin_positions(positions_of_widths(*settings_.widths, lines), context()));
-    } else if (survey_.share(u'\t') <= some_tabs && !blanks_will_do()) {
-        for (Positions& positions :
-             has_blanks() ? find_positions(lines) : std::vector<Positions>()) {
-            begun.push_back(begin_positions(std::move(positions), context()));
-        }
-        if (can_still_win(weights::of_one_length)) {
-            if (auto records = find_records_of_one_length(lines)) {
-                begun.push_back(begin_positions(std::move(*records), context()));
-            }
-        }
-    }
-    grade_best_positions(std::move(begun));
-}
-
-/// Looks at the cells of those columns that can still be the best, the most promising first.
-void Advisor::grade_best_positions(std::vector<Reading> begun) {
-    std::stable_sort(begun.begin(), begun.end(), [](const Reading& left, const Reading& right) {
-        return left.score > right.score;
-    });
-    double best = 0;
-    for (Reading& reading : begun) {
-        if (reading.score > best) {
-            reading.quote = options_.quote;
-            grade_positions(reading, context());
-            best = std::max(best, reading.score);
-            if (reading.score > 0) {
-                readings_.push_back(std::move(reading));
-            }
-        }
-    }
+    builder_.text = &sampled;
+    builder_.sample_lines = SIZE_MAX;
+    parser::read_sample(builder_, raw_lines_, false);
+    builder_.text = &text_;
+    builder_.sample_lines = sample_lines_;
 }
 
 void Advisor::add_line_reading() {
@@ -255,58 +156,20 @@ void Advisor::add_told_reading() {
     readings_.push_back(std::move(reading));
 }
 
-ProposalSources Advisor::sources() const {
+ProposalSources Advisor::sources() {
     ProposalSources sources;
-    sources.text = &text_;
-    sources.sample_lines = sample_lines_;
+    sources.builder = &builder_;
     sources.settings = &settings_;
     sources.options = &options_;
     sources.lines = lines_->field_array();
     sources.raw_lines = raw_lines_->field_array();
-    sources.analyzer = &analyzer_;
+    sources.memory = &memory_;
     return sources;
-}
-
-void Advisor::add_delimited(const Separator& separator, char16_t quote) {
-    if (separator.text.empty() || !may_read_more()) {
-        return;
-    }
-    Reading reading;
-    reading.mode = StrategyMode::delimited;
-    reading.delimiter = separator.text;
-    reading.quote = quote;
-    add_rows(std::move(reading),
-             std::make_shared<DelimitedStrategy>(options_with(quote), type_options_,
-                                                 std::vector<std::u16string>{separator.text}),
-             separator.prior);
-}
-
-void Advisor::add_blank_separated(char16_t quote, double prior) {
-    if (!may_read_more()) {
-        return;
-    }
-    Reading reading;
-    reading.mode = StrategyMode::space_aligned;
-    reading.quote = quote;
-    add_rows(std::move(reading),
-             std::make_shared<SpaceAlignedStrategy>(options_with(quote), type_options_), prior);
-}
-
-void Advisor::add_rows(Reading reading, std::shared_ptr<GenericStrategy> strategy, double prior) {
-    reading.strategy = std::move(strategy);
-    read(reading.strategy);
-    grade_rows(reading, prior, context());
-    if (reading.score > 0) {
-        readings_.push_back(std::move(reading));
-    }
 }
 
 void Advisor::read(const std::shared_ptr<GenericStrategy>& strategy) {
     ++reads_;
-    output::DetectionOutputBuilder builder;
-    builder.text = &text_;
-    builder.sample_lines = sample_lines_;
-    parser::read_sample(builder, strategy, false);
+    parser::read_sample(builder_, strategy, false);
 }
 
 bool Advisor::may_be(StrategyMode layout) const {
@@ -333,31 +196,11 @@ bool Advisor::can_still_win(double upper_bound) const {
                         [&](const Reading& reading) { return reading.score > upper_bound; });
 }
 
-/// Whether a good table was found at a delimiter that stands on nearly all lines. Cells that are
-/// cut at blanks would hold that delimiter then, and cannot look better.
-bool Advisor::has_delimited_table() const {
-    constexpr double nearly_all = 0.9;
-    constexpr double good = 0.5;
-    return survey_.share_of_common_delimiter() >= nearly_all &&
-           std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
-               return reading.score >= good && common_delimiters_of_files.find(reading.delimiter) !=
-                                                   std::u16string_view::npos;
-           });
-}
-
 /// Whether enough lines have blanks inside for a layout that blanks make, or the host says so.
 bool Advisor::has_blanks() const {
     constexpr double some = 0.3;
     return settings_.layout || survey_.share(u'\t') >= some ||
            survey_.share_of(survey_.with_blank) >= some;
-}
-
-/// Whether a reading at blanks explains the whole text, so that positions can add nothing.
-bool Advisor::blanks_will_do() const {
-    return std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
-        return reading.is_blank_separated() && reading.run.kept == reading.run.all &&
-               reading.flush >= 0.95 && reading.figures.typed_columns * 2 >= reading.columns;
-    });
 }
 
 parser::options Advisor::options_with(char16_t quote) const {
@@ -366,8 +209,8 @@ parser::options Advisor::options_with(char16_t quote) const {
     return options;
 }
 
-GradingContext Advisor::context() const {
-    return {lines_->field_array(), &survey_, &analyzer_};
+GradingContext Advisor::context() {
+    return {lines_->field_array(), &survey_, &memory_};
 }
 
 } // namespace textio::advice

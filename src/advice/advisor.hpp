@@ -2,6 +2,7 @@
 /// Tries assumptions about a text, and ranks what comes of them.
 #pragma once
 
+#include "advice/cell_kind.hpp"
 #include "advice/grading.hpp"
 #include "advice/proposing.hpp"
 #include "advice/reading.hpp"
@@ -34,6 +35,7 @@ private:
     void read_separator(const Separator& separator);
     void read_under_quotes(const Separator& separator);
     void read_blanks();
+    void read_ragged_rows();
     void find_columns_at_positions();
     void grade_best_positions(std::vector<Reading> begun);
     void add_line_reading();
@@ -52,16 +54,18 @@ private:
     [[nodiscard]] bool has_delimited_table() const;
     [[nodiscard]] bool has_blanks() const;
     [[nodiscard]] bool blanks_will_do() const;
+    [[nodiscard]] bool are_tabs_all_blanks() const;
     [[nodiscard]] parser::options options_with(char16_t quote) const;
-    [[nodiscard]] GradingContext context() const;
-    [[nodiscard]] ProposalSources sources() const;
+    [[nodiscard]] GradingContext context();
+    [[nodiscard]] ProposalSources sources();
 
     const Field& text_;
     std::size_t sample_lines_;
     const Settings& settings_;
     parser::options options_;
     zentor::io::text::typedetection::TypeAnalyzerOptions type_options_;
-    zentor::io::text::typedetection::TypeAnalyzer<false> analyzer_;
+    CellMemory memory_;
+    output::DetectionOutputBuilder builder_;     ///< hands on what reads have in common
     std::shared_ptr<GenericStrategy> raw_lines_; ///< the text line by line, comments included
     std::shared_ptr<GenericStrategy> lines_;     ///< and without them
     Survey survey_;

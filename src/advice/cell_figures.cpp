@@ -14,7 +14,8 @@ constexpr std::size_t index_of(CellKind kind) {
 
 Counts count_kinds(const Grid& grid, std::size_t column, CellJudge& judge) {
     Counts counts{};
-    for (std::size_t row = 0; row < grid.rows(); ++row) {
+    const std::size_t rows = grid.rows();
+    for (std::size_t row = 0; row < rows; ++row) {
         ++counts[index_of(judge.judge(grid.cell(row, column)))];
     }
     return counts;

@@ -9,28 +9,45 @@
 
 namespace textio::advice {
 
-using zentor::io::text::typedetection::FieldClass;
-
 namespace {
 
-/// A separator inside, or a comma with no blank behind it.
-bool holds_separator(std::u16string_view text, char16_t quote) {
+/// What the units of a text say of it, in one look.
+struct UnitSigns {
+    bool has_digit = false;
+    bool has_date_sign = false; ///< one of the signs between the parts of a date
+    bool has_blank = false;
+    bool has_gap = false;       ///< a run of three blanks
+    bool has_separator = false; ///< a separator inside, or a comma with no blank behind it
+    bool is_punctuation = true; ///< nothing but separators
+};
+
+constexpr std::size_t gap_blanks = 3;
+constexpr std::size_t longest_look = 200; ///< units of a text; what begins like this goes on so
+
+UnitSigns look_at(std::u16string_view text, char16_t quote) {
+    UnitSigns signs;
+    std::size_t blanks = 0;
     for (std::size_t at = 0; at < text.size(); ++at) {
         const char16_t unit = text[at];
-        if (unit == u',') {
-            if (at + 1 < text.size() && !is_blank(text[at + 1])) {
-                return true;
-            }
-        } else if (unit == u';' || unit == u'|' || unit == u'\t' || (unit == quote && quote != 0)) {
-            return true;
+        const bool is_digit = ascii::is_digit(unit);
+        if (is_digit || is_letter(unit)) {
+            signs.has_digit = signs.has_digit || is_digit;
+            signs.is_punctuation = false;
+            blanks = 0;
+            continue;
         }
+        blanks = unit == u' ' ? blanks + 1 : 0;
+        signs.has_blank = signs.has_blank || unit == u' ';
+        signs.has_gap = signs.has_gap || blanks == gap_blanks;
+        signs.has_date_sign = signs.has_date_sign || stands_in_dates(unit);
+        const bool is_comma = unit == u',';
+        const bool is_other = unit == u';' || unit == u'|' || unit == u'\t';
+        const bool is_inner_comma = is_comma && at + 1 < text.size() && !is_blank(text[at + 1]);
+        signs.has_separator =
+            signs.has_separator || is_inner_comma || is_other || (unit == quote && quote != 0);
+        signs.is_punctuation = signs.is_punctuation && (is_comma || is_other || unit == u':');
     }
-    return false;
-}
-
-bool is_all_punctuation(std::u16string_view text) {
-    constexpr std::u16string_view delimiters = u",;|\t:";
-    return text.find_first_not_of(delimiters) == std::u16string_view::npos;
+    return signs;
 }
 
 /// Letters, with an apostrophe or a hyphen among them and a mark of punctuation behind.
@@ -56,45 +73,26 @@ bool holds_numbers_alone(std::u16string_view text) {
     return true;
 }
 
-/// Two texts of the same length whose digits stand in the same places and which are alike in all
-/// else.
-bool have_same_shape(std::u16string_view left, std::u16string_view right) {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(), [](char16_t one, char16_t other) {
-               return one == other || (ascii::is_digit(one) && ascii::is_digit(other));
-           });
-}
-
 } // namespace
 
 bool stands_for_nothing(std::u16string_view text) noexcept {
-    constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
-                                             u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
+    static constexpr std::u16string_view words[] = {u"NA",  u"N/A",  u"#N/A", u"null",   u"\\N",
+                                                    u"nil", u"none", u"NaN",  u"(null)", u"n.a."};
     constexpr std::size_t longest = 6;
     if (text.empty()) {
         return true;
     }
-    if (text.size() > longest) {
+    if (text.size() > longest || !begins_like_nothing(text.front())) {
         return false;
     }
-    switch (text.front()) {
-    case u'-':
-    case u'?':
-    case u'.':
-    case u'*':
+    constexpr std::u16string_view fillers = u"-?.*";
+    if (fillers.find(text.front()) != std::u16string_view::npos) {
         return text.size() <= 3 &&
                text.find_first_not_of(text.front()) == std::u16string_view::npos;
-    case u'N':
-    case u'n':
-    case u'#':
-    case u'\\':
-    case u'(':
-        return std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
-            return ascii::equals_ignoring_case(text, word);
-        });
-    default:
-        return false;
     }
+    return std::any_of(std::begin(words), std::end(words), [&](std::u16string_view word) {
+        return ascii::equals_ignoring_case(text, word);
+    });
 }
 
 bool reads_like_a_sentence(std::u16string_view text) noexcept {
@@ -128,54 +126,48 @@ bool is_single_value(std::u16string_view text) noexcept {
 
 CellKind CellJudge::judge(std::u16string_view cell) {
     const std::u16string_view text = trimmed(cell);
+    if (text.empty()) {
+        return CellKind::missing;
+    }
+    if (ascii::is_digit(text.front()) && looks_like_number(text)) {
+        return CellKind::number; // most cells are
+    }
+    CellMemory::Known& known = memory_->known_at(text.data());
+    if (known.begin != text.data() || known.size != text.size() || known.quote != quote_) {
+        known = {text.data(), static_cast<std::uint32_t>(text.size()), quote_, judge_filled(text)};
+    }
+    return known.kind;
+}
+
+/// Judges a trimmed cell that holds something, and is no number if it begins with a digit.
+CellKind CellJudge::judge_filled(std::u16string_view text) {
     if (stands_for_nothing(text)) {
         return CellKind::missing;
     }
-    const char16_t first = text.front();
-    if (first == quote_ && quote_ != 0) {
-        if (text.size() == 1 || text.back() != quote_) {
-            return CellKind::broken;
-        }
-        return CellKind::quoted;
+    if (text.front() == quote_ && quote_ != 0) {
+        return text.size() == 1 || text.back() != quote_ ? CellKind::broken : CellKind::quoted;
     }
-    if (looks_like_number(text)) {
+    const bool is_judged = is_letter(text.front()) || ascii::is_digit(text.front());
+    if (!is_judged && looks_like_number(text)) {
         return CellKind::number;
     }
-    if (is_date(text)) {
+    const UnitSigns signs = look_at(text.substr(0, longest_look), quote_);
+    if (signs.has_digit && signs.has_date_sign && memory_->dates().is_date(text)) {
         return CellKind::date;
     }
-    if (is_all_punctuation(text)) {
+    if (signs.is_punctuation) {
         return CellKind::broken;
     }
-    if (text.find(u"   ") != std::u16string_view::npos) {
+    if (signs.has_gap) {
         return CellKind::gap;
     }
-    if (holds_separator(text, quote_)) {
+    if (signs.has_separator) {
         return CellKind::separated;
     }
-    if (text.find(u' ') == std::u16string_view::npos) {
+    if (!signs.has_blank) {
         return CellKind::word;
     }
     return holds_numbers_alone(text) ? CellKind::separated : CellKind::words;
-}
-
-/// Nothing without a digit and one of the signs between the parts of a date, and nothing longer
-/// than the longest date in words, is asked for.
-bool CellJudge::is_date(std::u16string_view text) {
-    constexpr std::size_t longest_date = 48;
-    constexpr std::u16string_view signs = u"-/.: ";
-    if (text.size() < 3 || text.size() > longest_date ||
-        text.find_first_of(signs) == std::u16string_view::npos ||
-        std::none_of(text.begin(), text.end(), ascii::is_digit)) {
-        return false;
-    }
-    if (!have_same_shape(text, last_date_)) {
-        const FieldClass found = analyzer_->classify(Field(text));
-        last_date_ = text;
-        last_was_date_ = found == FieldClass::date || found == FieldClass::datetime ||
-                         found == FieldClass::duration || found == FieldClass::short_duration;
-    }
-    return last_was_date_;
 }
 
 } // namespace textio::advice

@@ -2,9 +2,11 @@
 /// What a cell looks like, judged from its text alone and in one look.
 #pragma once
 
-#include "textio/type_analyzer.hpp"
+#include "advice/date_shapes.hpp"
 
+#include <array>
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace textio::advice {
@@ -27,6 +29,12 @@ inline constexpr std::size_t cell_kinds = 9;
 /// Whether `text` is empty, or stands for no value in many files: `NA`, `null`, `-`, and the like.
 [[nodiscard]] bool stands_for_nothing(std::u16string_view text) noexcept;
 
+/// Whether such a text, if it is not empty, may begin with the unit.
+[[nodiscard]] constexpr bool begins_like_nothing(char16_t unit) noexcept {
+    constexpr std::u16string_view units = u"-?.*Nn#\\(";
+    return units.find(unit) != std::u16string_view::npos;
+}
+
 /// Whether a trimmed text is an address, of a page or of a person, and nothing else.
 [[nodiscard]] bool is_single_value(std::u16string_view text) noexcept;
 
@@ -34,24 +42,48 @@ inline constexpr std::size_t cell_kinds = 9;
 /// between each two of its parts.
 [[nodiscard]] bool reads_like_a_sentence(std::u16string_view text) noexcept;
 
-/// Judges cells. Remembers the shape of the last text that might have been a date, so that a column
-/// of dates asks for one of them only. A judge belongs to one thread.
+/// What was found out about the cells of a text. Its readings share many of them. A memory belongs
+/// to one thread, and the text must outlive it.
+class CellMemory {
+public:
+    explicit CellMemory(const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
+        : dates_(type_options) {}
+
+    [[nodiscard]] DateShapes& dates() { return dates_; }
+
+private:
+    friend class CellJudge;
+
+    struct Known {
+        const char16_t* begin = nullptr;
+        std::uint32_t size = 0;
+        char16_t quote = 0; ///< under which it was judged
+        CellKind kind = CellKind::missing;
+    };
+
+    /// Each place in the text has one of these, which others may take over.
+    [[nodiscard]] Known& known_at(const char16_t* begin) {
+        return known_[std::hash<const char16_t*>()(begin) / sizeof(char16_t) % known_.size()];
+    }
+
+    DateShapes dates_;
+    std::array<Known, 256> known_;
+};
+
+/// Judges cells. A judge belongs to one thread.
 class CellJudge {
 public:
-    /// Both must outlive the judge. `quote` is 0 for none.
-    CellJudge(const zentor::io::text::typedetection::TypeAnalyzer<false>& analyzer, char16_t quote)
-        : analyzer_(&analyzer), quote_(quote) {}
+    /// `memory` must outlive the judge. `quote` is 0 for none.
+    CellJudge(CellMemory& memory, char16_t quote) : memory_(&memory), quote_(quote) {}
 
     /// What `cell`, blanks and quotes included, looks like.
     [[nodiscard]] CellKind judge(std::u16string_view cell);
 
 private:
-    [[nodiscard]] bool is_date(std::u16string_view text);
+    [[nodiscard]] CellKind judge_filled(std::u16string_view text);
 
-    const zentor::io::text::typedetection::TypeAnalyzer<false>* analyzer_;
+    CellMemory* memory_;
     char16_t quote_;
-    std::u16string_view last_date_; ///< the last text that was asked for
-    bool last_was_date_ = false;    ///< and what came of it
 };
 
 } // namespace textio::advice

@@ -12,27 +12,6 @@ namespace {
 /// Lines that are looked at unit by unit: some hundred, evenly taken.
 constexpr std::size_t most_lines = 100;
 
-/// The share of a column's cells that touch its left edge or its right one, whichever is more.
-double flush_share(Lines lines, std::size_t begin, std::size_t end) {
-    std::size_t right_edge = 0;
-    for (const auto line : lines) {
-        right_edge = std::max(right_edge, filled_length(cell_of(line, begin, end)));
-    }
-    std::size_t cells = 0;
-    std::size_t left = 0;
-    std::size_t right = 0;
-    for (const auto line : lines) {
-        const auto cell = cell_of(line, begin, end);
-        const std::size_t length = filled_length(cell);
-        if (length != 0) {
-            ++cells;
-            left += is_blank(cell.front()) ? 0U : 1U;
-            right += length == right_edge ? 1U : 0U;
-        }
-    }
-    return cells == 0 ? 0 : static_cast<double>(std::max(left, right)) / static_cast<double>(cells);
-}
-
 } // namespace
 
 std::vector<std::u16string_view> filled_lines(const FieldArray& lines, Region region) {
@@ -60,18 +39,18 @@ std::size_t settled_length(Lines lines) {
     return *at;
 }
 
-std::vector<std::size_t> filled_counts(Lines lines, std::size_t positions) {
-    std::vector<std::size_t> counts(positions);
+std::vector<FilledCount> filled_counts(Lines lines, std::size_t positions) {
+    std::vector<FilledCount> counts(positions);
     for (const auto line : lines) {
         const std::size_t end = std::min(positions, line.size());
         for (std::size_t at = 0; at < end; ++at) {
-            counts[at] += is_blank(line[at]) ? 0U : 1U;
+            counts[at] = static_cast<FilledCount>(counts[at] + (is_blank(line[at]) ? 0U : 1U));
         }
     }
     return counts;
 }
 
-Starts starts_between_cuts(std::span<const std::size_t> counts, std::size_t most) {
+Starts starts_between_cuts(std::span<const FilledCount> counts, std::size_t most) {
     Starts starts;
     bool inside = false;
     for (std::size_t at = 0; at < counts.size(); ++at) {
@@ -84,7 +63,7 @@ Starts starts_between_cuts(std::span<const std::size_t> counts, std::size_t most
     return starts;
 }
 
-bool have_gaps(std::span<const std::size_t> counts, std::size_t most, const Starts& starts) {
+bool have_gaps(std::span<const FilledCount> counts, std::size_t most, const Starts& starts) {
     std::size_t wide = 0;
     for (std::size_t column = 1; column < starts.size(); ++column) {
         wide += counts[starts[column] - 2] <= most ? 1U : 0U;
@@ -112,12 +91,40 @@ std::u16string_view cell_of(std::u16string_view line, std::size_t begin, std::si
     return begin >= line.size() ? std::u16string_view() : line.substr(begin, end - begin);
 }
 
-double alignment_of(Lines lines, const Starts& starts) {
-    double sum = 0;
-    for (std::size_t column = 0; column < starts.size(); ++column) {
-        sum += flush_share(lines, starts[column], end_of_column(starts, column));
+std::vector<ColumnEdges> edges_of(Lines lines, const Starts& starts) {
+    std::vector<ColumnEdges> edges(starts.size());
+    for (const auto line : lines) {
+        for (std::size_t column = 0; column < starts.size() && starts[column] < line.size();
+             ++column) {
+            const auto cell = cell_of(line, starts[column], end_of_column(starts, column));
+            edges[column].add(cell);
+        }
     }
-    return sum / static_cast<double>(starts.size());
+    return edges;
+}
+
+void ColumnEdges::add(std::u16string_view cell) noexcept {
+    const std::size_t length = filled_length(cell);
+    if (length == 0) {
+        return;
+    }
+    ++cells;
+    at_left += is_blank(cell.front()) ? 0U : 1U;
+    if (length > width) {
+        width = length;
+        at_right = 0;
+    }
+    at_right += length == width ? 1U : 0U;
+}
+
+double alignment_of(std::span<const ColumnEdges> edges) {
+    double sum = 0;
+    for (const ColumnEdges& column : edges) {
+        sum += column.cells == 0 ? 0
+                                 : static_cast<double>(std::max(column.at_left, column.at_right)) /
+                                       static_cast<double>(column.cells);
+    }
+    return sum / static_cast<double>(edges.size());
 }
 
 bool are_of_one_length(Lines lines) {
@@ -127,15 +134,12 @@ bool are_of_one_length(Lines lines) {
     return static_cast<std::size_t>(same) * 20 >= lines.size() * 19;
 }
 
-bool stands_flush(std::u16string_view heading, const Starts& starts, Lines lines) {
+bool stands_flush(std::u16string_view heading, const Starts& starts,
+                  std::span<const ColumnEdges> edges) {
     Starts ends;
+    ends.reserve(starts.size());
     for (std::size_t column = 0; column < starts.size(); ++column) {
-        std::size_t last = 0;
-        for (const auto line : lines) {
-            last = std::max(
-                last, filled_length(cell_of(line, starts[column], end_of_column(starts, column))));
-        }
-        ends.push_back(starts[column] + last);
+        ends.push_back(starts[column] + edges[column].width);
     }
     const auto words = heading_words(heading, 2);
     const auto holds = [](const Starts& sorted, std::size_t at) {
@@ -164,7 +168,7 @@ bool are_mostly_padded(Lines lines, const Starts& starts) {
     return padded * 2 >= starts.size() - 1;
 }
 
-std::size_t join_unnamed(std::u16string_view heading, std::span<const std::size_t> counts,
+std::size_t join_unnamed(std::u16string_view heading, std::span<const FilledCount> counts,
                          std::size_t most, Starts& starts) {
     std::size_t kept = 0;
     for (std::size_t column = 0; column < starts.size(); ++column) {

@@ -14,14 +14,22 @@
 
 namespace textio::advice {
 
-/// The marks of the numbers in the first rows of a reading's table, which begins at `start`.
-[[nodiscard]] NumberMarks marks_of(const Reading& reading, const FieldArray& lines,
-                                   const TableStart& start);
+/// What one walk through the data of a table counts.
+struct TableTally {
+    std::vector<Column> columns; ///< with their values and what is missing, and nothing else yet
+    NumberMarks marks;           ///< of the numbers in the first rows
+};
 
-/// The columns of a reading's table, which begins at `start`. `lines` is the text read as one field
-/// a line with the comments of the reading; `type_options` have the marks of the numbers.
-[[nodiscard]] std::vector<Column>
-columns_of(const Reading& reading, const FieldArray& lines, const TableStart& start,
-           const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options);
+/// Counts over a reading's table, which begins at `start`. `lines` is the text read as one field a
+/// line with the comments of the reading; `type_options` have the texts that count as missing.
+[[nodiscard]] TableTally
+tally_of(const Reading& reading, const FieldArray& lines, const TableStart& start,
+         const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options);
+
+/// Fills in the names and the classes of a table's columns; `type_options` have the marks of the
+/// numbers as well.
+void describe_columns(const Reading& reading, const FieldArray& lines, const TableStart& start,
+                      const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options,
+                      std::vector<Column>& columns);
 
 } // namespace textio::advice

@@ -3,6 +3,7 @@
 #include "advice/lines.hpp"
 
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace textio::advice {
@@ -31,17 +32,40 @@ struct OpenerCount {
     bool has_first_line = false;
 };
 
-/// How many lines each opener begins, in their order. Most lines begin with the first unit of none.
+/// The units with which openers begin. Most lines begin with none of them.
+class FirstUnits {
+public:
+    explicit FirstUnits(std::span<const std::u16string> openers) {
+        for (const std::u16string& opener : openers) {
+            if (!opener.empty()) {
+                begins_[opener.front() % begins_.size()] = true;
+            }
+        }
+    }
+
+    /// Whether an opener may begin with the unit; never wrong with a no.
+    [[nodiscard]] bool may_have(char16_t unit) const { return begins_[unit % begins_.size()]; }
+
+private:
+    std::array<bool, 128> begins_{};
+};
+
+/// A line without the blanks in front.
+std::u16string_view from_first_unit(std::u16string_view line) {
+    while (!line.empty() && is_blank(line.front())) {
+        line.remove_prefix(1);
+    }
+    return line;
+}
+
+/// How many lines each opener begins, in their order.
 std::vector<OpenerCount> count_lines(const FieldArray& lines,
                                      std::span<const std::u16string> openers) {
-    std::u16string first_units;
-    for (const std::u16string& opener : openers) {
-        first_units.push_back(opener.empty() ? u'\0' : opener.front());
-    }
+    const FirstUnits first_units(openers);
     std::vector<OpenerCount> counts(openers.size());
     for (std::size_t field = 0; field < lines.fields.size(); ++field) {
-        const std::u16string_view line = trimmed(lines.fields[field].view());
-        if (line.empty() || first_units.find(line.front()) == std::u16string::npos) {
+        const std::u16string_view line = from_first_unit(lines.fields[field].view());
+        if (line.empty() || !first_units.may_have(line.front())) {
             continue;
         }
         for (std::size_t index = 0; index < openers.size(); ++index) {
@@ -54,7 +78,49 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
     return counts;
 }
 
+/// Tells lines of comments from others, one after the other.
+class CommentLines {
+public:
+    explicit CommentLines(std::span<const std::u16string> style) : style_(style) {}
+
+    bool takes(std::u16string_view line) {
+        const bool opens = !is_inside_ && is_comment(line, style_.front());
+        if (!opens && !is_inside_) {
+            return false;
+        }
+        if (style_.size() == 2) {
+            const std::size_t behind =
+                opens ? line.find(style_.front()) + style_.front().size() : 0;
+            is_inside_ = line.find(style_.back(), behind) == std::u16string_view::npos;
+        }
+        return true;
+    }
+
+private:
+    std::span<const std::u16string> style_;
+    bool is_inside_ = false;
+};
+
 } // namespace
+
+bool has_block_comments(const FieldArray& lines) {
+    bool is_inside = false;
+    std::size_t in_blocks = 0;
+    for (const Field& field : lines.fields) {
+        std::u16string_view text = from_first_unit(field.view());
+        if (!is_inside && !text.starts_with(block_opener)) {
+            continue;
+        }
+        text = trimmed(text.substr(is_inside ? 0 : block_opener.size()));
+        ++in_blocks;
+        const std::size_t end = text.find(block_closer);
+        is_inside = end == std::u16string_view::npos;
+        if (!is_inside && end + block_closer.size() != text.size()) {
+            return false;
+        }
+    }
+    return !is_inside && in_blocks != 0 && in_blocks < lines.fields.size();
+}
 
 bool is_comment(std::u16string_view line, std::u16string_view opener) noexcept {
     return !opener.empty() && trimmed(line).starts_with(opener);
@@ -80,11 +146,12 @@ std::u16string_view choose_comment_opener(const FieldArray& lines,
     return best;
 }
 
-bool are_comments(const FieldArray& lines, std::u16string_view opener, std::size_t names_line,
-                  std::size_t first_data_line) {
-    if (opener.empty()) {
+bool are_comments(const FieldArray& lines, std::span<const std::u16string> style,
+                  std::size_t names_line, std::size_t first_data_line) {
+    if (style.empty()) {
         return false;
     }
+    CommentLines comments(style);
     bool are_all_above = true;
     bool has_any = false;
     for (std::size_t line = 0; line < lines.line_count(); ++line) {
@@ -92,7 +159,7 @@ bool are_comments(const FieldArray& lines, std::u16string_view opener, std::size
         if (text.empty()) {
             continue;
         }
-        const bool comment = is_comment(text, opener);
+        const bool comment = comments.takes(text);
         if (line >= first_data_line && comment) {
             return true;
         }

@@ -16,12 +16,21 @@ namespace textio::advice {
 [[nodiscard]] std::u16string_view choose_comment_opener(const FieldArray& lines,
                                                         std::span<const std::u16string> openers);
 
+/// Opens and closes the comments that may run over several lines.
+inline constexpr std::u16string_view block_opener = u"/*";
+inline constexpr std::u16string_view block_closer = u"*/";
+
+/// Whether there are such comments: a line begins with the opener, the same or a later one ends
+/// with the closer, each one is closed, and lines are left beside them. `lines` as above.
+[[nodiscard]] bool has_block_comments(const FieldArray& lines);
+
 /// Whether `line` is a comment under this opener, which may be empty for none.
 [[nodiscard]] bool is_comment(std::u16string_view line, std::u16string_view opener) noexcept;
 
-/// Whether the lines that begin with `opener` are comments around a table whose first data stand on
-/// `first_data_line`: they stand within it, or all lines above it but its names are such.
-[[nodiscard]] bool are_comments(const FieldArray& lines, std::u16string_view opener,
+/// Whether the comments of `style`, as `parser::options::comment_style` has them, are comments
+/// around a table whose first data stand on `first_data_line`: they stand within it, or all lines
+/// above it but its names are such.
+[[nodiscard]] bool are_comments(const FieldArray& lines, std::span<const std::u16string> style,
                                 std::size_t names_line, std::size_t first_data_line);
 
 } // namespace textio::advice

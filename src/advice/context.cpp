@@ -1,6 +1,7 @@
 #include "advice/grading.hpp"
 
 #include "advice/lines.hpp"
+#include "advice/number_shape.hpp"
 #include "advice/text_kind.hpp"
 #include "advice/weights.hpp"
 
@@ -81,16 +82,24 @@ void weigh_blanks_by_positions(std::vector<Reading>& readings, const Survey& sur
     }
 }
 
+/// Columns that hold something: a word of a heading over nothing makes none.
+std::size_t filled_columns(const Reading& reading) {
+    return static_cast<std::size_t>(
+        std::count_if(reading.figures.columns.begin(), reading.figures.columns.end(),
+                      [](const ColumnFigures& column) { return column.filled != 0; }));
+}
+
 /// Positions that explain nothing which blanks alone do not are not worth their widths.
 void weigh_positions_by_blanks(std::vector<Reading>& readings) {
     constexpr double all = 0.995;
     constexpr double mostly_flush = 0.9;
     for (Reading& fixed : readings) {
+        const std::size_t columns = filled_columns(fixed);
         const bool blanks_will_do =
             are_columns(fixed) &&
             std::any_of(readings.begin(), readings.end(), [&](const Reading& blanks) {
                 return blanks.is_blank_separated() && blanks.run.consistency() >= all &&
-                       fixed.columns <= blanks.columns && blanks.flush > mostly_flush;
+                       columns <= blanks.columns && blanks.flush > mostly_flush;
             });
         if (blanks_will_do) {
             weigh(fixed, weights::blanks_will_do);
@@ -105,19 +114,24 @@ void grade_lines(Reading& reading, const GradingContext& context) {
     const Survey& survey = *context.survey;
     constexpr std::size_t longest_value = 80;
     constexpr std::size_t longest_number = 24;
-    CellJudge judge(*context.analyzer, u'"');
-    const auto single =
-        std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
-            const std::u16string_view text = trimmed(line);
-            if (text.size() > longest_value) {
-                return false;
-            }
-            const CellKind kind = judge.judge(text);
-            return (kind == CellKind::number && text.size() <= longest_number &&
-                    text.find(u',') == std::u16string_view::npos) ||
-                   kind == CellKind::date || is_single_value(text);
-        });
-    const double share = survey.share_of(static_cast<std::size_t>(single));
+    constexpr std::size_t most_lines = 32;
+    const std::size_t step = survey.lines.size() / (most_lines + 1) + 1;
+    std::size_t looked_at = 0;
+    std::size_t single = 0;
+    for (std::size_t line = 0; line < survey.lines.size(); line += step) {
+        const std::u16string_view text = trimmed(survey.lines[line]);
+        ++looked_at;
+        if (text.size() > longest_value) {
+            continue;
+        }
+        const bool is_single =
+            looks_like_number(text)
+                ? text.size() <= longest_number && text.find(u',') == std::u16string_view::npos
+                : context.memory->dates().is_date(text) || is_single_value(text);
+        single += is_single ? 1U : 0U;
+    }
+    const double share =
+        looked_at == 0 ? 0 : static_cast<double>(single) / static_cast<double>(looked_at);
     reading.terms[TermKind::prior] = weights::of_lines + weights::of_single_values * share * share;
     reading.score = reading.terms.product();
 }

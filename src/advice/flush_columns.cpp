@@ -18,7 +18,7 @@ struct Edges {
 
 Edges edges_of(const FieldArray& lines, const FieldArray& sample, const RegularRun& run) {
     Edges edges;
-    RowPicker picker(run.kept);
+    RowPicker picker(run.kept, run.width);
     const std::size_t end = std::min(run.last_line + 1, lines.line_count());
     for (std::size_t line = run.first_line; line < end; ++line) {
         const auto fields = sample.line(line);

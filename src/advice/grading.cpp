@@ -63,7 +63,7 @@ double blanks_term(const Reading& reading, const FieldArray& sample, const Surve
 /// Whether all fields of a row could be names: short texts with letters, no numbers and no dates.
 bool could_be_names(std::span<const Field> row, const GradingContext& context) {
     constexpr std::size_t longest_name = 40;
-    CellJudge judge(*context.analyzer, u'"');
+    CellJudge judge(*context.memory, u'"');
     return std::all_of(row.begin(), row.end(), [&](const Field& field) {
         const std::u16string_view name = bare(field.view());
         const CellKind kind = judge.judge(name);
@@ -87,7 +87,7 @@ void grade_run(Reading& reading, const RegularRun& run, double prior,
     if (reading.grid.columns < 2) {
         return;
     }
-    CellJudge judge(*context.analyzer, reading.quote);
+    CellJudge judge(*context.memory, reading.quote);
     reading.figures = figures_of(reading.grid, judge);
     Terms& terms = reading.terms;
     terms[TermKind::consistency] = squared(run.consistency());
@@ -118,7 +118,7 @@ void grade_run(Reading& reading, const RegularRun& run, double prior,
 
 /// Grades rows of which each begins with the code of its kind.
 void grade_tagged(Reading& reading, double prior, const GradingContext& context) {
-    CellJudge judge(*context.analyzer, reading.quote);
+    CellJudge judge(*context.memory, reading.quote);
     const TaggedRecords found = find_tagged_records(*reading.strategy->field_array(), judge);
     if (found.tagged < 3 || !found.are_records(lines_end_alike(*context.lines))) {
         return;
@@ -185,6 +185,20 @@ void grade_rows(Reading& reading, double prior, const GradingContext& context) {
     }
 }
 
+void grade_ragged_rows(Reading& reading, const GradingContext& context) {
+    reading.run = find_ragged_run(*reading.strategy->field_array());
+    const bool is_even = reading.run.kept * 4 > reading.run.rows * 3; // and was graded as such
+    if (reading.run.width < 2 || is_even) {
+        return;
+    }
+    CellJudge judge(*context.memory, reading.quote);
+    reading.grid = grid_of(*reading.strategy->field_array(), reading.run);
+    reading.figures = figures_of(reading.grid, judge);
+    reading.columns = reading.run.width;
+    reading.terms[TermKind::prior] = weights::of_ragged_rows;
+    reading.score = reading.terms.product();
+}
+
 Reading begin_positions(Positions positions, const GradingContext& context) {
     Reading reading;
     reading.mode = enums::StrategyMode::fixed_width;
@@ -217,7 +231,7 @@ void grade_positions(Reading& reading, const GradingContext& context) {
     if (reading.positions.has_no_columns) {
         return;
     }
-    CellJudge judge(*context.analyzer, reading.quote);
+    CellJudge judge(*context.memory, reading.quote);
     reading.grid = grid_of(*context.lines, reading.positions);
     reading.figures = figures_of(reading.grid, judge);
     reading.terms[TermKind::types] = reading.figures.types;

@@ -7,7 +7,8 @@ namespace textio::advice {
 Grid grid_of(const FieldArray& sample, const RegularRun& run) {
     Grid grid;
     grid.columns = run.width;
-    RowPicker picker(run.is_padded ? run.rows : run.kept);
+    RowPicker picker(run.is_padded ? run.rows : run.kept, run.width);
+    grid.cells.reserve(grid.columns * picker.most());
     for (std::size_t line = run.first_line; line <= run.last_line; ++line) {
         const auto fields = sample.line(line);
         if (run.holds(fields.size()) && picker.takes()) {

@@ -5,6 +5,7 @@
 #include "advice/regular_run.hpp"
 #include "textio/field.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <span>
 #include <string_view>
@@ -24,11 +25,14 @@ struct Grid {
 };
 
 /// Picks the rows that are graded: some forty of `rows`, evenly, and never the first one if there
-/// is another, for it may hold the names.
+/// is another, for it may hold the names. Of a table of many columns fewer rows tell as much.
 class RowPicker {
 public:
-    explicit RowPicker(std::size_t rows)
-        : step_(rows / (graded_rows + 1) + 1), passed_(rows == 1 ? 1 : 0) {}
+    RowPicker(std::size_t rows, std::size_t columns)
+        : rows_(rows), step_(rows / (graded_rows(columns) + 1) + 1), passed_(rows == 1 ? 1 : 0) {}
+
+    /// How many rows it takes at the most.
+    [[nodiscard]] std::size_t most() const { return rows_ / step_ + 1; }
 
     /// Whether the next row is one of them.
     bool takes() {
@@ -37,7 +41,12 @@ public:
     }
 
 private:
-    static constexpr std::size_t graded_rows = 40;
+    static std::size_t graded_rows(std::size_t columns) {
+        constexpr std::size_t cells = 480;
+        return std::clamp<std::size_t>(cells / (columns + 1), 16, 40);
+    }
+
+    std::size_t rows_;
     std::size_t step_;
     std::size_t passed_;
 };

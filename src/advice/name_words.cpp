@@ -11,7 +11,7 @@ namespace textio::advice {
 namespace {
 
 bool equal_texts(std::u16string_view left, std::u16string_view right) {
-    return ascii::equals_ignoring_case(bare(left), bare(right));
+    return left.size() == right.size() && ascii::equals_ignoring_case(left, right);
 }
 
 bool has_digit(std::u16string_view text) {
@@ -20,7 +20,7 @@ bool has_digit(std::u16string_view text) {
 
 /// Words that name a column in many tables and are values in few.
 bool is_usual_name(std::u16string_view cell) {
-    constexpr std::u16string_view names[] = {
+    static constexpr std::u16string_view names[] = {
         u"id",          u"name",    u"date",   u"time",    u"type",    u"code",   u"value",
         u"description", u"title",   u"key",    u"label",   u"count",   u"number", u"category",
         u"email",       u"address", u"city",   u"state",   u"country", u"year",   u"month",
@@ -72,39 +72,40 @@ bool have_one_pattern(std::u16string_view left, std::u16string_view right) {
 /// What the cells of one column look like, next to a cell that may be its name.
 class ColumnBelow {
 public:
-    ColumnBelow(const Grid& grid, std::size_t column) : grid_(grid), column_(column) {}
+    explicit ColumnBelow(const Grid& grid) : grid_(grid) { texts_.reserve(grid.rows()); }
 
+    void look_at(std::size_t column) {
+        texts_.clear();
+        filled_ = 0;
+        for (std::size_t row = 0; row < grid_.rows(); ++row) {
+            texts_.push_back(bare(grid_.cell(row, column)));
+            filled_ += texts_.back().empty() ? 0U : 1U;
+        }
+    }
+
+    /// The share of the cells that hold something which have a property.
     template <class Property>
     [[nodiscard]] double share(Property property) const {
-        std::size_t with = 0;
-        std::size_t filled = 0;
-        for (std::size_t row = 0; row < grid_.rows(); ++row) {
-            const std::u16string_view text = bare(grid_.cell(row, column_));
-            if (!text.empty()) {
-                ++filled;
-                with += property(text) ? 1U : 0U;
-            }
-        }
-        return filled == 0 ? 0 : static_cast<double>(with) / static_cast<double>(filled);
+        const auto with = std::count_if(texts_.begin(), texts_.end(),
+                                        [&](auto text) { return !text.empty() && property(text); });
+        return filled_ == 0 ? 0 : static_cast<double>(with) / static_cast<double>(filled_);
     }
 
     /// Whether few values stand in many rows. Neighbours and the first cell are compared.
     [[nodiscard]] bool repeats() const {
         std::size_t repeated = 0;
-        const std::size_t rows = grid_.rows();
-        for (std::size_t row = 1; row < rows; ++row) {
-            const std::u16string_view text = bare(grid_.cell(row, column_));
-            repeated += !text.empty() && (text == bare(grid_.cell(row - 1, column_)) ||
-                                          text == bare(grid_.cell(0, column_)))
-                            ? 1U
-                            : 0U;
+        for (std::size_t row = 1; row < texts_.size(); ++row) {
+            const std::u16string_view text = texts_[row];
+            const bool is_repeated = text == texts_[row - 1] || text == texts_[0];
+            repeated += !text.empty() && is_repeated ? 1U : 0U;
         }
-        return repeated * 4 > rows;
+        return repeated * 4 > texts_.size();
     }
 
 private:
     const Grid& grid_;
-    std::size_t column_;
+    std::vector<std::u16string_view> texts_; ///< of the column, bare
+    std::size_t filled_ = 0;
 };
 
 bool starts_upper(std::u16string_view text) {
@@ -197,7 +198,7 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
     }
     for (std::size_t one = 0; one < row.size(); ++one) {
         for (std::size_t other = 0; other < one; ++other) {
-            if (!bare(row[one]).empty() && equal_texts(row[one], row[other])) {
+            if (!bare(row[one]).empty() && equal_texts(bare(row[one]), bare(row[other]))) {
                 return false;
             }
         }
@@ -206,18 +207,23 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
         }
     }
     double likeness = 0;
-    for (std::size_t column = 0; column < row.size(); ++column) {
-        likeness += name_likeness(row[column], ColumnBelow(grid, column));
+    ColumnBelow below(grid);
+    const std::size_t columns = std::min(row.size(), grid.columns);
+    for (std::size_t column = 0; column < columns; ++column) {
+        below.look_at(column);
+        likeness += name_likeness(row[column], below);
     }
-    return likeness > least_mean * static_cast<double>(row.size());
+    return likeness > least_mean * static_cast<double>(columns);
 }
 
 bool is_row_of_years(const std::vector<std::u16string_view>& row, const Grid& grid) {
     std::size_t years = 0;
-    for (std::size_t column = 0; column < row.size(); ++column) {
+    ColumnBelow below(grid);
+    for (std::size_t column = 0; column < std::min(row.size(), grid.columns); ++column) {
         if (is_year(row[column])) {
             ++years;
-            if (ColumnBelow(grid, column).share(is_year) > 0.2) {
+            below.look_at(column);
+            if (below.share(is_year) > 0.2) {
                 return false;
             }
         }

@@ -15,7 +15,7 @@ namespace textio::advice {
 
 /// Whether `row` names the columns of a table of text alone, whose rows further down are `grid`:
 /// names are all different, come again in no row, and differ from the values in their length, their
-/// case, or their digits.
+/// case, or their digits. A row may have columns more than the grid, which are not looked at.
 [[nodiscard]] bool names_text_columns(const std::vector<std::u16string_view>& row,
                                       const Grid& grid);
 

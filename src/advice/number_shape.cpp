@@ -88,6 +88,10 @@ std::size_t last_digits(std::u16string_view text) {
 
 bool looks_like_number(std::u16string_view text) noexcept {
     NumberScan scan{text};
+    scan.at = ascii::skip_digits(text, 0);
+    if (scan.ended()) {
+        return !text.empty();
+    }
     scan.at = ascii::skip_sign(text, 0);
     constexpr std::u16string_view currencies = u"$\u20AC\u00A3\u00A5";
     if (!scan.ended() && currencies.find(scan.unit()) != std::u16string_view::npos) {

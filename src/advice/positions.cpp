@@ -7,9 +7,9 @@
 #include "advice/weights.hpp"
 
 #include <algorithm>
-#include <optional>
 #include <span>
 #include <string_view>
+#include <utility>
 
 namespace textio::advice {
 
@@ -62,75 +62,92 @@ void find_run(const FieldArray& lines, std::size_t first, Positions& positions) 
     }
 }
 
-/// Columns that blanks on all lines of the region leave; at least two.
-std::optional<Positions> columns_of_region(const FieldArray& lines, Region region) {
+/// Collects sets of columns, each of them once.
+class FoundPositions {
+public:
+    /// Whether columns with these starts are new, from the line on where their run begins.
+    [[nodiscard]] bool are_new(const Positions& positions) const {
+        return std::none_of(found_.begin(), found_.end(), [&](const Positions& other) {
+            return other.first_line == positions.first_line && other.starts == positions.starts;
+        });
+    }
+    void add(Positions positions) { found_.push_back(std::move(positions)); }
+    [[nodiscard]] std::vector<Positions> take() { return std::move(found_); }
+
+private:
+    std::vector<Positions> found_;
+};
+
+/// Adds the columns that blanks on all lines of the region leave, if they are at least two.
+void add_columns_of_region(const FieldArray& lines, Region region, FoundPositions& found) {
     const auto filled = filled_lines(lines, region);
     if (filled.size() < 2) {
-        return std::nullopt;
+        return;
     }
-    const bool is_padded = are_of_one_length(filled);
+    Positions positions;
+    positions.is_padded = are_of_one_length(filled);
     const auto counts =
-        filled_counts(filled, is_padded ? filled.front().size() : settled_length(filled));
-    Positions found;
+        filled_counts(filled, positions.is_padded ? filled.front().size() : settled_length(filled));
     const std::size_t most = filled.size() >= 50 ? filled.size() / 100 : 0;
-    found.starts = starts_between_cuts(counts, most);
-    if (found.starts.size() < 2) {
-        return std::nullopt;
+    Starts& starts = positions.starts;
+    starts = starts_between_cuts(counts, most);
+    if (starts.size() < 2) {
+        return;
     }
-    found.is_padded = is_padded;
-    found.has_gaps = have_gaps(counts, most, found.starts);
-    if (region.first > 0) {
-        const std::u16string_view heading = text_of(lines, region.first - 1);
-        found.has_heading = stands_flush(heading, found.starts, filled);
-        if (found.has_heading) {
-            join_unnamed(heading, counts, most, found.starts);
+    positions.has_gaps = have_gaps(counts, most, starts);
+    std::vector<ColumnEdges> edges;
+    const std::u16string_view heading =
+        region.first == 0 ? std::u16string_view() : text_of(lines, region.first - 1);
+    if (!heading.empty()) {
+        edges = edges_of(filled, starts);
+        positions.has_heading = stands_flush(heading, starts, edges);
+        if (positions.has_heading) {
+            join_unnamed(heading, counts, most, starts);
         }
     }
-    found.alignment = alignment_of(filled, found.starts);
-    found.has_padding = are_mostly_padded(filled, found.starts);
-    find_run(lines, region.first, found);
-    return found;
+    find_run(lines, region.first, positions);
+    if (found.are_new(positions)) {
+        if (edges.size() != starts.size()) {
+            edges = edges_of(filled, starts);
+        }
+        positions.alignment = alignment_of(edges);
+        positions.has_padding = are_mostly_padded(filled, starts);
+        found.add(std::move(positions));
+    }
 }
 
-/// Columns that start where the given ones do, whatever the lines hold.
-std::optional<Positions> columns_that_start_at(const FieldArray& lines, std::size_t first,
-                                               Starts starts) {
-    if (starts.size() < 2) {
-        return std::nullopt;
+/// Adds columns that start where the given ones do, whatever the lines hold; those of a ruler are
+/// shown by it alone, and cells may stand anywhere in them.
+void add_columns_that_start_at(const FieldArray& lines, std::size_t first, Positions positions,
+                               FoundPositions& found) {
+    positions.has_padding = true;
+    find_run(lines, first, positions);
+    if (positions.kept == 0 || !found.are_new(positions)) {
+        return;
     }
-    Positions found;
-    found.starts = std::move(starts);
-    found.has_padding = true;
-    find_run(lines, first, found);
-    if (found.kept == 0) {
-        return std::nullopt;
-    }
-    const auto filled = filled_lines(lines, {found.first_line, found.last_line + 1});
-    found.is_padded = are_of_one_length(filled);
-    found.alignment = alignment_of(filled, found.starts);
-    return found;
+    const auto filled = filled_lines(lines, {positions.first_line, positions.last_line + 1});
+    positions.is_padded = are_of_one_length(filled);
+    positions.alignment =
+        positions.has_ruler ? 1 : alignment_of(edges_of(filled, positions.starts));
+    found.add(std::move(positions));
 }
 
-std::optional<Positions> columns_below_heading(const FieldArray& lines, std::size_t first) {
-    Starts starts = heading_starts(text_of(lines, first - 1));
-    if (starts.size() < 3) {
-        return std::nullopt;
+void add_columns_below_heading(const FieldArray& lines, std::size_t first, FoundPositions& found) {
+    Positions positions;
+    positions.starts = heading_starts(text_of(lines, first - 1));
+    positions.has_heading = true;
+    if (positions.starts.size() > 2) {
+        add_columns_that_start_at(lines, first, std::move(positions), found);
     }
-    auto found = columns_that_start_at(lines, first, std::move(starts));
-    if (found) {
-        found->has_heading = true;
-    }
-    return found;
 }
 
-/// The ruler alone shows the columns: cells may stand anywhere in them.
-std::optional<Positions> columns_below_ruler(const FieldArray& lines, Region ruler) {
-    auto found = columns_that_start_at(lines, ruler.end, ruler_starts(text_of(lines, ruler.first)));
-    if (found) {
-        found->has_ruler = true;
-        found->alignment = 1;
+void add_columns_below_ruler(const FieldArray& lines, Region ruler, FoundPositions& found) {
+    Positions positions;
+    positions.starts = ruler_starts(text_of(lines, ruler.first));
+    positions.has_ruler = true;
+    if (positions.starts.size() > 1) {
+        add_columns_that_start_at(lines, ruler.end, std::move(positions), found);
     }
-    return found;
 }
 
 } // namespace
@@ -146,28 +163,18 @@ double Positions::coverage() const noexcept {
 }
 
 std::vector<Positions> find_positions(const FieldArray& lines) {
-    std::vector<Positions> found;
-    const auto add = [&](std::optional<Positions> positions) {
-        const bool is_new =
-            positions && std::none_of(found.begin(), found.end(), [&](const Positions& other) {
-                return other.starts == positions->starts &&
-                       other.first_line == positions->first_line;
-            });
-        if (is_new) {
-            found.push_back(std::move(*positions));
-        }
-    };
+    FoundPositions found;
     const Regions regions = find_regions(lines);
     for (const Region& ruler : regions.rulers) {
-        add(columns_below_ruler(lines, ruler));
+        add_columns_below_ruler(lines, ruler, found);
     }
     for (const Region& region : regions.tables) {
-        add(columns_of_region(lines, region));
+        add_columns_of_region(lines, region, found);
         if (region.first > 0) {
-            add(columns_below_heading(lines, region.first));
+            add_columns_below_heading(lines, region.first, found);
         }
     }
-    return found;
+    return found.take();
 }
 
 std::u16string_view cell_at(std::u16string_view line, const Positions& positions,
@@ -178,7 +185,8 @@ std::u16string_view cell_at(std::u16string_view line, const Positions& positions
 Grid grid_of(const FieldArray& lines, const Positions& positions) {
     Grid grid;
     grid.columns = positions.starts.size();
-    RowPicker picker(positions.rows);
+    RowPicker picker(positions.rows, grid.columns);
+    grid.cells.reserve(grid.columns * picker.most());
     for (std::size_t line = positions.first_line; line <= positions.last_line; ++line) {
         const std::u16string_view text = text_of(lines, line);
         if (!text.empty() && picker.takes()) {

@@ -22,7 +22,7 @@ std::u16string_view opener_of(const parser::options& options) {
 TableStart start_of(const Reading& reading, const ProposalSources& sources) {
     TableStart start;
     if (!reading.is_line_by_line()) {
-        CellJudge judge(*sources.analyzer, reading.quote);
+        CellJudge judge(*sources.memory, reading.quote);
         start = find_table_start(reading, *sources.lines, *sources.raw_lines,
                                  opener_of(*sources.options), judge);
     }
@@ -47,7 +47,7 @@ parser::options options_of(const Reading& reading, const TableStart& start,
     parser::options options = *sources.options;
     options.quote = reading.quote;
     const bool is_known = sources.settings->comment_style.has_value();
-    if (!is_known && !are_comments(*sources.raw_lines, opener_of(options), start.names_line,
+    if (!is_known && !are_comments(*sources.raw_lines, options.comment_style, start.names_line,
                                    start.first_data_line)) {
         options.comment_style.clear();
     }
@@ -97,7 +97,8 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
     proposal.names_line = start.names_line;
     proposal.first_data_line = start.first_data_line;
 
-    const NumberMarks marks = marks_of(reading, *sources.lines, start);
+    TableTally tally = tally_of(reading, *sources.lines, start, settings.type_options);
+    const NumberMarks& marks = tally.marks;
     proposal.decimal_mark = settings.decimal_mark.value_or(marks.decimal_mark());
     proposal.thousands_separator =
         settings.thousands_separator.value_or(marks.thousands_separator());
@@ -106,16 +107,14 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
         proposal.type_options.decimal_separator = proposal.decimal_mark;
     }
     proposal.type_options.thousands_separator = proposal.thousands_separator;
-    proposal.columns = columns_of(reading, *sources.lines, start, proposal.type_options);
+    proposal.columns = std::move(tally.columns);
+    describe_columns(reading, *sources.lines, start, proposal.type_options, proposal.columns);
 
     const parser::options options = options_of(reading, start, sources);
     proposal.strategy = reading.strategy;
     if (proposal.strategy == nullptr || !read_alike(options, *sources.options)) {
         proposal.strategy = make_strategy(reading, options, proposal.type_options, sources);
-        output::DetectionOutputBuilder builder;
-        builder.text = sources.text;
-        builder.sample_lines = sources.sample_lines;
-        parser::read_sample(builder, proposal.strategy, false);
+        parser::read_sample(*sources.builder, proposal.strategy, false);
     }
     proposal.strategy->header_lines(start.first_data_line);
 

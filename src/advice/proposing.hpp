@@ -2,10 +2,10 @@
 /// Makes proposals of graded readings.
 #pragma once
 
+#include "advice/cell_kind.hpp"
 #include "advice/reading.hpp"
 #include "textio/advice.hpp"
 #include "textio/field.hpp"
-#include "textio/type_analyzer.hpp"
 
 #include <cstddef>
 #include <string_view>
@@ -14,13 +14,12 @@ namespace textio::advice {
 
 /// What a proposal is made from beside its reading.
 struct ProposalSources {
-    const Field* text = nullptr;
-    std::size_t sample_lines = 0;
+    output::DetectionOutputBuilder* builder = nullptr; ///< reads the text once more
     const Settings* settings = nullptr;
     const parser::options* options = nullptr; ///< under which the readings were made
     const FieldArray* lines = nullptr;        ///< one field a line, with their comments
     const FieldArray* raw_lines = nullptr;    ///< one field a line, without comments
-    const zentor::io::text::typedetection::TypeAnalyzer<false>* analyzer = nullptr;
+    CellMemory* memory = nullptr;
 };
 
 /// Finds where the table of a reading begins, what its columns are, and which options read it.

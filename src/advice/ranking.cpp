@@ -12,10 +12,21 @@ constexpr double no_rival = 0.06;
 /// A rival below this share of the best score is not proposed, unless it is the only one.
 constexpr double least_share_of_best = 1.0 / 3;
 
+/// Likewise one with the same layout and delimiter, which is no rival but the same answer with
+/// other columns.
+constexpr double least_share_of_same_layout = 0.8;
+
 /// Whether two readings are the same to a person: only the better one is proposed.
 bool are_alike(const Reading& one, const Reading& other) {
     return one.mode == other.mode && one.delimiter == other.delimiter &&
            one.columns == other.columns;
+}
+
+/// Whether a reading is good enough to be proposed beside the best one.
+bool can_be_proposed(const Reading& reading, const Reading& best) {
+    const bool is_same_layout = reading.mode == best.mode && reading.delimiter == best.delimiter;
+    return reading.score >=
+           (is_same_layout ? least_share_of_same_layout : least_share_of_best) * best.score;
 }
 
 /// The best score over the best one that cuts the rows otherwise.
@@ -46,8 +57,7 @@ Advice rank(std::vector<Reading> readings, const ProposalSources& sources) {
     std::vector<const Reading*> proposed;
     for (const Reading& reading : readings) {
         const bool is_rival =
-            reading.score >= least_share_of_best * best.score &&
-            proposed.size() < sources.settings->proposal_limit &&
+            can_be_proposed(reading, best) && proposed.size() < sources.settings->proposal_limit &&
             std::none_of(proposed.begin(), proposed.end(),
                          [&](const Reading* other) { return are_alike(reading, *other); });
         if (proposed.empty() || is_rival) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <vector>
 
 namespace textio::advice {
 
@@ -181,6 +182,26 @@ RegularRun find_headed_run(const FieldArray& sample) {
     }
     run.all = run.rows;
     run.is_padded = true;
+    return run;
+}
+
+RegularRun find_ragged_run(const FieldArray& sample) {
+    RegularRun run;
+    std::vector<std::size_t> counts;
+    for_each_row(sample, [&](std::size_t line, std::size_t fields) {
+        run.first_line = run.rows == 0 ? line : run.first_line;
+        run.last_line = line;
+        ++run.rows;
+        counts.resize(std::max(counts.size(), fields + 1));
+        ++counts[fields];
+    });
+    run.all = run.rows;
+    for_each_row(sample, [&](std::size_t, std::size_t fields) {
+        if (counts[fields] > run.kept) {
+            run.kept = counts[fields];
+            run.width = fields;
+        }
+    });
     return run;
 }
 

@@ -38,6 +38,9 @@ struct RegularRun {
 /// not hollow: the first row may name columns that rows lack at their ends. Otherwise none.
 [[nodiscard]] RegularRun find_headed_run(const FieldArray& sample);
 
+/// The whole sample as a run of the commonest width, the first among equals.
+[[nodiscard]] RegularRun find_ragged_run(const FieldArray& sample);
+
 /// The run of the last row's width that ends with that row: a short table under a long preamble.
 [[nodiscard]] RegularRun find_last_run(const FieldArray& sample);
 

@@ -14,6 +14,9 @@ constexpr std::u16string_view never_delimiters = u" \"$'()+-@[]{}._\r\n\uFFFF";
 constexpr std::u16string_view punctuation = u":=!?%&";
 constexpr std::u16string_view framed_by_blanks = u"/<>&*^~!%";
 
+/// Where more signs than these are on most lines, the unlikely ones separate nothing.
+constexpr std::size_t most_suggested = 8;
+
 constexpr double least_share_of_common = 0.1;
 constexpr double least_share = 0.4;
 
@@ -107,6 +110,19 @@ double prior_of(char16_t sign, const SignPlaces& places) {
     return prior;
 }
 
+/// Whether two of the quote stand in a text with nothing but the delimiter between them.
+bool meets_itself(std::u16string_view text, char16_t quote, std::u16string_view delimiter) {
+    for (std::size_t at = text.find(quote); at != std::u16string_view::npos;
+         at = text.find(quote, at + 1)) {
+        const std::u16string_view behind = text.substr(at + 1);
+        if (behind.size() > delimiter.size() && behind[delimiter.size()] == quote &&
+            behind.starts_with(delimiter)) {
+            return true;
+        }
+    }
+    return false;
+}
+
 } // namespace
 
 std::vector<Separator> suggested_separators(const Survey& survey) {
@@ -126,6 +142,7 @@ std::vector<Separator> suggested_separators(const Survey& survey) {
     std::stable_sort(found.begin(), found.end(), [](const Separator& left, const Separator& right) {
         return left.prior * left.share > right.prior * right.share;
     });
+    found.resize(std::min(found.size(), most_suggested));
     return found;
 }
 
@@ -145,16 +162,14 @@ Separator named_separator(const Survey& survey, std::u16string_view delimiter) {
 }
 
 bool frames_fields(const Survey& survey, char16_t quote, std::u16string_view delimiter) {
-    if (!survey.holds(quote) || delimiter.find(quote) != std::u16string_view::npos) {
+    if (survey.share(quote) < 0.5 || delimiter.find(quote) != std::u16string_view::npos) {
         return false;
     }
-    std::u16string meeting(1, quote);
-    meeting.append(delimiter).push_back(quote);
     const auto framed =
         std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
             const std::u16string_view text = trimmed(line);
             return text.front() == quote || text.back() == quote ||
-                   text.find(meeting) != std::u16string_view::npos;
+                   meets_itself(text, quote, delimiter);
         });
     return static_cast<std::size_t>(framed) * 2 >= survey.lines.size();
 }

@@ -1,10 +1,11 @@
 #include "advice/survey.hpp"
 
 #include "advice/lines.hpp"
-#include "ascii.hpp"
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 
 namespace textio::advice {
 
@@ -27,60 +28,67 @@ constexpr bool is_other_sign(char16_t unit) {
 class SignCounter {
 public:
     void add_line(std::u16string_view line) {
+        std::uint64_t low = 0; // a bit for each ASCII unit that the line holds
+        std::uint64_t high = 0;
         ++line_;
         for (const char16_t unit : line) {
-            if (unit < ascii_units) {
-                count(ascii_[unit]);
-            } else if (is_other_sign(unit)) {
+            const std::uint64_t bit = std::uint64_t{1} << (unit % mask_bits);
+            low |= unit < mask_bits ? bit : 0;
+            high |= unit >= mask_bits && unit < ascii_units ? bit : 0;
+            if (unit >= ascii_units && is_other_sign(unit)) {
                 count_other(unit);
             }
         }
+        count_units(low & ~digits, 0);
+        count_units(high & ~letters, mask_bits);
     }
 
     [[nodiscard]] std::vector<SignCount> signs() const {
         std::vector<SignCount> found;
         found.reserve(most_other_signs * 2);
         for (std::size_t unit = 0; unit < ascii_units; ++unit) {
-            const auto sign = static_cast<char16_t>(unit);
-            if (ascii_[unit].lines != 0 && !ascii::is_digit(sign) && !ascii::is_letter(sign)) {
-                found.push_back({sign, ascii_[unit].lines});
+            if (ascii_[unit] != 0) {
+                found.push_back({static_cast<char16_t>(unit), ascii_[unit]});
             }
         }
         for (const Other& other : others_) {
-            if (other.tally.lines != 0) {
-                found.push_back({other.sign, other.tally.lines});
+            if (other.lines != 0) {
+                found.push_back({other.sign, other.lines});
             }
         }
         return found;
     }
 
 private:
-    struct Tally {
+    struct Other {
+        char16_t sign = 0;
         std::uint32_t last_line = 0;
         std::uint32_t lines = 0;
     };
-    struct Other {
-        char16_t sign = 0;
-        Tally tally;
-    };
 
-    void count(Tally& tally) const {
-        tally.lines += tally.last_line != line_ ? 1U : 0U;
-        tally.last_line = line_;
+    static constexpr std::size_t mask_bits = 64;
+    static constexpr std::uint64_t digits = 0x03FF'0000'0000'0000;  ///< among the first 64 units
+    static constexpr std::uint64_t letters = 0x07FF'FFFE'07FF'FFFE; ///< among the next 64
+
+    void count_units(std::uint64_t units, std::size_t first) {
+        for (; units != 0; units &= units - 1) {
+            ++ascii_[first + static_cast<std::size_t>(std::countr_zero(units))];
+        }
     }
 
     /// Only the first few that appear are counted.
     void count_other(char16_t unit) {
         for (Other& other : others_) {
-            if (other.sign == unit || other.tally.lines == 0) {
+            if (other.sign == unit || other.lines == 0) {
                 other.sign = unit;
-                count(other.tally);
+                other.lines += other.last_line != line_ ? 1U : 0U;
+                other.last_line = line_;
                 return;
             }
         }
     }
 
-    std::array<Tally, ascii_units> ascii_{};
+    std::array<std::uint32_t, ascii_units> ascii_{};
     std::array<Other, most_other_signs> others_{};
     std::uint32_t line_ = 0;
 };

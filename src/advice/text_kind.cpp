@@ -35,7 +35,8 @@ bool has_two_digits(std::u16string_view text, std::size_t at) {
 /// What follows the time of day that stands in front of the first delimiter of a line.
 std::optional<std::u16string_view> behind_time(std::u16string_view line) {
     constexpr std::size_t longest_stamp = 32;
-    const std::size_t end = std::min({longest_stamp, line.find_first_of(u",;\t|"), line.size()});
+    const std::u16string_view start = line.substr(0, longest_stamp);
+    const std::size_t end = std::min(start.find_first_of(u",;\t|"), start.size());
     for (std::size_t at = 2; at < end; ++at) {
         if (line[at] == u':' && has_two_digits(line, at - 2) && has_two_digits(line, at + 1)) {
             const std::u16string_view rest = line.substr(at + 3);
@@ -53,33 +54,31 @@ bool begins_with_thousandths(std::u16string_view text) {
 
 /// Words that tell how grave a message is.
 bool is_level(std::u16string_view word) {
-    constexpr std::u16string_view levels[] = {u"INFO",     u"ERROR", u"WARN",  u"WARNING",
-                                              u"DEBUG",    u"TRACE", u"FATAL", u"NOTICE",
-                                              u"CRITICAL", u"SEVERE"};
+    static constexpr std::u16string_view levels[] = {u"INFO",     u"ERROR", u"WARN",  u"WARNING",
+                                                     u"DEBUG",    u"TRACE", u"FATAL", u"NOTICE",
+                                                     u"CRITICAL", u"SEVERE"};
     return std::find(std::begin(levels), std::end(levels), word) != std::end(levels);
 }
 
 /// Small words that join others to a sentence, and stand in no cell of their own.
 bool joins_words(std::u16string_view word) {
-    constexpr std::u16string_view joints[] = {u"for", u"from", u"to",  u"the",   u"of",   u"in",
-                                              u"at",  u"on",   u"is",  u"was",   u"not",  u"with",
-                                              u"by",  u"and",  u"has", u"after", u"while"};
+    static constexpr std::u16string_view joints[] = {
+        u"for", u"from", u"to",   u"the", u"of",  u"in",  u"at",    u"on",   u"is",
+        u"was", u"not",  u"with", u"by",  u"and", u"has", u"after", u"while"};
     return std::find(std::begin(joints), std::end(joints), word) != std::end(joints);
 }
 
-/// Whether what follows a time is a message: it has a level, or words that make a sentence.
+/// Whether what follows a time is a message: it has a level, or a word that joins others.
 bool is_message(std::u16string_view text) {
-    std::size_t joints = 0;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of(u" []():"), text.size());
         const std::u16string_view word = text.substr(0, end);
-        if (is_level(word)) {
+        if (is_level(word) || joins_words(word)) {
             return true;
         }
-        joints += joins_words(word) ? 1U : 0U;
         text.remove_prefix(std::min(end + 1, text.size()));
     }
-    return joints >= 1;
+    return false;
 }
 
 /// How many lines are what.

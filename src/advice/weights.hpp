@@ -73,6 +73,7 @@ inline constexpr double log = 0.25;             ///< likewise of log lines
 inline constexpr double cut_numbers = 0.2;      ///< at the decimal commas of single numbers
 
 inline constexpr double of_lines = 0.15;        ///< one field a line: what a table has to beat
+inline constexpr double of_ragged_rows = 0.16;  ///< a delimiter on all lines of uneven rows
 inline constexpr double of_single_values = 0.7; ///< what lines of one value each add to it
 inline constexpr double of_log_lines = 0.5;     ///< one field a line in a log
 

@@ -54,6 +54,8 @@ TEST(Advise, FindsComments) {
         {"words in capitals", u"REM list of parts\nREM second run\n1;2;3\n4;5;6\n7;8;9\n",
          "by ';', comment REM; >2; number, number, number"},
         {"slashes", u"// one\n// two\n1;2;3\n4;5;6\n7;8;9\n", "by ';', comment //; >2; number, number, number"},
+        {"over several lines", u"/* made by hand,\n   twice; see log */\na;b\n1;2\n/* pause\n   at noon */\n3;4\n5;6\n",
+         "by ';', comment /*; 2>3; a number, b number"},
         {"numbers that begin with the sign of a comment", u"#1,ab,2.5\n#2,cd,3.5\n#3,ef,4.5\n", "by ','; >0; text, text, number"},
         {"negative numbers", u"-1,2\n-3,4\n-5,6\n", "by ','; >0; number, number"},
     });
@@ -66,6 +68,10 @@ TEST(Advise, FindsColumnsAtBlanks) {
          "aligned, skip, drop; 0>1; t number, x number"},
         {"texts with blanks", u"Bern       7  high up\nLa Neuve   8  low\nSaint Gall 9  very high\nChur      10  high\n",
          "widths 11 3 9; >0; text, number, text"},
+        {"a word of the heading over nothing",
+         u"A:  depth   width  left  right\n    12.00   101.7   1.5    2.5\n    12.05   101.3   1.5    2.5\n"
+         u"    12.10    99.8   1.5    2.5\n    12.15   100.4   1.5    2.5\n    12.20   101.0   1.5    2.5\n",
+         "widths 12 8 7 3; 0>1; A:  depth number, width number, left number, right number"},
         {"a ruler", u"name       size\n---------- ----\nLong Valley   12\nHill           5\nOld Town Road  7\n",
          "widths 14 2; 0>2; name text, size number"},
         {"a heading over columns with empty cells",
@@ -130,8 +136,12 @@ TEST(Advise, TellsColumns) {
         {"classes", u"n;d;t;w;h\n1;2024-01-31;06:18:51;ab;0x1F\n2;2024-02-01;07:20:11;cd;0x2A\n3;2024-02-02;08:01:00;ef;0xB\n",
          "by ';'; 0>1; n number, d date, t duration, w text, h hex"},
         {"missing values", u"a,b,c\n1,,NA\n2,x,NA\n,y,NA\n4,z,NA\n", "by ','; 0>1; a number -1, b text -1, c nothing -4"},
+        {"a row of data above the regular ones", u"a;b;c\n1;2\n3;4\n5;6;7\n8;;9\n1;2;3\n4;5;6\n7;8;9\n",
+         "by ';'; 0>1; a number, b number -1, c number -2"},
         {"rows that lack cells", u"a,b,c\n1,2,3\n4,5\n7,8,9\n10,11,12\n13,14,15\n16,17,18\n",
          "by ','; 0>1; a number, b number, c number -1"},
+        {"rows that do not agree at all", u"size,what,left\n1,27,,\"too long\"\n,\"too short\"\n0,some types ... oh,17\n",
+         "by ','; 0>1; size number -1, what text, left number -2"},
         {"empty names", u",b,\n1,2,3\n4,5,6\n7,8,9\n", "by ','; 0>1; number, b number, number"},
     });
 }

@@ -81,22 +81,26 @@ TEST(Cells, KindsShowWhereACutIsWrong) {
         {CellKind::gap, {u"a   b", u"1    2"}},
         {CellKind::broken, {u"\"", u"\"open", u"\"open\" and", u";", u",,", u"|;", u":"}},
     };
-    const zentor::io::text::typedetection::TypeAnalyzer<false> analyzer({});
+    CellMemory memory({});
     for (const auto& [kind, texts] : kinds) {
-        CellJudge judge(analyzer, u'"');
+        CellJudge judge(memory, u'"');
         for (const std::u16string_view text : texts) {
             EXPECT_EQ(static_cast<int>(judge.judge(text)), static_cast<int>(kind)) << shown(text);
         }
     }
-    CellJudge without_quotes(analyzer, 0);
-    EXPECT_EQ(without_quotes.judge(u"\"open"), CellKind::word);
+    const std::u16string_view open = u"\"open";
+    CellJudge without_quotes(memory, 0);
+    EXPECT_EQ(without_quotes.judge(open), CellKind::word);
+    EXPECT_EQ(CellJudge(memory, u'"').judge(open), CellKind::broken) << "and was another kind without quotes";
+    EXPECT_EQ(CellJudge(memory, u'"').judge(open.substr(0, 1)), CellKind::broken);
+    EXPECT_EQ(without_quotes.judge(open.substr(1, 2)), CellKind::word);
     EXPECT_EQ(without_quotes.judge(std::u16string_view(u"\0a", 2)), CellKind::word);
 }
 
 TEST(Cells, AJudgeRemembersShapesNotAnswers) {
     // One after the other: a date must not lend its answer to a text of another shape.
-    const zentor::io::text::typedetection::TypeAnalyzer<false> analyzer({});
-    CellJudge judge(analyzer, u'"');
+    CellMemory memory({});
+    CellJudge judge(memory, u'"');
     EXPECT_EQ(judge.judge(u"2024-01-31"), CellKind::date);
     EXPECT_EQ(judge.judge(u"2024-02-01"), CellKind::date);
     EXPECT_EQ(judge.judge(u"2024-0x-01"), CellKind::word);

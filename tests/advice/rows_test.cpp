@@ -147,12 +147,34 @@ TEST(Comments, AreOpenedByTheSignThatBeginsMostLines) {
 }
 
 TEST(Comments, StandAroundATable) {
+    const std::vector<std::u16string> numbers{u"#"};
     const FieldArray above = lines_of(u"# x\na\n1\n2\n");
-    EXPECT_TRUE(are_comments(above, u"#", 1, 2));
-    EXPECT_TRUE(are_comments(above, u"#", 0, 1)) << "names may be a comment";
-    EXPECT_FALSE(are_comments(above, u"", 1, 2));
-    EXPECT_FALSE(are_comments(lines_of(u"title\n# x\na\n1\n"), u"#", 2, 3)) << "other lines stand there too";
-    EXPECT_TRUE(are_comments(lines_of(u"title\na\n1\n# x\n2\n"), u"#", 1, 2));
+    EXPECT_TRUE(are_comments(above, numbers, 1, 2));
+    EXPECT_TRUE(are_comments(above, numbers, 0, 1)) << "names may be a comment";
+    EXPECT_FALSE(are_comments(above, {}, 1, 2));
+    EXPECT_FALSE(are_comments(lines_of(u"title\n# x\na\n1\n"), numbers, 2, 3)) << "other lines stand there too";
+    EXPECT_TRUE(are_comments(lines_of(u"title\na\n1\n# x\n2\n"), numbers, 1, 2));
+    const std::vector<std::u16string> blocks{u"/*", u"*/"};
+    EXPECT_TRUE(are_comments(lines_of(u"/* x\ny\nz */\na\n1\n2\n"), blocks, 3, 4)) << "lines inside are comments, too";
+    EXPECT_FALSE(are_comments(lines_of(u"/* x */\ny\na\n1\n2\n"), blocks, 2, 3)) << "lines behind are not";
+}
+
+TEST(Comments, MayRunOverLines) {
+    const std::pair<std::u16string_view, bool> cases[] = {
+        {u"/* x */\n1\n", true},
+        {u"1\n  /* x\n\n * y\n */ \n2\n", true},
+        {u"/**/\n1\n", true},
+        {u"/* x\n1\n2\n", false},
+        {u"/* x */ 1\n2\n", false},
+        {u"/*/\n1\n2\n", false},
+        {u"1 /* x */\n2\n", false},
+        {u"/* x\ny */\n", false},
+        {u"", false},
+        {u"/* x */\n1\n/* y\n", false},
+    };
+    for (const auto& [text, expected] : cases) {
+        EXPECT_EQ(has_block_comments(lines_of(text)), expected) << shown(text);
+    }
 }
 
 TEST(Separators, AreTheSignsOnManyLines) {
@@ -189,8 +211,8 @@ TEST(Records, AreToldByTheirCodes) {
             const Field fields[] = {Field(tag), Field(u"1")};
             sample.add_line(fields, fields + 2, 2);
         }
-        const zentor::io::text::typedetection::TypeAnalyzer<false> analyzer({});
-        CellJudge judge(analyzer, u'"');
+        CellMemory memory({});
+        CellJudge judge(memory, u'"');
         return find_tagged_records(sample, judge);
     };
     EXPECT_TRUE(records({u"HD", u"PO", u"PO", u"NT", u"PO", u"PO"}).are_records(false));
@@ -218,6 +240,7 @@ TEST(Names, DifferFromTheValuesBelow) {
         {"words over codes", {u"part", u"place"}, {u"A-8", u"B-2", u"C-9", u"D-3", u"C-7", u"D-4"}, true},
         {"a value that comes again", {u"name", u"Bern"}, {u"Ada", u"Bern", u"Bo", u"Bern", u"Cy", u"Bern"}, false},
         {"no rows", {u"name", u"city"}, {}, false},
+        {"a column more than the grid has", {u"name", u"city", u""}, {u"Ada", u"Bern", u"Bo", u"Chur", u"Cy", u"Genf"}, true},
     };
     for (const Case& c : cases) {
         EXPECT_EQ(names_text_columns(c.row, {2, c.cells}), c.expected) << c.name;
@@ -225,6 +248,7 @@ TEST(Names, DifferFromTheValuesBelow) {
     EXPECT_TRUE(is_row_of_years({u"land", u"2019", u"2020"}, {3, {u"CH", u"1.5", u"2.5"}}));
     EXPECT_FALSE(is_row_of_years({u"land", u"2019", u"2020"}, {3, {u"CH", u"2019", u"2.5"}}));
     EXPECT_FALSE(is_row_of_years({u"land", u"2019", u"x", u"y"}, {4, {u"CH", u"1", u"2", u"3"}}));
+    EXPECT_TRUE(is_row_of_years({u"land", u"2019", u"2020", u"2021"}, {3, {u"CH", u"1", u"2"}}));
 }
 
 } // namespace
