@@ -27,8 +27,8 @@ test("each hint is followed", async () => {
     [{ names_line: 1, delimiter: ";" }, (layout) => layout.names_line, 1],
     [{ names_line: null }, (layout) => layout.names_line, null],
     [{ method: "rules" }, (layout) => layout.confidence, null],
-    [{ ...table, missing: ["-"] }, (layout) => layout.columns[2].missing, 1],
-    [{ ...table, missing: ["-", "x"] }, (layout) => layout.columns[2].missing, 2],
+    [{ ...table, missing: ["x"] }, (layout) => layout.columns[2].missing, 3],
+    [{ ...table, missing: ["x", "y"] }, (layout) => layout.columns[2].missing, 4],
   ];
   for (const [hints, property, expected] of cases) {
     const layout = await detect(text, hints);
