@@ -1,0 +1,157 @@
+import assert from "node:assert/strict";
+import { join } from "node:path";
+import { after, before, test } from "node:test";
+import { Browser, choose, examples, names, openExample, records, table, title } from "./page.js";
+
+let browser;
+before(async () => {
+  browser = await Browser.start();
+});
+after(() => browser.stop());
+
+function assumption(page, name) {
+  return page.locator(`[data-name=${name}]`);
+}
+
+/** Waits until the page says who has said it. */
+async function origin(page, name, text) {
+  await assumption(page, name).locator(".origin span", { hasText: text }).waitFor();
+}
+
+test("each assumption can be set, says so, and can be given back", async () => {
+  const page = await browser.page();
+  await openExample(page, "pool_tickets.csv");
+  const found = await records(page);
+  const foundNames = await names(page);
+  const cases = [
+    ["kind", () => page.getByLabel("One field a line").check(), "2024-06-10,Westbad,205,97,1399.10"],
+    ["delimiter", () => page.getByLabel("Delimiter", { exact: true }).selectOption({ label: "semicolon ;" }), null],
+    ["first_data_line", () => page.getByLabel("Data begin on line", { exact: true }).fill("5"), "2024-06-10"],
+    ["names_line", () => page.getByLabel("Names on line: no names").check(), "2024-06-10"],
+    ["quote", () => page.getByLabel("Quote", { exact: true }).selectOption({ label: "none" }), "2024-06-10"],
+    ["comment", () => page.getByLabel("Comments", { exact: true }).selectOption({ label: "/* to */" }), "2024-06-10"],
+    ["decimal", () => page.getByLabel("Decimal mark", { exact: true }).selectOption({ label: "comma ," }), "2024-06-10"],
+    ["thousands", () => page.getByLabel("Thousands separator", { exact: true }).selectOption({ label: "apostrophe '" }), "2024-06-10"],
+  ];
+  for (const [name, change, cell] of cases) {
+    await origin(page, name, "found");
+    await change();
+    await origin(page, name, "set by you");
+    if (cell) {
+      assert.ok((await records(page)).some((record) => record[0] === cell), name);
+    }
+    await assumption(page, name).getByRole("button", { name: /^Give back/ }).click();
+    await origin(page, name, "found");
+    assert.deepEqual(await records(page), found, name);
+    assert.deepEqual(await names(page), foundNames, name);
+  }
+  assert.deepEqual(page.faults, []);
+});
+
+test("what is set changes the table", async () => {
+  const page = await browser.page();
+  await choose(page, table("a||b;c||d\n1||2;3||4\n5||6;7||8\n9||1;2||3\n'x||y'||z;0||w\n"));
+  const delimiter = page.getByLabel("Delimiter", { exact: true });
+  await delimiter.selectOption({ label: "semicolon ;" });
+  await page.getByRole("columnheader", { name: "a||b" }).waitFor();
+  await delimiter.selectOption({ label: "bar |" });
+  await page.getByRole("columnheader", { name: "no name" }).first().waitFor();
+  await delimiter.selectOption("own");
+  await page.getByLabel("Delimiter: other text").fill("||");
+  await page.keyboard.press("Enter");
+  await page.getByRole("cell", { name: "6;7", exact: true }).waitFor();
+  await page.getByLabel("Quote", { exact: true }).selectOption({ label: "apostrophe '" });
+  await page.getByRole("cell", { name: "x||y", exact: true }).waitFor();
+  await page.getByRole("button", { name: "Give all back" }).click();
+  await page.locator(".given").first().waitFor({ state: "detached" });
+});
+
+test("a value that cannot be is refused beside its control, and nothing is lost", async () => {
+  const page = await browser.page();
+  await openExample(page, "pool_tickets.csv");
+  const found = await records(page);
+  const quote = page.getByLabel("Quote", { exact: true });
+  await quote.selectOption("own");
+  await page.getByLabel("Quote: another character").fill("abc");
+  await page.keyboard.press("Enter");
+  await assumption(page, "quote").getByRole("alert").filter({ hasText: /quote/ }).waitFor();
+  assert.deepEqual(await records(page), found);
+  await page.getByLabel("Data begin on line", { exact: true }).fill("0");
+  await page.getByText("Lines are numbered from 1.").waitFor();
+  await page.getByLabel("Data begin on line", { exact: true }).fill("4");
+  await origin(page, "first_data_line", "set by you");
+  assert.deepEqual(await records(page), found.slice(1));
+});
+
+test("a click takes another reading, and takes the best one back", async () => {
+  const page = await browser.page();
+  await choose(page, table("name,place;x,y\nA,B;1,2\nC,D;3,4\nE,F;5,6\nG,H;7,8\n"));
+  const best = await title(page);
+  const readings = page.locator("#readings button");
+  const count = await readings.count();
+  assert.ok(count > 1);
+  for (let index = count - 1; index >= 0; index -= 1) {
+    await readings.nth(index).click();
+    await page.locator(`#readings li:nth-child(${index + 1}) [aria-pressed=true]`).waitFor();
+    assert.equal(await title(page), await readings.nth(index).locator("strong").textContent());
+    assert.notEqual(await readings.nth(index).locator(".why").textContent(), "");
+    assert.equal(await readings.count(), count);
+  }
+  assert.equal(await title(page), best);
+  assert.equal(await page.locator(".given").count(), 0);
+});
+
+test("cuts are dragged on the ruler, added by a click and written as numbers", async () => {
+  const page = await browser.page();
+  await openExample(page, "stations.txt");
+  const widths = page.getByLabel("Widths", { exact: true });
+  const found = await widths.inputValue();
+  const [first, second] = found.split(", ").map(Number);
+  const box = await page.locator(".cut").first().boundingBox();
+  const unit = (await page.locator(".cut").nth(1).boundingBox()).x - box.x;
+  const x = box.x + box.width / 2;
+  const y = box.y + box.height / 2;
+  await page.mouse.move(x, y);
+  await page.mouse.down();
+  await page.mouse.move(x - (3 * unit) / second, y, { steps: 5 });
+  await page.mouse.up();
+  await origin(page, "widths", "set by you");
+  const moved = (await widths.inputValue()).split(", ").map(Number);
+  assert.deepEqual(moved.slice(0, 2), [first - 3, second + 3]);
+  await page.getByRole("cell", { name: "10384", exact: true }).waitFor();
+  await page.mouse.click(x + (2 * unit) / second, box.y + 8);
+  await page.getByRole("slider").nth(4).waitFor();
+  await widths.fill("5, 3, 40");
+  await page.keyboard.press("Enter");
+  await page.getByRole("cell", { name: "DE", exact: true }).waitFor();
+  assert.equal(await page.getByRole("slider").count(), 2);
+});
+
+test("a change is on the screen's table within 16 ms, for 250 rows", async () => {
+  const page = await browser.page();
+  const rows = Array.from({ length: 250 }, (_, row) => `${row};2024-05-0${(row % 9) + 1};item ${row};${row / 8};x,y\n`);
+  await choose(page, table(`number;day;what;value;note\n${rows.join("")}`));
+  const quote = page.getByLabel("Quote", { exact: true });
+  for (let turn = 0; turn < 20; turn += 1) {
+    await quote.selectOption({ index: turn % 3 });
+    await page.waitForFunction(
+      (count) => performance.getEntriesByName("textio-change-to-table").length === count,
+      turn + 1,
+    );
+  }
+  const times = await page.evaluate(() =>
+    performance.getEntriesByName("textio-change-to-table").map(({ duration }) => duration),
+  );
+  const median = times.sort((a, b) => a - b)[times.length / 2];
+  console.log(`a change takes ${median.toFixed(1)} ms, the median of ${times.length}`);
+  assert.ok(median < 16, `${median} ms`);
+});
+
+test("of a file that does not fit, the odd records are marked", async () => {
+  const page = await browser.page();
+  await choose(page, table("a,b,c\n1,2,3\n4,5,6\n7,8\n1,2,3\n4,5,6\n7,8,9\n"));
+  const odd = page.locator("#preview tr.odd");
+  assert.deepEqual(await odd.locator(".tag").allTextContents(), ["2 fields of 3"]);
+  await choose(page, join(examples, "broken_bytes.csv"));
+  await page.getByText(/can't be read as UTF-8/).waitFor();
+});

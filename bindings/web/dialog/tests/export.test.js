@@ -1,0 +1,81 @@
+import assert from "node:assert/strict";
+import { readFile, stat } from "node:fs/promises";
+import { after, before, test } from "node:test";
+import { Browser, choose, openExample, table } from "./page.js";
+
+let browser;
+before(async () => {
+  browser = await Browser.start();
+});
+after(() => browser.stop());
+
+/** Saves in a format, and gives the name and the path of what was downloaded. */
+async function save(page, format) {
+  const [download] = await Promise.all([
+    page.waitForEvent("download", { timeout: 60_000 }),
+    page.getByRole("button", { name: `Save as ${format}` }).click(),
+  ]);
+  return { name: download.suggestedFilename(), path: await download.path() };
+}
+
+function manyRows(count) {
+  return Array.from({ length: count }, (_, row) => `${row};wörk ${row};${row},5\n`).join("");
+}
+
+test("CSV and JSON hold every record as the reader gives it", async () => {
+  const page = await browser.page();
+  await openExample(page, "rechnungen.csv");
+  const csv = await save(page, "CSV");
+  assert.equal(csv.name, "rechnungen.table.csv");
+  const lines = (await readFile(csv.path, "utf-8")).split("\r\n");
+  assert.equal(lines[0], "Beleg,Datum,Kunde,Netto,Steuer,Brutto");
+  assert.equal(lines[1], "R-2301,18.12.2023,Bäckerei Sommer,1614.28,306.71,1920.99");
+  assert.equal(lines.length, 20);
+  const json = await save(page, "JSON");
+  const objects = JSON.parse(await readFile(json.path, "utf-8"));
+  assert.equal(objects.length, 18);
+  assert.deepEqual(objects[17], {
+    ...{ Beleg: "R-2318", Datum: objects[17].Datum, Kunde: objects[17].Kunde },
+    ...{ Netto: objects[17].Netto, Steuer: objects[17].Steuer, Brutto: objects[17].Brutto },
+  });
+  assert.equal(typeof objects[17].Brutto, "number");
+  await page.getByRole("button", { name: "Another file" }).click();
+  await openExample(page, "wohnungen_cp1252.csv");
+  const other = await readFile((await save(page, "CSV")).path, "utf-8");
+  assert.match(other, /^Ort,Straße,/);
+});
+
+test("a large file is written to the end, in bounded memory, and the odd records are counted", async () => {
+  const page = await browser.page();
+  const count = 400_000;
+  const text = `number;what;value\n${manyRows(count)}left over\n`;
+  await choose(page, table(text));
+  const { path } = await save(page, "CSV");
+  const told = "400,001 records written to table.table.csv. 1 record did not fit, the first on line 400002.";
+  await page.locator("#exported", { hasText: told }).waitFor();
+  const written = await readFile(path, "utf-8");
+  assert.ok(written.endsWith(`\r\n399999,wörk 399999,399999.5\r\nleft over,,\r\n`));
+  assert.equal(written.split("\n").length, count + 3);
+  assert.ok((await stat(path)).size > 10_000_000);
+});
+
+test("an export can be cancelled, and writes into the file that the user names", async () => {
+  const page = await browser.page();
+  await choose(page, table(`number;what;value\n${manyRows(600_000)}`));
+  await page.getByRole("button", { name: "Save as JSON" }).click();
+  await page.getByRole("button", { name: "Cancel" }).click();
+  await page.getByText("The export was cancelled. Nothing was written.").waitFor({ state: "attached" });
+  assert.ok(await page.getByRole("button", { name: "Save as JSON" }).isEnabled());
+
+  await choose(page, table("a;b\n1;2\n3;4\n5;6\n"));
+  await page.getByRole("columnheader", { name: "a" }).waitFor();
+  await page.evaluate(async () => {
+    const root = await navigator.storage.getDirectory();
+    window.target = await root.getFileHandle("mine.csv", { create: true });
+    window.showSaveFilePicker = async () => window.target;
+  });
+  await page.getByRole("button", { name: "Save as CSV" }).click();
+  await page.locator("#exported", { hasText: "3 records written to mine.csv." }).waitFor();
+  const written = await page.evaluate(async () => (await window.target.getFile()).text());
+  assert.equal(written, "a,b\r\n1,2\r\n3,4\r\n5,6\r\n");
+});
