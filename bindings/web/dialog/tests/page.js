@@ -2,6 +2,7 @@
 import { readFile } from "node:fs/promises";
 import { createServer } from "node:http";
 import { extname, join } from "node:path";
+import { after } from "node:test";
 import { fileURLToPath } from "node:url";
 import { chromium } from "playwright-core";
 
@@ -31,40 +32,44 @@ async function serve() {
   return server;
 }
 
-export class Browser {
-  static async start() {
-    const started = new Browser();
-    started.server = await serve();
-    started.browser = await chromium.launch({
-      executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
-      args: [
-        ...["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-sync"],
-        ...["--disable-background-networking", "--disable-component-update"],
-      ],
-    });
-    return started;
-  }
+let server;
+let browser;
+let context;
 
-  /** A page of its own; what goes wrong in it without being shown is kept in `faults`. */
-  async page(options = {}) {
-    const { port } = this.server.address();
-    const context = await this.browser.newContext({ viewport: { width: 1280, height: 800 }, ...options });
-    const page = await context.newPage();
-    page.setDefaultTimeout(10_000);
-    page.faults = [];
-    page.on("pageerror", (error) => page.faults.push(error.message));
-    page.on("console", (message) => message.type() === "error" && page.faults.push(message.text()));
-    // Downloads can be looked into; what the browser would ask of the user cannot be answered.
-    await page.addInitScript(() => delete window.showSaveFilePicker);
-    await page.goto(`http://127.0.0.1:${port}/`);
-    await page.locator("#examples button").first().waitFor();
-    return page;
-  }
+/** One for all tests. */
+async function start() {
+  server = await serve();
+  browser = await chromium.launch({
+    executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium",
+    args: [
+      ...["--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run", "--disable-sync"],
+      ...["--disable-background-networking", "--disable-component-update"],
+    ],
+  });
+}
 
-  async stop() {
-    await this.browser.close();
-    this.server.close();
+after(async () => {
+  await browser?.close();
+  server?.close();
+});
+
+/** A page of its own, which takes the place of the one before; what goes wrong in it without being shown is kept in `faults`. */
+export async function openPage(options = {}) {
+  if (!browser) {
+    await start();
   }
+  await context?.close();
+  context = await browser.newContext({ viewport: { width: 1280, height: 800 }, ...options });
+  const page = await context.newPage();
+  page.setDefaultTimeout(10_000);
+  page.faults = [];
+  page.on("pageerror", (error) => page.faults.push(error.message));
+  page.on("console", (message) => message.type() === "error" && page.faults.push(message.text()));
+  // Downloads can be looked into; what the browser would ask of the user cannot be answered.
+  await page.addInitScript(() => delete window.showSaveFilePicker);
+  await page.goto(`http://127.0.0.1:${server.address().port}/`);
+  await page.locator("#examples button").first().waitFor();
+  return page;
 }
 
 export function table(text) {

@@ -1,13 +1,17 @@
 import assert from "node:assert/strict";
-import { readFile, stat } from "node:fs/promises";
+import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
+import { tmpdir } from "node:os";
+import { join } from "node:path";
 import { after, before, test } from "node:test";
-import { Browser, choose, openExample, table } from "./page.js";
+import { choose, openExample, openPage, table } from "./page.js";
 
-let browser;
+let folder;
 before(async () => {
-  browser = await Browser.start();
+  folder = await mkdtemp(join(tmpdir(), "dialog-"));
 });
-after(() => browser.stop());
+after(async () => {
+  await rm(folder, { recursive: true });
+});
 
 /** Saves in a format, and gives the name and the path of what was downloaded. */
 async function save(page, format) {
@@ -18,12 +22,16 @@ async function save(page, format) {
   return { name: download.suggestedFilename(), path: await download.path() };
 }
 
-function manyRows(count) {
-  return Array.from({ length: count }, (_, row) => `${row};wörk ${row};${row},5\n`).join("");
+/** A file with so many rows, and one record that does not fit. */
+async function largeFile(name, count) {
+  const rows = Array.from({ length: count }, (_, row) => `${row};wörk ${row};${row},5\n`);
+  const path = join(folder, name);
+  await writeFile(path, `number;what;value\n${rows.join("")}left over\n`);
+  return path;
 }
 
 test("CSV and JSON hold every record as the reader gives it", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   await openExample(page, "rechnungen.csv");
   const csv = await save(page, "CSV");
   assert.equal(csv.name, "rechnungen.table.csv");
@@ -34,34 +42,29 @@ test("CSV and JSON hold every record as the reader gives it", async () => {
   const json = await save(page, "JSON");
   const objects = JSON.parse(await readFile(json.path, "utf-8"));
   assert.equal(objects.length, 18);
-  assert.deepEqual(objects[17], {
-    ...{ Beleg: "R-2318", Datum: objects[17].Datum, Kunde: objects[17].Kunde },
-    ...{ Netto: objects[17].Netto, Steuer: objects[17].Steuer, Brutto: objects[17].Brutto },
-  });
-  assert.equal(typeof objects[17].Brutto, "number");
+  const expected = { Beleg: "R-2318", Datum: "12.03.2023", Kunde: "Radladen Süd" };
+  assert.deepEqual(objects[17], { ...expected, Netto: 3955.47, Steuer: 751.54, Brutto: 4707.01 });
   await page.getByRole("button", { name: "Another file" }).click();
   await openExample(page, "wohnungen_cp1252.csv");
   const other = await readFile((await save(page, "CSV")).path, "utf-8");
   assert.match(other, /^Ort,Straße,/);
 });
 
-test("a large file is written to the end, in bounded memory, and the odd records are counted", async () => {
-  const page = await browser.page();
+test("a large file is written to the end, and the odd records are counted", async () => {
+  const page = await openPage();
   const count = 400_000;
-  const text = `number;what;value\n${manyRows(count)}left over\n`;
-  await choose(page, table(text));
+  await choose(page, await largeFile("large.txt", count));
   const { path } = await save(page, "CSV");
-  const told = "400,001 records written to table.table.csv. 1 record did not fit, the first on line 400002.";
+  const told = "400,001 records written to large.table.csv. 1 record did not fit, the first on line 400002.";
   await page.locator("#exported", { hasText: told }).waitFor();
   const written = await readFile(path, "utf-8");
   assert.ok(written.endsWith(`\r\n399999,wörk 399999,399999.5\r\nleft over,,\r\n`));
   assert.equal(written.split("\n").length, count + 3);
-  assert.ok((await stat(path)).size > 10_000_000);
 });
 
 test("an export can be cancelled, and writes into the file that the user names", async () => {
-  const page = await browser.page();
-  await choose(page, table(`number;what;value\n${manyRows(600_000)}`));
+  const page = await openPage();
+  await choose(page, await largeFile("longer.txt", 600_000));
   await page.getByRole("button", { name: "Save as JSON" }).click();
   await page.getByRole("button", { name: "Cancel" }).click();
   await page.getByText("The export was cancelled. Nothing was written.").waitFor({ state: "attached" });

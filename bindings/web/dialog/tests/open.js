@@ -3,21 +3,18 @@ import { mkdtemp, open, rm, unlink, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, before, test } from "node:test";
-import { Browser, choose, examples, names, openExample, records, table, title } from "./page.js";
+import { choose, examples, names, openExample, openPage, records, table, title } from "./page.js";
 
-let browser;
 let folder;
 before(async () => {
-  browser = await Browser.start();
   folder = await mkdtemp(join(tmpdir(), "dialog-"));
 });
 after(async () => {
-  await browser.stop();
   await rm(folder, { recursive: true });
 });
 
 test("every example opens and shows its layout", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   const cases = [
     ["rechnungen.csv", "Delimited by semicolon, 6 columns", ["R-2301", "18.12.2023", "Bäckerei Sommer"]],
     ["pool_tickets.csv", "Delimited by comma, 5 columns", ["2024-06-10", "Westbad", "205"]],
@@ -41,7 +38,7 @@ test("every example opens and shows its layout", async () => {
 });
 
 test("a dropped file is opened, names and passed-over lines are told apart", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   const dropped = await page.evaluateHandle(() => {
     const transfer = new DataTransfer();
     const text = "Prices of spring\nitem;price\nbolt;0,12\n# note\nnut;0,08\npin;1,05\nrivet;0,31\n";
@@ -60,7 +57,7 @@ test("a dropped file is opened, names and passed-over lines are told apart", asy
 });
 
 test("the encoding can be set, and is found anew for the next file", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   await choose(page, join(examples, "wohnungen_cp1252.csv"));
   const encoding = page.getByLabel("Encoding");
   assert.match(await encoding.locator("option:checked").textContent(), /Windows-1252.*found/);
@@ -80,7 +77,7 @@ test("a file of 2 GB opens at once, for only its beginning is read", async () =>
   await file.write(`number;what;value\n${rows}`);
   await file.truncate(2 ** 31);
   await file.close();
-  const page = await browser.page();
+  const page = await openPage();
   const begin = Date.now();
   await choose(page, path);
   const took = Date.now() - begin;
@@ -91,7 +88,7 @@ test("a file of 2 GB opens at once, for only its beginning is read", async () =>
 });
 
 test("what cannot be opened is told, and what was there stays", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   await choose(page, table("a;b\n1;2\n3;4\n5;6\n"));
   const cases = [
     ["an empty file", { ...table(""), name: "empty.csv" }, /empty\.csv: The file is empty/],
@@ -113,7 +110,7 @@ test("what cannot be opened is told, and what was there stays", async () => {
 test("a file that goes away while it is shown stays shown", async () => {
   const path = join(folder, "gone.csv");
   await writeFile(path, "a;b\n1;2\n3;4\n5;6\n");
-  const page = await browser.page();
+  const page = await openPage();
   await choose(page, path);
   await unlink(path);
   const gone = /The file (can't be read|is no longer there)/;

@@ -1,17 +1,11 @@
 import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { createRequire } from "node:module";
-import { after, before, test } from "node:test";
-import { Browser, openExample, records } from "./page.js";
+import test from "node:test";
+import { openExample, openPage, records } from "./page.js";
 
 const axe = await readFile(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf-8");
 const shots = process.env.SHOTS;
-
-let browser;
-before(async () => {
-  browser = await Browser.start();
-});
-after(() => browser.stop());
 
 /** Presses tab until the element has the focus: as somebody without a mouse gets to it. */
 async function tabTo(page, locator) {
@@ -25,7 +19,7 @@ async function tabTo(page, locator) {
 }
 
 test("all of it goes by keyboard alone", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   await tabTo(page, page.getByRole("button", { name: "stations.txt" }));
   await page.keyboard.press("Enter");
   await page.locator("#work table").waitFor();
@@ -65,7 +59,7 @@ test("all of it goes by keyboard alone", async () => {
 });
 
 test("the change is told to those who listen", async () => {
-  const page = await browser.page();
+  const page = await openPage();
   await openExample(page, "pool_tickets.csv");
   const status = page.getByRole("status");
   assert.match(await status.textContent(), /^Delimited by comma, 5 columns\. \w+\. all 20 records\.$/);
@@ -91,7 +85,7 @@ async function findings(page) {
 
 for (const [look, options] of looks) {
   test(`nothing is cut off, unnamed or hard to read: ${look}`, async () => {
-    const page = await browser.page({ ...options, reducedMotion: "reduce" });
+    const page = await openPage({ ...options, reducedMotion: "reduce" });
     const check = async (view) => {
       if (shots) {
         await page.screenshot({ path: `${shots}/${look} ${view}.png`, fullPage: true });
@@ -118,7 +112,7 @@ for (const [look, options] of looks) {
 }
 
 test("the page follows the colours of the machine", async () => {
-  const page = await browser.page({ colorScheme: "dark" });
+  const page = await openPage({ colorScheme: "dark" });
   await openExample(page, "pool_tickets.csv");
   assert.equal((await records(page)).length, 20);
   const brightness = () =>
