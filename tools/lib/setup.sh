@@ -16,6 +16,9 @@ if ! command -v npm >/dev/null; then
     web_packages+=(npm) # other builds of nodejs have it inside, and do not go with the package
 fi
 
+# shellcheck disable=SC2034
+dialog_packages=("${web_packages[@]}" chromium fonts-dejavu-core)
+
 missing_packages() {
     local package
     for package in "$@"; do

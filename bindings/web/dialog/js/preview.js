@@ -6,6 +6,8 @@ import { className, counted } from "./words.js";
 /** Rows that are there at once; the others follow when the page has been painted. */
 const rowsAtOnce = 40;
 const mostColumns = 60;
+/** Of a longer text the end may be out of sight. */
+const unitsInSight = 30;
 
 const numeric = new Set(["number", "hex_number", "binary_number"]);
 
@@ -61,7 +63,11 @@ function recordRow(entry, columns, span) {
   const row = element("tr", {}, lineCell(entry.line));
   for (let index = 0; index < span; index += 1) {
     const cell = row.insertCell();
-    cell.textContent = oneLine(entry.fields[index] ?? "");
+    const text = entry.fields[index] ?? "";
+    cell.textContent = oneLine(text);
+    if (text.length > unitsInSight) {
+      cell.title = text;
+    }
     cell.className = (numeric.has(columns[index]?.class) ? "number" : "") + (index % 2 ? " even" : "");
   }
   const odd = oddity(entry, columns);
