@@ -66,5 +66,5 @@ export function looksBinary(bytes, encoding) {
     }
     controls += byte < 32 && byte !== 9 && byte !== 10 && byte !== 13 ? 1 : 0;
   }
-  return controls > bytes.length / 20;
+  return controls > bytes.length / 10;
 }

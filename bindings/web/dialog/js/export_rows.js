@@ -4,11 +4,16 @@ import { formats } from "./formats.js";
 import { BlobTarget, StreamTarget } from "./export_target.js";
 
 /** Code units that are written at once. */
-const chunkUnits = 1 << 18;
+const chunkUnits = 1 << 16;
 
-/** Lets messages in, such as the one to cancel. */
+const channel = new MessageChannel();
+
+/** Lets messages in, such as the one to cancel. Timers would wait for some milliseconds. */
 function breathe() {
-  return new Promise((resolve) => setTimeout(resolve, 0));
+  return new Promise((resolve) => {
+    channel.port1.onmessage = resolve;
+    channel.port2.postMessage(null);
+  });
 }
 
 /** The records whose shape differs from the layout's: how many, and where the first is. */

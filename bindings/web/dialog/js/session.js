@@ -8,6 +8,7 @@ export class Session extends EventTarget {
   #worker;
   #changed = false;
   #busy = null;
+  #source = null;
 
   /** `{blob, name}` and what was found out about it, or null. */
   file = null;
@@ -70,18 +71,20 @@ export class Session extends EventTarget {
   async #detect(before, source) {
     performance.mark("textio-change");
     this.#changed = true;
+    this.#source = source;
     if (this.#busy) {
       return this.#busy;
     }
-    this.#busy = this.#detectWhileChanged(before, source);
+    this.#busy = this.#detectWhileChanged(before);
     await this.#busy;
   }
 
-  async #detectWhileChanged(before, source) {
+  async #detectWhileChanged(before) {
     let sound = before;
     while (this.#changed) {
       this.#changed = false;
       const hints = this.given;
+      const source = this.#source;
       try {
         this.#show(await this.#worker.ask("detect", { hints }), source);
         sound = hints;

@@ -20,7 +20,7 @@ export function showSummary(session, say) {
     byId("summary-more").textContent = more;
     byId("take-back-all").hidden = set === 0;
     const records = entries.filter(({ kind }) => kind === "record").length;
-    const note = rest ? `the first ${counted(records, "record")}` : `all ${counted(records, "record")}`;
+    const note = records === 0 ? "no records" : `${rest ? "the first" : "all"} ${counted(records, "record")}`;
     byId("preview-note").textContent = note;
     say(`${title}. ${word}. ${note}.`);
     if (detail.source === "file") {
