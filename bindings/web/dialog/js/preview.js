@@ -86,24 +86,25 @@ export function showPreview(region, session) {
   let turn = 0;
   new LineMenu(region, session);
 
-  const fill = (body, rowOf, entries, from, mine) => {
-    body.append(...entries.slice(from, from + rowsAtOnce).map(rowOf));
-    const next = from + rowsAtOnce;
-    if (next < entries.length) {
-      requestAnimationFrame(() => mine === turn && fill(body, rowOf, entries, next, mine));
+  const fill = (body, rowOf, entries, count, mine) => {
+    body.append(...entries.slice(0, count).map(rowOf));
+    if (count < entries.length) {
+      const others = entries.slice(count);
+      requestAnimationFrame(() => mine === turn && fill(body, rowOf, others, rowsAtOnce, mine));
     }
   };
 
   session.addEventListener("answer", ({ detail }) => {
     turn += 1;
+    const kept = detail.source === "file" ? [0, 0] : [region.scrollLeft, region.scrollTop];
     const { columns } = session.best;
     const shown = columns.slice(0, mostColumns);
     const span = Math.max(1, Math.min(columns.length, mostColumns));
     const rowOf = (entry) => (entry.fields ? recordRow(entry, columns, span) : passedRow(entry, span));
     const body = element("tbody");
-    fill(body, rowOf, session.entries, 0, turn);
+    // Who looks at rows further down is to find them where they were.
+    fill(body, rowOf, session.entries, kept[1] > 0 ? session.entries.length : rowsAtOnce, turn);
     const caption = element("caption", { className: "unseen" }, "The first rows of the table");
-    const kept = detail.source === "file" ? [0, 0] : [region.scrollLeft, region.scrollTop];
     region.replaceChildren(
       element("table", { className: "preview" }, caption, headOf(shown, columns.length - shown.length), body),
     );

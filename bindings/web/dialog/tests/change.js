@@ -142,6 +142,21 @@ test("a change is on the screen's table within 16 ms", async () => {
   assert.ok(least < 16, `${least} ms`);
 });
 
+test("the table stays where it was scrolled to, but for another file", async () => {
+  const page = await openPage();
+  const text = `a;b\n${Array.from({ length: 250 }, (_, row) => `${row};x\n`).join("")}`;
+  await choose(page, table(text));
+  const preview = page.locator("#preview");
+  await page.waitForFunction(() => document.querySelectorAll("#preview tbody tr").length === 251);
+  await preview.evaluate((region) => region.scrollTo(0, 4000));
+  await page.getByLabel("Quote", { exact: true }).selectOption({ label: "none" });
+  await origin(page, "quote", "set by you");
+  assert.equal(await preview.evaluate((region) => region.scrollTop), 4000);
+  await choose(page, { ...table(text), name: "other.csv" });
+  await page.locator("#file-name", { hasText: "other.csv" }).waitFor();
+  assert.equal(await preview.evaluate((region) => region.scrollTop), 0);
+});
+
 test("of a file that does not fit, the odd records are marked", async () => {
   const page = await openPage();
   await choose(page, table("a,b,c\n1,2,3\n4,5,6\n7,8\n1,2,3\n4,5,6\n7,8,9\n"));
