@@ -17,7 +17,11 @@ class Entry {
       refuse: (text) => this.refuse(text),
     });
     this.from = element("span", { id: `${id}-origin` });
-    this.back = element("button", { type: "button", className: "quiet", onclick: () => this.#giveBack(give) });
+    this.back = element("button", {
+      type: "button",
+      className: "quiet",
+      onclick: () => this.#giveBack(give),
+    });
     this.back.textContent = "Give back";
     this.back.setAttribute("aria-label", `Give back: ${assumption.title}`);
     this.fault = element("p", { className: "fault", role: "alert", id: `${id}-fault`, hidden: true });

@@ -95,7 +95,10 @@ const comment = {
   ],
   own: [{ label: "Comments: begin with" }, { label: "Comments: end with (empty: the line)", empty: true }],
   read: (answer) => [answer.comment, answer.comment_end],
-  hints: ([opener, end]) => ({ comment: opener, comment_end: opener === null ? undefined : (end ?? undefined) }),
+  hints: ([opener, end]) => ({
+    comment: opener,
+    comment_end: opener === null ? undefined : (end ?? undefined),
+  }),
 };
 
 const decimal = {

@@ -10,7 +10,7 @@ const mostLines = 2000;
 /**
  * @param {Blob} blob
  * @param {string | null} given The encoding; null to find it.
- * @returns the text, its first lines, the encoding, whether more of the file follows, and how many
+ * @returns the sample, its first lines, the encoding, whether more of the file follows, and how many
  *     characters could not be decoded. Throws `UserError` for what holds no text.
  */
 export async function readBeginning(blob, given) {
@@ -22,9 +22,10 @@ export async function readBeginning(blob, given) {
   if (looksBinary(bytes, given ?? found)) {
     throw new UserError("This does not look like a text: it holds bytes that no text has.");
   }
-  const { text, cut } = await sample(blob, { encoding: given ?? found, limit });
+  const beginning = await sample(blob, { encoding: given ?? found, limit });
+  const { text, cut } = beginning;
   return {
-    text,
+    sample: beginning,
     lines: text.split(/\r\n|\n|\r/, mostLines),
     cut,
     found,

@@ -1,2 +1,5 @@
 /** The library, as the page takes it. The site has the module beside the page, in the folder `textio`. */
-export { Detector, TextioError, rows, sample } from "../textio/index.js";
+import * as textio from "../textio/index.js";
+
+/** `importStatement` is undefined where the module has none. */
+export const { Detector, TextioError, importStatement, rows, sample } = textio;

@@ -33,7 +33,9 @@ async function askTarget(name) {
 
 function resultText({ records, irregular, firstIrregular }, name) {
   const odd =
-    irregular > 0 ? ` ${counted(irregular, "record")} did not fit, the first on line ${firstIrregular + 1}.` : "";
+    irregular > 0
+      ? ` ${counted(irregular, "record")} did not fit, the first on line ${firstIrregular + 1}.`
+      : "";
   return `${counted(records, "record")} written to ${name}.${odd}`;
 }
 

@@ -48,7 +48,12 @@ function lineCell(line) {
 function passedRow(entry, span) {
   const tag = element("span", { className: entry.kind === "names" ? "tag" : "unseen" }, tags[entry.kind]);
   const text = entry.text.replaceAll("\t", "⇥ ");
-  return element("tr", { className: entry.kind }, lineCell(entry.line), element("td", { colSpan: span }, tag, text));
+  return element(
+    "tr",
+    { className: entry.kind },
+    lineCell(entry.line),
+    element("td", { colSpan: span }, tag, text),
+  );
 }
 
 /** What is wrong with a record, or nothing. */

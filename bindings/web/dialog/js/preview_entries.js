@@ -18,7 +18,8 @@ function shorten(text) {
  * @param {Iterable<{fields: string[], line: number, fault: string}>} records From the first data line on.
  * @param {number} most No more records are taken.
  * @returns the entries, from the first line on, and `rest`: whether the text goes on behind them. An
- *     entry is a record (its `fields`, and `raw`, its line), the line of the names, or a line that is passed over (`text`).
+ *     entry is a record (its `fields`, and `raw`, its line), the line of the names, or a line that is
+ *     passed over (`text`).
  */
 export function previewEntries(file, layout, records, most) {
   const entries = [];

@@ -14,7 +14,9 @@ const paddingRem = 1;
 function scaleText(units) {
   let text = "";
   for (let at = 0; at <= units; at += 10) {
-    text += String(at).padEnd(10, " ").replace(/^(.{5}) /, "$1·");
+    text += String(at)
+      .padEnd(10, " ")
+      .replace(/^(.{5}) /, "$1·");
   }
   return text;
 }
@@ -42,13 +44,30 @@ export class Ruler {
   constructor(place, session) {
     this.#place = place;
     this.#session = session;
-    const scroll = element("div", { className: "ruler", role: "group", "aria-label": "Ruler of the columns" }, this.#sheet);
-    const add = element("button", { type: "button", className: "quiet", onclick: () => this.#addMiddle() }, "Add a cut");
-    this.#remove = element("button", { type: "button", className: "quiet", onclick: () => this.#drop(this.#last) });
+    const scroll = element(
+      "div",
+      { className: "ruler", role: "group", "aria-label": "Ruler of the columns" },
+      this.#sheet,
+    );
+    const add = element(
+      "button",
+      { type: "button", className: "quiet", onclick: () => this.#addMiddle() },
+      "Add a cut",
+    );
+    this.#remove = element("button", {
+      type: "button",
+      className: "quiet",
+      onclick: () => this.#drop(this.#last),
+    });
     this.#remove.textContent = "Remove the cut";
     const help = "Drag a cut, or move it with the arrow keys; click on the scale to add one.";
-    place.append(scroll, element("div", { className: "ruler-tools" }, add, this.#remove, element("span", {}, help)));
-    this.#scale.addEventListener("click", (event) => this.#give(addCut(this.#widths, this.#unitAt(event.clientX))));
+    place.append(
+      scroll,
+      element("div", { className: "ruler-tools" }, add, this.#remove, element("span", {}, help)),
+    );
+    this.#scale.addEventListener("click", (event) =>
+      this.#give(addCut(this.#widths, this.#unitAt(event.clientX))),
+    );
     session.addEventListener("answer", () => this.#show());
   }
 

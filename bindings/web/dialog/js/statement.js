@@ -1,4 +1,4 @@
-/** The statement with which another tool reads the file, to be copied. Hidden where the module has none. */
+/** The statement with which another tool reads the file, to be copied. */
 import { byId, element } from "./element.js";
 
 /**
@@ -9,21 +9,29 @@ import { byId, element } from "./element.js";
 export function offerStatement(worker, session, say) {
   const select = byId("tool");
   const text = byId("statement-text");
-  const copy = byId("copy");
+
+  const ask = async () => {
+    try {
+      return await worker.ask("statement", {
+        tool: select.value || undefined,
+        name: session.file.name,
+      });
+    } catch (error) {
+      return { tools: [], text: error.message };
+    }
+  };
 
   const show = async () => {
-    const tool = select.value || undefined;
-    const told = await worker.ask("statement", { tool, name: session.file.name }).catch(() => ({ tools: [] }));
+    const told = await ask();
     byId("statement").hidden = told.tools.length === 0;
     if (select.length === 0) {
       select.append(...told.tools.map((name) => element("option", { value: name }, name)));
     }
     text.textContent = told.text;
-    copy.hidden = !told.possible;
   };
 
   select.onchange = show;
-  copy.onclick = async () => {
+  byId("copy").onclick = async () => {
     try {
       await navigator.clipboard.writeText(text.textContent);
       say("Copied.");

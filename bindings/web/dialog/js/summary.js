@@ -16,7 +16,9 @@ export function showSummary(session, say) {
     byId("summary-text").textContent = title;
     badge.className = `badge ${mark}`;
     badge.textContent = set > 0 ? `${word}, with what you set` : word;
-    const more = answer.is_table ? `confidence ${answer.confidence.toFixed(1)}` : "This does not look like a table.";
+    const more = answer.is_table
+      ? `confidence ${answer.confidence.toFixed(1)}`
+      : "This does not look like a table.";
     byId("summary-more").textContent = more;
     byId("take-back-all").hidden = set === 0;
     const records = entries.filter(({ kind }) => kind === "record").length;

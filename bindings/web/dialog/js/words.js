@@ -18,7 +18,7 @@ const signNames = {
   "'": "apostrophe",
   "’": "typographic apostrophe",
   '"': "double quote",
-  "_": "underscore",
+  _: "underscore",
   "\u00a0": "hard blank",
   "\u202f": "narrow blank",
   "/": "slash",

@@ -3,7 +3,7 @@
  * waits. A message is `{id, ask, ...}`; what comes back is `{id, done}`, `{id, failed}` or, while an
  * export runs, `{id, progress}`.
  */
-import { Detector, TextioError } from "./engine.js";
+import { Detector, TextioError, importStatement } from "./engine.js";
 import { readBeginning } from "./beginning.js";
 import { exportRows } from "./export_rows.js";
 import { faultText } from "./fault_texts.js";
@@ -11,7 +11,7 @@ import { previewEntries } from "./preview_entries.js";
 
 const sampleRows = 250;
 
-/** The file that is shown: a Blob, its encoding, and its beginning as text and as lines. */
+/** The file that is shown: a Blob, its encoding, and its beginning as a sample and as lines. */
 let file = null;
 /** What is known of `file`; its memory is the module's. */
 let layout = null;
@@ -20,24 +20,24 @@ let running = null;
 async function open({ blob, encoding, hints }) {
   const beginning = await readBeginning(blob, encoding);
   const detector = await Detector.load();
-  const detected = detector.detect(beginning.text, { ...hints, rows: sampleRows });
+  const detected = detector.detectSample(beginning.sample, { ...hints, rows: sampleRows });
   layout?.free();
   layout = detected;
   file = { blob, ...beginning };
-  const { lines, text, ...told } = beginning;
+  const { lines, sample, ...told } = beginning;
   return { ...told, ...view(detector) };
 }
 
 async function detect({ hints }) {
   const detector = await Detector.load();
-  const detected = detector.detect(file.text, { ...hints, rows: sampleRows });
+  const detected = detector.detectSample(file.sample, { ...hints, rows: sampleRows });
   layout.free();
   layout = detected;
   return view(detector);
 }
 
 function view(detector) {
-  const { entries, rest } = previewEntries(file, layout, detector.rows(file.text, layout), sampleRows);
+  const { entries, rest } = previewEntries(file, layout, detector.rows(file.sample.text, layout), sampleRows);
   return { answer: structuredClone({ ...layout }), entries, rest };
 }
 
@@ -56,13 +56,11 @@ function cancel() {
 }
 
 async function statement({ tool, name }) {
-  const detector = await Detector.load();
-  if (typeof detector.importStatement !== "function") {
+  if (!importStatement) {
     return { tools: [], text: "" };
   }
-  const tools = detector.tools;
-  const { possible, text } = detector.importStatement(layout, tool ?? tools[0], name);
-  return { tools, possible, text };
+  const { tools } = await Detector.load();
+  return { tools, ...importStatement(layout, tool ?? tools[0], name) };
 }
 
 const answers = { open, detect, export: runExport, cancel, statement };

@@ -106,7 +106,9 @@ for (const [look, options] of looks) {
       await check(name);
       await page.getByRole("button", { name: "Another file" }).click();
     }
-    const moving = await page.evaluate(() => getComputedStyle(document.querySelector("button")).transitionDuration);
+    const moving = await page.evaluate(
+      () => getComputedStyle(document.querySelector("button")).transitionDuration,
+    );
     assert.equal(moving, "0s");
   });
 }

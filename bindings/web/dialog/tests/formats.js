@@ -42,12 +42,7 @@ function written(format, records) {
   return writer.begin() + records.map((fields) => writer.record(fields)).join("") + writer.end();
 }
 
-const records = [
-  ['6" bolt, long', "0,12"],
-  ["two\nlines", "007"],
-  ["1,5"],
-  ["more", "n/a", "extra"],
-];
+const records = [['6" bolt, long', "0,12"], ["two\nlines", "007"], ["1,5"], ["more", "n/a", "extra"]];
 
 test("CSV quotes what needs it, and keeps the cells that are too many", () => {
   const expected = 'what,price\r\n"6"" bolt, long",0.12\r\n"two\nlines",007\r\n"1,5",\r\nmore,n/a,extra\r\n';

@@ -92,7 +92,11 @@ test("what cannot be opened is told, and what was there stays", async () => {
   await choose(page, table("a;b\n1;2\n3;4\n5;6\n"));
   const cases = [
     ["an empty file", { ...table(""), name: "empty.csv" }, /empty\.csv: The file is empty/],
-    ["no text", { ...table("\x89PNG\r\n\x1a\n\0\0\0\rIHDR"), name: "p.png" }, /p\.png: This does not look like a text/],
+    [
+      "no text",
+      { ...table("\x89PNG\r\n\x1a\n\0\0\0\rIHDR"), name: "p.png" },
+      /p\.png: This does not look like a text/,
+    ],
   ];
   for (const [name, file, message] of cases) {
     await page.locator("#pick").setInputFiles(file);
@@ -118,6 +122,9 @@ test("a file that goes away while it is shown stays shown", async () => {
   await page.getByRole("alert").filter({ hasText: gone }).waitFor();
   assert.equal(await page.getByLabel("Encoding").inputValue(), "");
   await page.getByRole("button", { name: "Save as CSV" }).click();
-  await page.getByRole("alert").filter({ hasText: /nothing was written/ }).waitFor();
+  await page
+    .getByRole("alert")
+    .filter({ hasText: /nothing was written/ })
+    .waitFor();
   assert.deepEqual((await records(page))[0], ["1", "2"]);
 });

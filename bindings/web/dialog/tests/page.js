@@ -53,7 +53,10 @@ after(async () => {
   server?.close();
 });
 
-/** A page of its own, which takes the place of the one before; what goes wrong in it without being shown is kept in `faults`. */
+/**
+ * A page of its own, which takes the place of the one before. What goes wrong in it without being shown
+ * is kept in `faults`.
+ */
 export async function openPage(options = {}) {
   if (!browser) {
     await start();
@@ -91,13 +94,15 @@ export async function openExample(page, name) {
 export function records(page) {
   return page
     .locator("#preview tbody tr:not(.passed, .names)")
-    .evaluateAll((rows) => rows.map((row) => [...row.querySelectorAll("td")].map((cell) => cell.textContent)));
+    .evaluateAll((rows) =>
+      rows.map((row) => [...row.querySelectorAll("td")].map((cell) => cell.textContent)),
+    );
 }
 
 export function names(page) {
-  return page.locator("#preview thead th").evaluateAll((cells) =>
-    cells.slice(1).map((cell) => cell.firstChild.textContent),
-  );
+  return page
+    .locator("#preview thead th")
+    .evaluateAll((cells) => cells.slice(1).map((cell) => cell.firstChild.textContent));
 }
 
 export function title(page) {

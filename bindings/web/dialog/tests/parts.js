@@ -62,12 +62,25 @@ test("lines that no record covers are shown as passed over", () => {
 });
 
 test("a reading is taken by what tells it from the best one", () => {
-  const best = { kind: "delimited", delimiter: ",", widths: [], quote: '"', comment: null, comment_end: null };
+  const best = {
+    kind: "delimited",
+    delimiter: ",",
+    widths: [],
+    quote: '"',
+    comment: null,
+    comment_end: null,
+  };
   const cases = [
     [best, {}],
     [{ ...best, delimiter: ";" }, { delimiter: ";" }],
-    [{ ...best, delimiter: ";", quote: null }, { delimiter: ";", quote: null }],
-    [{ ...best, quote: null, comment: "#" }, { delimiter: ",", quote: null, comment: "#" }],
+    [
+      { ...best, delimiter: ";", quote: null },
+      { delimiter: ";", quote: null },
+    ],
+    [
+      { ...best, quote: null, comment: "#" },
+      { delimiter: ",", quote: null, comment: "#" },
+    ],
     [{ ...best, kind: "fixed_width", delimiter: null, widths: [3, 4] }, { widths: [3, 4] }],
     [{ ...best, kind: "line", delimiter: null }, { kind: "line" }],
   ];
