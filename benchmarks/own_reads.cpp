@@ -3,7 +3,7 @@
 #include "measuring.hpp"
 #include "parser/read_sample.hpp"
 
-#include <algorithm>
+#include <utility>
 
 namespace bench {
 
@@ -13,7 +13,10 @@ using textio::FixedWidthStrategy;
 using textio::GenericStrategy;
 using textio::LineReaderStrategy;
 using textio::SpaceAlignedStrategy;
+using textio::detection::Ground;
+using textio::detection::Trial;
 using textio::enums::StrategyMode;
+using zentor::io::text::typedetection::TypeAnalyzerOptions;
 
 namespace {
 
@@ -24,91 +27,57 @@ textio::output::DetectionOutputBuilder builder_for(const Field& text) {
     return builder;
 }
 
-bool holds(const std::vector<std::shared_ptr<GenericStrategy>>& candidates, StrategyMode mode,
-           const std::u16string& delimiter) {
-    return std::ranges::any_of(candidates, [&](const auto& candidate) {
-        return candidate->mode() == mode && (mode != StrategyMode::delimited ||
-                                             candidate->options().delimiters.front() == delimiter);
-    });
+std::shared_ptr<GenericStrategy> make_strategy(StrategyMode mode,
+                                               const textio::parser::options& read,
+                                               const TypeAnalyzerOptions& type) {
+    switch (mode) {
+    case StrategyMode::delimited:
+        return std::make_shared<DelimitedStrategy>(read, type);
+    case StrategyMode::space_aligned:
+        return std::make_shared<SpaceAlignedStrategy>(read, type);
+    case StrategyMode::fixed_width:
+        return std::make_shared<FixedWidthStrategy>(read, type, std::vector(read.field_widths));
+    case StrategyMode::line_reader:
+        return std::make_shared<LineReaderStrategy>(read, type);
+    }
+    return nullptr;
 }
 
-class Walk {
+/// Writes down what a run reads.
+class ReadList : public textio::detection::DecisionObserver {
 public:
-    Walk(const Field& text, const DetectionOptions& options) : text_(text), options_(options) {}
+    ReadList(const Field& text, const DetectionOptions& options) : text_(text), options_(options) {}
 
-    OwnReads run() {
-        const auto lines = std::make_shared<LineReaderStrategy>(options_.read, options_.type);
-        auto builder = builder_for(text_);
-        textio::parser::read_sample(builder, lines, true);
-        add(
-            [&options = options_] {
-                return std::make_shared<LineReaderStrategy>(options.read, options.type);
-            },
-            true);
-        const textio::StrategyValuation& valuation = lines->valuation();
-        if (valuation.temporal_variables == 0 && valuation.datetime_variables == 0) {
-            add_candidates(*lines->field_array());
+    void tried(GenericStrategy& strategy, Trial trial) override {
+        const bool shows_candidates = trial == Trial::shows_candidates;
+        add(strategy, shows_candidates || trial == Trial::compared);
+        if (shows_candidates && !strategy.valuation().has_dates()) {
+            add_delimiters(*strategy.field_array());
         }
-        textio::detection::StrategySelector selector(options_.read, options_.type);
-        const auto picked = selector.pick_strategy(text_, SIZE_MAX);
-        const bool is_fallback = picked->num_variables() == SIZE_MAX;
-        if (is_fallback) {
-            add_delimited(u',', true);
+    }
+
+    void decided(GenericStrategy& answer, Ground ground) override {
+        if (ground == Ground::lines_are_dates || ground == Ground::not_separated) {
+            add(answer, true);
         }
         count_fields();
-        return std::move(own_);
     }
+
+    OwnReads reads() && { return std::move(own_); }
 
 private:
-    void add(std::function<std::shared_ptr<GenericStrategy>()> make_strategy, bool kept) {
-        own_.reads.push_back({std::move(make_strategy), kept});
+    void add(const GenericStrategy& strategy, bool kept) {
+        own_.reads.push_back({[mode = strategy.mode(), read = strategy.options(),
+                               &type = options_.type] { return make_strategy(mode, read, type); },
+                              kept});
     }
 
-    void add_delimited(char16_t delimiter, bool kept) {
-        add(
-            [&options = options_, delimiter] {
-                return std::make_shared<DelimitedStrategy>(options.read, options.type, delimiter);
-            },
-            kept);
-    }
-
-    void add_candidates(const textio::FieldArray& lines) {
-        auto builder = builder_for(text_);
-        const auto candidates = textio::detection::get_candidate_strategies(
-            lines, text_, options_.read, options_.type, builder);
+    void add_delimiters(const textio::FieldArray& lines) {
         own_.delimiters = textio::detection::get_candidate_delims(lines);
         const std::u16string ruled_out =
             options_.read.excluded_delimiter.substr(0, 1) + options_.read.quote;
         std::erase_if(own_.delimiters,
                       [&](char16_t unit) { return ruled_out.find(unit) != std::u16string::npos; });
-        if (options_.read.layout_hint == textio::parser::layout::fixed_width) {
-            add_blank_reads(candidates);
-            return;
-        }
-        for (const char16_t delimiter : own_.delimiters) {
-            if (delimiter == u' ') {
-                add_blank_reads(candidates);
-            }
-            add_delimited(delimiter, holds(candidates, StrategyMode::delimited, {delimiter}));
-        }
-    }
-
-    void add_blank_reads(const std::vector<std::shared_ptr<GenericStrategy>>& candidates) {
-        add(
-            [&options = options_] {
-                return std::make_shared<SpaceAlignedStrategy>(options.read, options.type);
-            },
-            holds(candidates, StrategyMode::space_aligned, {}));
-        for (const auto& candidate : candidates) {
-            if (candidate->mode() == StrategyMode::fixed_width) {
-                add(
-                    [&options = options_, widths = candidate->options().field_widths] {
-                        return std::make_shared<FixedWidthStrategy>(options.read, options.type,
-                                                                    std::vector(widths));
-                    },
-                    true);
-            }
-        }
     }
 
     void count_fields() {
@@ -132,7 +101,10 @@ private:
 } // namespace
 
 OwnReads own_reads(const Field& text, const DetectionOptions& options) {
-    return Walk(text, options).run();
+    textio::detection::StrategySelector selector(options.read, options.type);
+    ReadList list(text, options);
+    selector.pick_strategy(text, SIZE_MAX, list);
+    return std::move(list).reads();
 }
 
 double seconds_of_reads(const Field& text, const OwnReads& own) {

@@ -1,6 +1,6 @@
 /// \file
-/// The reads that a detection run makes, found out by walking its steps one by one, so that the
-/// run's time can be set against theirs.
+/// The reads that a detection run makes, written down while it makes them, so that the run's time
+/// can be set against theirs.
 #pragma once
 
 #include "textio/textio.hpp"

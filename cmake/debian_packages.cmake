@@ -18,7 +18,6 @@ set(CPACK_DEBIAN_PACKAGE_RELEASE 1)
 
 # What cpack refuses to do without, as nobody but the owner and the packager can supply it.
 set(licence_file "${PROJECT_SOURCE_DIR}/LICENSE")
-set(CPACK_TEXTIO_MISSING "")
 if(NOT CPACK_PACKAGE_CONTACT)
   list(APPEND CPACK_TEXTIO_MISSING
     "Who maintains the packages? Configure with -D CPACK_PACKAGE_CONTACT='Name <address>'.")
@@ -46,12 +45,10 @@ function(debian_package component name section description)
   set("CPACK_DEBIAN_${key}_PACKAGE_SECTION" "${section}" PARENT_SCOPE)
   set("CPACK_COMPONENT_${key}_DESCRIPTION" "${description}" PARENT_SCOPE)
   set(folder "${CMAKE_INSTALL_DATADIR}/doc/${name}")
-  install(FILES "${licence_file}" RENAME copyright
-    DESTINATION "${folder}" COMPONENT ${component} EXCLUDE_FROM_ALL)
-  install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" RENAME changelog
-    DESTINATION "${folder}" COMPONENT ${component} EXCLUDE_FROM_ALL)
-  install(FILES "${debian_changelog}"
-    DESTINATION "${folder}" COMPONENT ${component} EXCLUDE_FROM_ALL)
+  set(there DESTINATION "${folder}" COMPONENT ${component} EXCLUDE_FROM_ALL)
+  install(FILES "${licence_file}" RENAME copyright ${there})
+  install(FILES "${PROJECT_SOURCE_DIR}/CHANGELOG.md" RENAME changelog ${there})
+  install(FILES "${debian_changelog}" ${there})
   debian_gzip(${component} "${folder}/changelog" "${folder}/changelog.Debian")
 endfunction()
 
@@ -63,21 +60,16 @@ function(debian_gzip component)
     COMPONENT ${component} EXCLUDE_FROM_ALL)
 endfunction()
 
-set(CPACK_COMPONENTS_ALL "")
 set(library_package "libtext-format-detection${PROJECT_VERSION_MAJOR}")
 set(this_version "${PROJECT_VERSION}-${CPACK_DEBIAN_PACKAGE_RELEASE}")
 set(about "The library reads a sample of a text under every plausible layout, values
 each reading with a few numbers, and names the best: delimited, aligned with
-blanks, in columns of fixed width, or one field per line.")
+blanks, in columns of fixed width, or one field per line.\n\nThis package has")
 
-debian_package(Development libtext-format-detection-dev libdevel "${about}
-
-This package has the headers, and what CMake and pkg-config need to find the
-library.")
+debian_package(Development libtext-format-detection-dev libdevel
+  "${about} the headers, and what CMake and pkg-config need to find the\nlibrary.")
 if(BUILD_SHARED_LIBS)
-  debian_package(Runtime "${library_package}" libs "${about}
-
-This package has the shared library.")
+  debian_package(Runtime "${library_package}" libs "${about} the shared library.")
   set(CPACK_DEBIAN_RUNTIME_PACKAGE_SHLIBDEPS ON)
   set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS ON)
   set(CPACK_DEBIAN_PACKAGE_GENERATE_SHLIBS_POLICY ">=")
@@ -85,10 +77,8 @@ This package has the shared library.")
   set(CPACK_POST_BUILD_SCRIPTS "${PROJECT_SOURCE_DIR}/cmake/debian_ldconfig.cmake")
 endif()
 if(TARGET detect_layout)
-  debian_package(tools text-format-detection-tools text "${about}
-
-This package has the program detect_layout, which tells the layout of files
-in words, as a picture or as JSON, and why it is the best.")
+  debian_package(tools text-format-detection-tools text "${about} the program detect_layout, which
+tells the layout of files in words, as a picture or as JSON, and why it is the best.")
   debian_gzip(tools "${CMAKE_INSTALL_MANDIR}/man1/detect_layout.1")
   set(CPACK_DEBIAN_TOOLS_PACKAGE_SHLIBDEPS ON)
   if(BUILD_SHARED_LIBS)

@@ -66,6 +66,9 @@ public:
 
     [[nodiscard]] Text text() const { return Text(rest_); }
 
+    /// The bytes of the text as they are.
+    [[nodiscard]] std::span<const std::uint8_t> text_bytes() const { return rest_; }
+
     std::uint8_t byte() {
         if (values_.empty()) {
             return 0;

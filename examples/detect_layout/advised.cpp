@@ -21,11 +21,13 @@ bool are_rivals(const Proposal& one, const Proposal& other) {
         return mode != other_mode ||
                one.strategy->options().delimiters != other.strategy->options().delimiters;
     }
-    // Blanks and positions that give as many columns give the same ones.
+    // Blanks and fixed positions that give the same number of columns are taken to give the same
+    // columns.
     return mode != other_mode && one.columns.size() != other.columns.size();
 }
 
-/// Fixed widths are all that the user excludes: so each other layout is asked for by itself.
+/// The user has excluded fixed widths and nothing else. The library has no setting for that, so
+/// each other layout is asked for by itself.
 Advice without_fixed_widths(const textio::Field& text, const Settings& settings) {
     Advice all;
     textio::advice::Settings known = settings.known;

@@ -2,11 +2,9 @@
 
 #include "settings.hpp"
 #include "textio/field.hpp"
-#include "textio/rules.hpp"
 #include "textio/strategy_valuation.hpp"
 
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace detect_layout {
@@ -24,11 +22,8 @@ struct Explanation {
     std::string outcome; ///< what decided, in words
 };
 
-/// Takes the decision about `text` once more, step by step.
+/// Takes the decision about `text` once more, and tells how it came about.
 [[nodiscard]] Explanation explain(const textio::Field& text, const Settings& settings);
-
-/// What a rule of the decision is called.
-[[nodiscard]] std::string_view rule_name(const textio::detection::picker_rules::Rule& rule);
 
 /// The candidates as a table, below it the outcome. Lines that end with a line feed.
 [[nodiscard]] std::string draw_table(const Explanation& explanation);

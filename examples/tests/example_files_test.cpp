@@ -150,20 +150,6 @@ TEST(ExampleFiles, are_understood_without_options) {
     }
 }
 
-TEST(Explanation, calls_each_rule_by_a_name_of_its_own) {
-    std::vector<std::string_view> names;
-    const textio::detection::ClassicRules chain(false, 3, true);
-    for (const auto& rule : chain.rules()) {
-        names.push_back(rule_name(*rule));
-    }
-    const std::vector<std::string_view> expected{"expected variables", "dates",          "regular lines",  "kinds of values",
-                                                 "short header",       "filled columns", "usual delimiter"};
-    EXPECT_EQ(names, expected);
-    class : public textio::detection::picker_rules::Rule {
-    } unknown;
-    EXPECT_EQ(rule_name(unknown), "a rule without a name");
-}
-
 TEST(ExampleFiles, are_all_tested) {
     std::set<std::string> by_rules{"README.md"};
     std::set<std::string> advised = by_rules;

@@ -1,6 +1,7 @@
 /// \file
 /// How the layouts worth comparing are found: candidate delimiters, fixed-width columns, and the
-/// layout to fall back on. A host that wants to show why a layout won can walk through these.
+/// layout to fall back on. A host that only wants to show why a layout won takes a
+/// `DecisionObserver`.
 #pragma once
 
 #include "textio/export.hpp"

@@ -69,9 +69,9 @@ struct options {
     /// Strings that separate fields. Detection finds its own and does not start from these.
     std::vector<std::u16string> delimiters{};
 
-    /// Strings that end a line. Neither many nor long ones make a read slower than linear. More
-    /// than eight that are long as well can: each unit of the text may then be compared with as
-    /// much as one of them and the text have in common. The same holds for `delimiters`.
+    /// Strings that end a line. A read is linear with many of them, and with long ones. With more
+    /// than eight, long ones among them can make it slower: at each unit of the text one of them
+    /// may then be compared as far as it and the text are alike. The same holds for `delimiters`.
     std::vector<std::u16string> line_endings{u"\r\n", u"\n", u"\r"};
 
     /// Carried along for the host; nothing in the library reads it.
@@ -81,8 +81,8 @@ struct options {
     /// other number: the first string opens a comment that runs to the end of the line.
     std::vector<std::u16string> comment_style{u"#"};
 
-    /// Code units that count as blank. There are few, as a rule: a line that is read as one field
-    /// may be compared with each of them.
+    /// Code units that count as blank. There should be few: where each line is read as one field,
+    /// its units may be compared with each of them.
     std::u16string whitespace = u" \t";
 
     /// If not empty, its first code unit is never tried as a delimiter. The default keeps decimal

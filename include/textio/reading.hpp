@@ -85,8 +85,8 @@ struct Settings {
 /// }
 /// \endcode
 ///
-/// Blank lines and comments are passed over. Under a layout that leaves nothing of empty cells at
-/// the end of a line (fixed widths, or trailing delimiters dropped where a delimiter separates) a
+/// Blank lines and comments are passed over. Under a layout that does not keep empty cells at the
+/// end of a line (fixed widths, or trailing delimiters dropped where a delimiter separates) a
 /// record with too few fields is no fault; it is padded as others are.
 ///
 /// A text in memory must outlive the reader, and its fields are good as long as it is. A stream is
@@ -157,7 +157,7 @@ private:
         const std::size_t* next = nullptr;      ///< the end of the next one's fields
         const std::size_t* plain_end = nullptr; ///< from here on, each needs a closer look
         const std::size_t* end = nullptr;
-        std::size_t begin = 0;          ///< of the next one's fields
+        std::size_t begin = 0;          ///< where the next one's fields begin
         std::size_t regular = SIZE_MAX; ///< fields of a record that has no fault
     };
 
@@ -169,9 +169,9 @@ private:
     Fault fault_ = Fault::none;
 };
 
-/// The value of a cell that was read under `options`: without the blanks around it, and without its
-/// quotes, of doubled ones each second. Where fields do not end at delimiters, quotes are taken off
-/// only if they frame the whole cell.
+/// The value of a cell that was read under `options`: without the blanks around it, without the
+/// quotes around it, and with one quote for each doubled one. Where fields do not end at
+/// delimiters, quotes are taken off only if they frame the whole cell.
 ///
 /// A view of the text of `cell` where nothing changes in the middle, else of `buffer`, which is
 /// written to. Throws `std::bad_alloc` if the buffer cannot grow.

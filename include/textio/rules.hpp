@@ -6,7 +6,9 @@
 #include "textio/strategy_valuation.hpp"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
+#include <string_view>
 #include <vector>
 
 namespace textio::detection {
@@ -27,6 +29,9 @@ public:
            const std::vector<StrategyValuation>& values) const;
 
     virtual ~Rule();
+
+    /// What the rule goes by, in words for a user. This base has no name, so the result is empty.
+    [[nodiscard]] virtual std::string_view name() const noexcept;
 };
 
 /// Keeps candidates with exactly the expected number of variables.
@@ -37,6 +42,7 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 
 private:
     std::size_t expected_variables_;
@@ -48,6 +54,7 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 };
 
 /// Keeps candidates whose data lines are nearly as regular as those of the most regular one.
@@ -56,6 +63,7 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 };
 
 /// Keeps candidates with the highest score over the classes of their columns.
@@ -64,6 +72,7 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 };
 
 /// Keeps the perfectly regular candidates with the fewest header lines, if the first candidate is
@@ -73,6 +82,7 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 };
 
 /// Keeps candidates with the largest share of columns that got a class.
@@ -81,6 +91,7 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 };
 
 /// Keeps the one candidate with the lowest prior rank, the first of equals, if that rank is that of
@@ -90,9 +101,16 @@ public:
     [[nodiscard]] std::vector<std::size_t>
     reduce(const std::vector<std::size_t>& candidates,
            const std::vector<StrategyValuation>& values) const override;
+    [[nodiscard]] std::string_view name() const noexcept override;
 };
 
 } // namespace picker_rules
+
+/// Is told, each time that a rule was asked, of the rule, the candidates that it was to choose
+/// among, and those that it kept.
+using RuleObserver =
+    std::function<void(const picker_rules::Rule& rule, const std::vector<std::size_t>& before,
+                       const std::vector<std::size_t>& after)>;
 
 /// The chain: rules applied in turn until one candidate is left or the rules run out.
 class TEXTIO_EXPORT ClassicRules {
@@ -109,6 +127,11 @@ public:
     /// The index of the one candidate left, -1 if there is none, and -2 if the rules could not
     /// separate the last few. `values` is only read. Throws only `std::bad_alloc`.
     [[nodiscard]] int pick(std::vector<StrategyValuation>& values) const;
+
+    /// The same, and tells `observer`, which must not be empty, of each rule that is asked. What it
+    /// throws goes through.
+    [[nodiscard]] int pick(std::vector<StrategyValuation>& values,
+                           const RuleObserver& observer) const;
 
     /// The rules, first to last. They belong to the chain.
     [[nodiscard]] const std::vector<std::unique_ptr<picker_rules::Rule>>& rules() const noexcept {

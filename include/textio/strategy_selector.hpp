@@ -2,6 +2,7 @@
 /// The door of the library.
 #pragma once
 
+#include "textio/decision_observer.hpp"
 #include "textio/export.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
@@ -59,6 +60,10 @@ public:
     /// for each of the at most 54 layouts tried, and once more for the comma that is fallen back
     /// on.
     std::shared_ptr<GenericStrategy> pick_strategy(const Field& text, std::size_t sample_lines);
+
+    /// The same, and tells `observer` how the decision comes about. What that throws goes through.
+    std::shared_ptr<GenericStrategy> pick_strategy(const Field& text, std::size_t sample_lines,
+                                                   DecisionObserver& observer);
 
 private:
     const parser::options& options_;

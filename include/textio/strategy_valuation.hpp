@@ -16,6 +16,16 @@ struct TEXTIO_EXPORT StrategyValuation {
     /// A record of a reading that nothing is known about yet.
     StrategyValuation() = default;
 
+    /// Whether any column is one of dates, with or without a time of day, or of durations.
+    [[nodiscard]] bool has_dates() const noexcept {
+        return temporal_variables > 0 || datetime_variables > 0;
+    }
+
+    /// The share of the columns that got any class but `unknown`.
+    [[nodiscard]] double classified_share() const noexcept {
+        return static_cast<double>(classified_variables) / static_cast<double>(num_variables);
+    }
+
     /// Mean distance of a line's field count from `median_fields`, over the non-empty lines down to
     /// the last that has exactly `median_fields` fields.
     double overall_variation = std::numeric_limits<double>::infinity();

@@ -4,6 +4,7 @@
 
 #include "textio/advice.hpp"
 #include "textio/candidates.hpp"
+#include "textio/decision_observer.hpp"
 #include "textio/field.hpp"
 #include "textio/fixed_stream.hpp"
 #include "textio/names.hpp"

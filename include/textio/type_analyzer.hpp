@@ -19,7 +19,7 @@ namespace textio::operations {
 /// Cuts the units of `whitespace` off both ends.
 struct TEXTIO_EXPORT trim_whitespace {
     std::u16string whitespace; ///< the units to cut off; may be empty
-    /// Narrows the view; a text of nothing else becomes empty.
+    /// Narrows the view. A text that consists of such units alone becomes empty.
     void process(MutableField& field) const;
 };
 
@@ -92,13 +92,13 @@ enum class FieldClass : std::uint8_t {
     delimiter_like = 12  ///< a lone comma, vertical bar or semicolon
 };
 
-/// Recognises `0x` or `0X` followed by hexadecimal digits only; the prefix alone will do.
+/// Recognises `0x` or `0X` followed by hexadecimal digits only; the prefix alone is enough.
 struct TEXTIO_EXPORT HexadecimalScanner {
     /// Whether the whole of `text` is such a number.
     [[nodiscard]] bool matches(const textio::Field& text) const noexcept;
 };
 
-/// Recognises `0b` or `0B` followed by binary digits only; the prefix alone will do.
+/// Recognises `0b` or `0B` followed by binary digits only; the prefix alone is enough.
 struct TEXTIO_EXPORT BinaryScanner {
     /// Whether the whole of `text` is such a number.
     [[nodiscard]] bool matches(const textio::Field& text) const noexcept;
@@ -147,7 +147,7 @@ private:
 
     textio::operations::trim_whitespace whitespace_trimmer_;
     textio::operations::unquote unquoter_;
-    textio::operations::treat_as_missing missing_filter_; ///< its texts ascend
+    textio::operations::treat_as_missing missing_filter_; ///< its texts are sorted
     textio::operations::replace_characters decimal_to_dot_;
     textio::operations::replace_characters dot_to_invalid_;
     textio::operations::remove_characters thousands_remover_;

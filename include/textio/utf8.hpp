@@ -67,7 +67,7 @@ public:
 
     std::size_t read(char16_t* begin, char16_t* end) override;
 
-    /// The U+FFFD delivered so far for malformed bytes.
+    /// How many U+FFFD have been delivered so far in the place of malformed bytes.
     [[nodiscard]] std::size_t replaced() const noexcept { return replaced_; }
 
     /// Whether a byte order mark was dropped. False until something has been read.

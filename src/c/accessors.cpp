@@ -57,7 +57,7 @@ std::size_t number_of(const textio_layout* layout, std::size_t proposal,
 } // namespace
 
 void textio_layout_free(textio_layout* layout) {
-    const std::unique_ptr<textio_layout> owned(layout);
+    std::unique_ptr<textio_layout>(layout).reset();
 }
 
 const char* textio_layout_json(const textio_layout* layout, size_t* length) {

@@ -4,6 +4,7 @@
 #include "textio/names.hpp"
 #include "textio/utf8.hpp"
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <string_view>
@@ -91,13 +92,12 @@ std::size_t line_or_none(std::string_view value) {
 
 std::vector<std::size_t> numbers_of(std::string_view value) {
     std::vector<std::size_t> numbers;
-    while (!value.empty()) {
-        const std::size_t comma = value.find(',');
+    bool has_more = !value.empty();
+    while (has_more) {
+        const std::size_t comma = std::min(value.find(','), value.size());
         numbers.push_back(number_of(value.substr(0, comma)));
-        if (comma + 1 == value.size()) {
-            throw Refusal{"ends with a comma"};
-        }
-        value.remove_prefix(comma < value.size() ? comma + 1 : value.size());
+        has_more = comma < value.size();
+        value.remove_prefix(has_more ? comma + 1 : comma);
     }
     return numbers;
 }
@@ -210,7 +210,7 @@ textio_hints* textio_hints_new() {
 }
 
 void textio_hints_free(textio_hints* hints) {
-    const std::unique_ptr<textio_hints> owned(hints);
+    std::unique_ptr<textio_hints>(hints).reset();
 }
 
 const char* textio_hint_name(size_t index) {

@@ -121,7 +121,7 @@ textio_status textio_reader_source(const textio_layout* layout, size_t proposal,
 }
 
 void textio_reader_free(textio_reader* reader) {
-    const std::unique_ptr<textio_reader> owned(reader);
+    std::unique_ptr<textio_reader>(reader).reset();
 }
 
 textio_status textio_reader_policy(textio_reader* reader, const char* policy) {

@@ -47,7 +47,7 @@ bool is_filled(const Field& line) {
     return line.size > 0;
 }
 
-/// The entry of number `number`, of which lines that hold nothing have none.
+/// The line that is entry `number`. Only lines with text are entries.
 Lines find_entry(const std::vector<Field>& lines, std::size_t entries, std::size_t number) {
     if (entries == lines.size()) {
         return lines.begin() + static_cast<std::ptrdiff_t>(number);
@@ -83,8 +83,9 @@ const char16_t* add_delimiters(const char16_t* begin, const char16_t* end,
     return at;
 }
 
-/// The same for lines that stand together, in one go: to stop at the end of each line, where nobody
-/// can foretell it, costs as much as to look at the line. An `end_of_text` ends only its own line.
+/// The same for lines that stand together, in one go. Lines end at places that a processor cannot
+/// predict, so stopping at each end would cost as much as looking at the line. An `end_of_text`
+/// ends only its own line.
 void add_delimiters(Lines line, Lines last, PunctuationSearch& search, std::u16string& delims) {
     while (line != last) {
         const char16_t* const end = end_of(*(last - 1));

@@ -1,4 +1,5 @@
 #include "common_delimiters.hpp"
+#include "detection/candidate_search.hpp"
 #include "detection/fixed_width_candidates.hpp"
 #include "detection/line_sample.hpp"
 #include "parser/read_sample.hpp"
@@ -49,9 +50,10 @@ bool is_regular(const StrategyValuation& valuation) {
     return valuation.data_variation < least_refused_variation;
 }
 
-double classified_share(const StrategyValuation& valuation) {
-    return static_cast<double>(valuation.classified_variables) /
-           static_cast<double>(valuation.num_variables);
+/// A single line is as regular as can be under any delimiter, so only a common one counts there.
+bool can_be_compared(const StrategyValuation& valuation) {
+    const bool is_common = valuation.prior_rank < static_cast<double>(common_delimiters.size());
+    return is_regular(valuation) && (valuation.num_lines != 1 || is_common);
 }
 
 /// Builds the list of candidates of one run.
@@ -59,9 +61,9 @@ class CandidateSearch {
 public:
     CandidateSearch(const FieldArray& line_sample, const parser::options& options,
                     const TypeAnalyzerOptions& type_options,
-                    output::DetectionOutputBuilder& builder)
+                    output::DetectionOutputBuilder& builder, DecisionObserver& observer)
         : line_sample_(line_sample), options_(options), type_options_(type_options),
-          builder_(builder) {}
+          builder_(builder), observer_(observer) {}
 
     std::vector<std::shared_ptr<GenericStrategy>> run() {
         if (options_.layout_hint == parser::layout::fixed_width) {
@@ -89,25 +91,30 @@ private:
         auto strategy = make_fixed_width(options_.field_widths);
         parser::read_sample(builder_, strategy, true);
         strategy->header_lines(detect_header_lines_fixed_width(strategy, line_sample_, options_));
-        candidates_.push_back(std::move(strategy));
+        add(std::move(strategy));
     }
 
     void add_without_data_lines() {
         auto strategy = make_fixed_width({1});
         strategy->header_lines(options_.header_lines);
         parser::read_sample(builder_, strategy, true);
-        candidates_.push_back(std::move(strategy));
+        add(std::move(strategy));
     }
 
     /// The columns are sought whatever the space-aligned reading says, so that is not valued; its
     /// memory is free again when the columns are read.
     void add_columns_found() {
-        const std::size_t aligned_header =
-            read_and_measure(make_space_aligned()).record.header_lines;
-        const std::size_t header_lines = without_data_lines(aligned_header, line_sample_, options_);
-        candidates_.push_back(
-            read_fixed_columns(find_fixed_columns(line_sample_, header_lines, builder_).widths,
+        const std::size_t header_lines =
+            without_data_lines(aligned_header(), line_sample_, options_);
+        add(read_fixed_columns(find_fixed_columns(line_sample_, header_lines, builder_).widths,
                                header_lines, options_, type_options_, builder_));
+    }
+
+    std::size_t aligned_header() {
+        const std::shared_ptr<GenericStrategy> space_aligned = make_space_aligned();
+        const std::size_t header_lines = read_and_measure(space_aligned).record.header_lines;
+        observer_.tried(*space_aligned, Trial::worse_than_columns);
+        return header_lines;
     }
 
     void add_separated_layouts() {
@@ -125,15 +132,19 @@ private:
         }
     }
 
-    /// A blank separates columns, or fields. A reading at each blank is tried beside the aligned
-    /// one only if it gives at least as large a share of its columns a class.
+    /// Blanks can align columns, or each blank can end a field. The second reading becomes a
+    /// candidate beside the first only if it gives at least as large a share of its columns a
+    /// class.
     void add_blank_layouts() {
         const double aligned_share = add_aligned_layout();
         auto space_delimited = make_delimited(blank);
         const LineFigures figures = read_and_measure(space_delimited);
-        if (is_regular(figures.record) &&
-            classified_share(figures.settle(*space_delimited)) >= aligned_share) {
+        if (!is_regular(figures.record)) {
+            observer_.tried(*space_delimited, Trial::irregular);
+        } else if (figures.settle(*space_delimited).classified_share() >= aligned_share) {
             add_valued(std::move(space_delimited));
+        } else {
+            observer_.tried(*space_delimited, Trial::worse_than_aligned);
         }
     }
 
@@ -143,15 +154,16 @@ private:
         std::shared_ptr<GenericStrategy> space_aligned = make_space_aligned();
         const LineFigures figures = read_and_measure(space_aligned);
         if (can_be_fixed_width(figures.record.header_lines)) {
-            const double share = classified_share(figures.settle(*space_aligned));
-            add_possible_fixed_strategy(std::move(space_aligned), *builder_.text, line_sample_,
-                                        candidates_, options_, type_options_, builder_);
+            const double share = figures.settle(*space_aligned).classified_share();
+            add(columns_or_aligned(std::move(space_aligned), line_sample_, options_, type_options_,
+                                   builder_, observer_));
             return share;
         }
         if (!is_regular(figures.record)) {
+            observer_.tried(*space_aligned, Trial::irregular);
             return 0;
         }
-        const double share = classified_share(figures.settle(*space_aligned));
+        const double share = figures.settle(*space_aligned).classified_share();
         return add_valued(std::move(space_aligned)) ? share : 0;
     }
 
@@ -169,10 +181,12 @@ private:
     /// If the lines of a layout alone rule it out, nobody asks for the classes of its columns.
     void add_if_possible(std::shared_ptr<GenericStrategy> strategy) {
         const LineFigures figures = read_and_measure(strategy);
-        if (is_regular(figures.record)) {
-            figures.settle(*strategy);
-            add_valued(std::move(strategy));
+        if (!is_regular(figures.record)) {
+            observer_.tried(*strategy, Trial::irregular);
+            return;
         }
+        figures.settle(*strategy);
+        add_valued(std::move(strategy));
     }
 
     LineFigures read_and_measure(const std::shared_ptr<GenericStrategy>& strategy) {
@@ -181,8 +195,18 @@ private:
     }
 
     bool add_valued(std::shared_ptr<GenericStrategy> strategy) {
-        return add_possible_strategy(std::move(strategy), candidates_, options_, type_options_,
-                                     builder_);
+        const bool is_possible = can_be_compared(strategy->valuation());
+        if (is_possible) {
+            add(std::move(strategy));
+        } else {
+            observer_.tried(*strategy, Trial::irregular);
+        }
+        return is_possible;
+    }
+
+    void add(std::shared_ptr<GenericStrategy> strategy) {
+        candidates_.push_back(std::move(strategy));
+        observer_.tried(*candidates_.back(), Trial::compared);
     }
 
     [[nodiscard]] std::shared_ptr<GenericStrategy> make_space_aligned() const {
@@ -202,6 +226,7 @@ private:
     const parser::options& options_;
     const TypeAnalyzerOptions& type_options_;
     output::DetectionOutputBuilder& builder_;
+    DecisionObserver& observer_;
     std::vector<std::shared_ptr<GenericStrategy>> candidates_;
 };
 
@@ -213,20 +238,26 @@ bool add_possible_strategy(std::shared_ptr<GenericStrategy> strategy,
                            const TypeAnalyzerOptions& /*type_options*/,
                            output::DetectionOutputBuilder& builder) {
     parser::read_sample(builder, strategy, true);
-    const StrategyValuation& valuation = strategy->valuation();
-    const bool is_common = valuation.prior_rank < static_cast<double>(common_delimiters.size());
-    if (!is_regular(valuation) || (valuation.num_lines == 1 && !is_common)) {
-        return false;
+    const bool is_possible = can_be_compared(strategy->valuation());
+    if (is_possible) {
+        candidates.push_back(std::move(strategy));
     }
-    candidates.push_back(std::move(strategy));
-    return true;
+    return is_possible;
 }
 
 std::vector<std::shared_ptr<GenericStrategy>>
 get_candidate_strategies(const FieldArray& line_sample, const Field& /*text*/,
                          const parser::options& options, const TypeAnalyzerOptions& type_options,
                          output::DetectionOutputBuilder& builder) {
-    return CandidateSearch(line_sample, options, type_options, builder).run();
+    DecisionObserver nobody;
+    return find_candidates(line_sample, options, type_options, builder, nobody);
+}
+
+std::vector<std::shared_ptr<GenericStrategy>>
+find_candidates(const FieldArray& line_sample, const parser::options& options,
+                const TypeAnalyzerOptions& type_options, output::DetectionOutputBuilder& builder,
+                DecisionObserver& observer) {
+    return CandidateSearch(line_sample, options, type_options, builder, observer).run();
 }
 
 } // namespace textio::detection

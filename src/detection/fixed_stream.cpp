@@ -19,8 +19,8 @@ std::size_t units_ahead(const TextStream& stream) {
     return static_cast<std::size_t>(stream.data_end - stream.position);
 }
 
-/// Grows the buffer so that it can hold position `ahead` and fills the new room. Until the source
-/// has delivered, the stream holds what it held before, so that a source may throw.
+/// Grows the buffer so that it can hold position `ahead` and fills the new room. The stream takes
+/// the new text in only after the source has delivered it. So a source may throw.
 void fill_up_to(const TextStream& stream, std::size_t ahead) {
     const auto kept = static_cast<std::size_t>(stream.data_end - stream.buffer_begin);
     const std::size_t wanted = (ahead + 1) / fill_chunk * fill_chunk + kept + fill_chunk;

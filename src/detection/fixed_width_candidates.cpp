@@ -3,6 +3,7 @@
 #include "detection/blank_columns.hpp"
 #include "detection/line_sample.hpp"
 #include "parser/read_sample.hpp"
+#include "textio/candidates.hpp"
 #include "textio/statistics.hpp"
 
 #include <limits>
@@ -103,29 +104,36 @@ bool isFixedWidthStrategyBetterThanSpaceAlignedStrategy(StrategyValuation fixed,
            space_aligned.data_variation > fixed.data_variation;
 }
 
+std::shared_ptr<GenericStrategy>
+columns_or_aligned(std::shared_ptr<GenericStrategy> aligned, const FieldArray& line_sample,
+                   const parser::options& options, const TypeAnalyzerOptions& type_options,
+                   output::DetectionOutputBuilder& builder, DecisionObserver& observer) {
+    const bool is_sought = options.layout_hint == parser::layout::fixed_width;
+    const StrategyValuation& aligned_value = aligned->valuation();
+    if (!is_sought && aligned_value.data_variation == 0) {
+        return aligned; // no columns are more regular
+    }
+    const std::size_t header_lines = detect_header_lines_fixed_width(aligned, line_sample, options);
+    FixedColumns found = find_fixed_columns(line_sample, header_lines, builder);
+    if (!is_sought && !isFixedWidthStrategyBetterThanSpaceAlignedStrategy(
+                          expected_valuation(found.column_counts), aligned_value)) {
+        return aligned;
+    }
+    observer.tried(*aligned, Trial::worse_than_columns);
+    aligned.reset(); // the read can use its memory
+    return read_fixed_columns(std::move(found.widths), header_lines, options, type_options,
+                              builder);
+}
+
 void add_possible_fixed_strategy(std::shared_ptr<GenericStrategy> space_candidate,
                                  const Field& /*text*/, const FieldArray& line_sample,
                                  std::vector<std::shared_ptr<GenericStrategy>>& candidates,
                                  const parser::options& options,
                                  const TypeAnalyzerOptions& type_options,
                                  output::DetectionOutputBuilder& builder) {
-    const bool is_sought = options.layout_hint == parser::layout::fixed_width;
-    const StrategyValuation& space_value = space_candidate->valuation();
-    if (!is_sought && space_value.data_variation == 0) {
-        candidates.push_back(std::move(space_candidate)); // no columns are more regular
-        return;
-    }
-    const std::size_t header_lines =
-        detect_header_lines_fixed_width(space_candidate, line_sample, options);
-    FixedColumns found = find_fixed_columns(line_sample, header_lines, builder);
-    if (!is_sought && !isFixedWidthStrategyBetterThanSpaceAlignedStrategy(
-                          expected_valuation(found.column_counts), space_value)) {
-        candidates.push_back(std::move(space_candidate));
-        return;
-    }
-    space_candidate.reset(); // the read can use its memory
-    candidates.push_back(
-        read_fixed_columns(std::move(found.widths), header_lines, options, type_options, builder));
+    DecisionObserver nobody;
+    candidates.push_back(columns_or_aligned(std::move(space_candidate), line_sample, options,
+                                            type_options, builder, nobody));
 }
 
 } // namespace textio::detection

@@ -1,5 +1,6 @@
 #include "textio/strategy_selector.hpp"
 
+#include "detection/candidate_search.hpp"
 #include "parser/read_sample.hpp"
 #include "textio/candidates.hpp"
 #include "textio/rules.hpp"
@@ -14,14 +15,8 @@ namespace {
 
 using Candidates = std::vector<std::shared_ptr<GenericStrategy>>;
 
-/// What `ClassicRules::pick` gives when the rules could not separate the last few candidates.
-constexpr int undecided = -2;
-
-bool holds_dates(const StrategyValuation& valuation) {
-    return valuation.temporal_variables > 0 || valuation.datetime_variables > 0;
-}
-
-int pick_candidate(const Candidates& candidates, const parser::options& options) {
+int pick_candidate(const Candidates& candidates, const parser::options& options,
+                   DecisionObserver& observer) {
     std::vector<StrategyValuation> valuations;
     valuations.reserve(candidates.size());
     for (const auto& candidate : candidates) {
@@ -29,7 +24,10 @@ int pick_candidate(const Candidates& candidates, const parser::options& options)
     }
     const ClassicRules rules(options.skip_variable_count_rule, options.expected_variables,
                              options.detect_header_lines);
-    return rules.pick(valuations);
+    return rules.pick(valuations,
+                      [&observer](const auto& rule, const auto& before, const auto& after) {
+                          observer.ruled(rule, before, after);
+                      });
 }
 
 } // namespace
@@ -42,35 +40,46 @@ StrategySelector::StrategySelector(const parser::options& options,
 
 std::shared_ptr<GenericStrategy> StrategySelector::pick_strategy(const Field& text,
                                                                  std::size_t sample_lines) {
+    DecisionObserver nobody;
+    return pick_strategy(text, sample_lines, nobody);
+}
+
+std::shared_ptr<GenericStrategy> StrategySelector::pick_strategy(const Field& text,
+                                                                 std::size_t sample_lines,
+                                                                 DecisionObserver& observer) {
     output::DetectionOutputBuilder builder;
     builder.text = &text;
     builder.sample_lines = sample_lines;
-    const auto fallback = [&] {
-        return fallback_strategy(options_, type_options_, text, sample_lines, builder);
+    const auto answer = [&observer](std::shared_ptr<GenericStrategy> strategy, Ground ground) {
+        observer.decided(*strategy, ground);
+        return strategy;
+    };
+    const auto fallback = [&](Ground ground) {
+        return answer(fallback_strategy(options_, type_options_, text, sample_lines, builder),
+                      ground);
     };
 
-    auto line_strategy = std::make_shared<LineReaderStrategy>(options_, type_options_);
+    const auto line_strategy = std::make_shared<LineReaderStrategy>(options_, type_options_);
     parser::read_sample(builder, line_strategy, true);
-    if (holds_dates(line_strategy->valuation())) {
-        return fallback();
+    observer.tried(*line_strategy, Trial::shows_candidates);
+    if (line_strategy->valuation().has_dates()) {
+        return fallback(Ground::lines_are_dates);
     }
     const FieldArray& line_sample = *line_strategy->field_array();
     if (line_sample.line_ends.empty()) {
-        return line_strategy;
+        return answer(line_strategy, Ground::no_lines);
     }
     const Candidates candidates =
-        get_candidate_strategies(line_sample, text, options_, type_options_, builder);
+        find_candidates(line_sample, options_, type_options_, builder, observer);
     if (candidates.empty()) {
-        return line_strategy;
+        return answer(line_strategy, Ground::no_candidate);
     }
     if (candidates.size() == 1) {
-        return candidates.front();
+        return answer(candidates.front(), Ground::only_candidate);
     }
-    const int picked = pick_candidate(candidates, options_);
-    if (picked == undecided) {
-        return fallback();
-    }
-    return picked < 0 ? line_strategy : candidates[static_cast<std::size_t>(picked)];
+    const int picked = pick_candidate(candidates, options_, observer);
+    return picked < 0 ? fallback(Ground::not_separated)
+                      : answer(candidates[static_cast<std::size_t>(picked)], Ground::rules);
 }
 
 } // namespace textio::detection

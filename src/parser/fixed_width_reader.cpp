@@ -27,8 +27,8 @@ void add_span(Record& record, std::size_t start, std::size_t end) {
     record.spans.push_back(end);
 }
 
-/// Where a field that starts at `start` and may reach up to `end` ends: behind the last unit that
-/// is there to take.
+/// Where a field that starts at `start` and may reach up to `end` ends: behind its last unit that
+/// is not `end_of_text`.
 std::size_t end_within_reach(const Field& text, std::size_t start, std::size_t end) {
     while (end > start && text.data[end - 1] == end_of_text) {
         --end;
@@ -36,8 +36,9 @@ std::size_t end_within_reach(const Field& text, std::size_t start, std::size_t e
     return end;
 }
 
-/// Whether a field that may reach up to `end` takes the unit at `at`. The ends of text behind the
-/// last unit that is there to take are looked at by one record alone: none can follow it.
+/// Whether a field that may reach up to `end` takes the unit at `at`: whether there is a unit other
+/// than `end_of_text` from there on. If there is none, no record follows, so a long run of
+/// `end_of_text` is not looked at twice.
 bool is_within_reach(const Field& text, std::size_t at, std::size_t end) {
     while (at < end && text.data[at] == end_of_text) {
         ++at;

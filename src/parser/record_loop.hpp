@@ -154,8 +154,8 @@ private:
         return comment.line_ended;
     }
 
-    /// Where content starts on the line at hand. Where blanks end lines, one run of them is many
-    /// lines, all with the same content behind it, which is then looked for once.
+    /// Where content starts on the line at hand. If blanks can end lines too, a run of blanks is
+    /// many lines with the same content behind them; that content is looked for once.
     std::size_t content_start() {
         if (text_.data >= blanks_end_) {
             const std::size_t blanks = reader_.blanks().skip(text_, 0);

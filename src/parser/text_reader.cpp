@@ -21,8 +21,8 @@ std::size_t longest(const std::vector<std::u16string>& strings, std::size_t leas
     return least;
 }
 
-/// What the skipping of blanks and delimiters in front of a line can pass, if that can be the end
-/// of a line; otherwise nothing.
+/// The units that are skipped in front of a line, and those that can end a line, if some units are
+/// both; otherwise nothing. Skipping can then go on over the end of a line.
 std::u16string units_across_lines(const options& options) {
     const auto line_ends = get_or_create_delim(options.line_endings);
     const auto delimiters = get_or_create_delim(options.delimiters);
@@ -73,7 +73,8 @@ public:
     }
 
     [[nodiscard]] std::size_t settled_units(const Field& text) const override {
-        // A field of fixed width that more text than there is would fill ends in front of them.
+        // Units of `end_of_text` at the end are not known yet: a field of fixed width ends before
+        // them if nothing follows, and takes them in if more text comes.
         std::size_t known = text.size;
         while (known > 0 && text.data[known - 1] == end_of_text) {
             --known;

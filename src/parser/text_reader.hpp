@@ -11,7 +11,8 @@
 
 namespace textio::parser {
 
-/// A reader with the array that it fills.
+/// A reader with the array that it fills. `lines` gives what the last call of `read` found; all
+/// else can be called at any time.
 class TextReader {
 public:
     /// How far a read came.

@@ -1,6 +1,7 @@
 #include "textio/rules.hpp"
 
 #include <numeric>
+#include <utility>
 
 namespace textio::detection {
 
@@ -12,6 +13,10 @@ std::vector<std::size_t> Rule::reduce(const std::vector<std::size_t>& /*candidat
 }
 
 Rule::~Rule() = default;
+
+std::string_view Rule::name() const noexcept {
+    return {};
+}
 
 } // namespace picker_rules
 
@@ -31,14 +36,18 @@ ClassicRules::ClassicRules(bool skip_variable_count_rule, std::size_t expected_v
 }
 
 ClassicRules::~ClassicRules() {
-    // A vector leaves the order of destruction open; the chain goes from its last rule to its
-    // first.
+    // Rules are destroyed from the last to the first. A vector by itself would leave the order
+    // open.
     while (!rules_.empty()) {
         rules_.pop_back();
     }
 }
 
 int ClassicRules::pick(std::vector<StrategyValuation>& values) const {
+    return pick(values, [](const auto& /*rule*/, const auto& /*before*/, const auto& /*after*/) {});
+}
+
+int ClassicRules::pick(std::vector<StrategyValuation>& values, const RuleObserver& observer) const {
     constexpr int none_left = -1;
     constexpr int not_separated = -2;
 
@@ -48,7 +57,9 @@ int ClassicRules::pick(std::vector<StrategyValuation>& values) const {
         if (candidates.size() < 2) {
             break;
         }
-        candidates = rule->reduce(candidates, values);
+        std::vector<std::size_t> kept = rule->reduce(candidates, values);
+        observer(*rule, candidates, kept);
+        candidates = std::move(kept);
     }
     if (candidates.empty()) {
         return none_left;

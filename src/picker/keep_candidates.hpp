@@ -20,7 +20,7 @@ template <typename Predicate>
     std::vector<std::size_t> kept;
     kept.reserve(candidates.size());
     for (const std::size_t candidate : candidates) {
-        if (keeps(values[candidate])) {
+        if (std::invoke(keeps, values[candidate])) {
             kept.push_back(candidate);
         }
     }
@@ -42,7 +42,8 @@ template <typename Figure>
 }
 
 /// The candidates that share the highest `figure`, in their given order. Each figure is worked out
-/// once and stored, so that like ones are alike where arithmetic has more digits than memory.
+/// once and stored, so that equal ones compare equal on a machine that calculates with more digits
+/// than it stores.
 template <typename Figure>
 [[nodiscard]] std::vector<std::size_t> keep_highest(const std::vector<std::size_t>& candidates,
                                                     const std::vector<StrategyValuation>& values,

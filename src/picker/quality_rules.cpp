@@ -50,9 +50,17 @@ std::vector<std::size_t> variation::reduce(const std::vector<std::size_t>& candi
                    });
 }
 
+std::string_view variation::name() const noexcept {
+    return "regular lines";
+}
+
 std::vector<std::size_t> class_value::reduce(const std::vector<std::size_t>& candidates,
                                              const std::vector<StrategyValuation>& values) const {
     return keep_highest(candidates, values, class_score);
+}
+
+std::string_view class_value::name() const noexcept {
+    return "kinds of values";
 }
 
 std::vector<std::size_t> header_lines::reduce(const std::vector<std::size_t>& candidates,
@@ -68,6 +76,10 @@ std::vector<std::size_t> header_lines::reduce(const std::vector<std::size_t>& ca
     });
 }
 
+std::string_view header_lines::name() const noexcept {
+    return "short header";
+}
+
 std::vector<std::size_t> priors_rank::reduce(const std::vector<std::size_t>& candidates,
                                              const std::vector<StrategyValuation>& values) const {
     constexpr auto common_rank_limit = static_cast<double>(common_delimiters.size());
@@ -79,6 +91,10 @@ std::vector<std::size_t> priors_rank::reduce(const std::vector<std::size_t>& can
         return {best};
     }
     return candidates;
+}
+
+std::string_view priors_rank::name() const noexcept {
+    return "usual delimiter";
 }
 
 } // namespace textio::detection::picker_rules

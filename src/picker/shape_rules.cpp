@@ -14,19 +14,26 @@ std::vector<std::size_t> numvariables::reduce(const std::vector<std::size_t>& ca
     });
 }
 
+std::string_view numvariables::name() const noexcept {
+    return "expected variables";
+}
+
 std::vector<std::size_t> dates::reduce(const std::vector<std::size_t>& candidates,
                                        const std::vector<StrategyValuation>& values) const {
-    return keep_if(candidates, values, [](const StrategyValuation& valuation) {
-        return valuation.temporal_variables > 0 || valuation.datetime_variables > 0;
-    });
+    return keep_if(candidates, values, &StrategyValuation::has_dates);
+}
+
+std::string_view dates::name() const noexcept {
+    return "dates";
 }
 
 std::vector<std::size_t> non_empty::reduce(const std::vector<std::size_t>& candidates,
                                            const std::vector<StrategyValuation>& values) const {
-    return keep_highest(candidates, values, [](const StrategyValuation& valuation) {
-        return static_cast<double>(valuation.classified_variables) /
-               static_cast<double>(valuation.num_variables);
-    });
+    return keep_highest(candidates, values, &StrategyValuation::classified_share);
+}
+
+std::string_view non_empty::name() const noexcept {
+    return "filled columns";
 }
 
 } // namespace textio::detection::picker_rules

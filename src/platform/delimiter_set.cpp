@@ -60,8 +60,10 @@ std::size_t common_units(std::u16string_view a, std::u16string_view b) {
 
 } // namespace
 
-/// The strings with which a text begins all stand, ascending, between the longest of them and the
-/// last that is not behind the text, and so that last one begins with the longest of them.
+/// Looks for the longest string that `rest` begins with. Let `s` be the last string, in sorted
+/// order, that does not come behind `rest`. The string looked for is `s`, or a beginning of `s`,
+/// for all that stands between the two in that order begins with it too. So the search goes from
+/// `s` to ever shorter beginnings of it, until one fits.
 std::size_t Delim::match_many(std::u16string_view rest) const noexcept {
     const auto behind = std::upper_bound(
         ascending_.begin(), ascending_.end(), rest,

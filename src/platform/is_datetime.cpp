@@ -17,8 +17,8 @@ namespace {
 
 namespace ascii = textio::ascii;
 
-/// How far a text has been read, and what it said so far. What it has not said yet breaks no rule:
-/// without a year, 29 February will do.
+/// How far a text has been read, and the values read so far. Values not read yet are such that they
+/// forbid nothing: without a year, 29 February is a date.
 struct Reading {
     std::size_t position = 0;
     int year = 2000; ///< two digits as they stand: their leap years are those of this century

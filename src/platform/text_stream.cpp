@@ -28,9 +28,9 @@ Buffer try_to_make_buffer(std::size_t units) noexcept {
 
 } // namespace
 
-/// The buffer grows by half at least, or a text that comes in many pieces would be moved at each.
-/// That is a wish only: where memory is short, what is needed will do. And it is no room that a
-/// source is asked to fill.
+/// The buffer grows by half if memory allows, so that a text that comes in many pieces is not moved
+/// at each. Where memory is short, it grows only by what is needed. The source is never asked to
+/// fill more than that.
 void TextStream::resizeInternalBuffer(std::size_t units) const {
     if (units > capacity_) {
         std::size_t wanted = std::max(units, capacity_ + capacity_ / 2);

@@ -68,7 +68,8 @@ std::optional<Batches::Outcome> Batches::read_ahead(const Field& ahead) {
     if (is_last) {
         return Outcome::end_of_text;
     }
-    // What is settled can stay behind where blanks end lines.
+    // Where blanks can end lines, little may be settled of a long text. So its length counts as
+    // well.
     const bool is_long = settled >= longest_record_ || ahead.size / 2 >= longest_record_;
     return is_long ? std::optional(Outcome::too_long) : std::nullopt;
 }
@@ -88,7 +89,8 @@ bool Batches::read_some(const Field& ahead, std::size_t settled) {
         if (accept(ahead, rest, settled)) {
             return true;
         }
-        // The last line found is the one that is not settled, or there are blank ones behind it.
+        // Try again with fewer lines: the last of those found was not settled, or blank ones
+        // followed it.
         const std::size_t found = has_blocks_ ? counts.rows : counts.lines;
         const std::size_t fewer = found - std::min(found, found / 16 + 1);
         if (fewer == 0) {
@@ -101,8 +103,9 @@ bool Batches::read_some(const Field& ahead, std::size_t settled) {
     }
 }
 
-/// The same, as few lines as can be read. So a long run of comments without a record among them is
-/// passed, where no limit of lines may be set for many.
+/// Reads as few lines as can be read. With block comments a read must not be limited to some lines,
+/// for it might stop behind a comment, within a line. So this is how a long run of comments without
+/// a record is passed.
 bool Batches::read_least(const Field& ahead, std::size_t settled) {
     Field rest = ahead;
     reader_->read(rest, 1, reader_->least_lines(ahead));
@@ -121,8 +124,8 @@ bool Batches::accept(const Field& ahead, const Field& rest, std::size_t settled)
     return true;
 }
 
-/// Gets another chunk, or where `held` units hold no settled line as many again, so that all of a
-/// long record is not looked at with every chunk.
+/// Gets another chunk. Where the `held` units have no settled line, gets as many units again, so
+/// that a long record is not read anew with every chunk.
 void Batches::get_more(std::size_t held) {
     const std::size_t room = longest_record_ - std::min(held, longest_record_);
     window_.fill(std::max(chunk_units_, std::min(held, room)));

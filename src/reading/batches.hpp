@@ -11,9 +11,14 @@
 
 namespace textio::reading {
 
-/// A text is read in batches that fit into the cache. A line is settled once so much text is known
-/// behind it that none can change it; a batch that comes to lines that are not is read again
-/// without them, or when more text has come. A batch aims to stop short of them.
+/// Reads a text in batches that fit into the cache. A line is settled once no text that may still
+/// come can change how it is read. A batch is made to end before the first line that is not
+/// settled; if it reaches one all the same, it is read again, either shorter or after more text has
+/// come.
+///
+/// The order of calls:
+///
+///     { pass_lines } { next }
 class Batches {
 public:
     /// What became of a call of `next`.

@@ -11,6 +11,10 @@ namespace textio::reading {
 
 /// Tells on which line of the text a record of a batch starts. Line endings are looked for only in
 /// batches with quotes: elsewhere, each line of the batch is one of the text.
+///
+/// The order of calls:
+///
+///     { start { line_at } finish }
 class LineCount {
 public:
     explicit LineCount(std::size_t line) noexcept : line_(line), first_line_(line) {}

@@ -41,7 +41,7 @@ std::size_t fields_of(const advice::Proposal& proposal) {
     return proposal.columns.empty() ? fields_of(*proposal.strategy) : proposal.columns.size();
 }
 
-/// Whether nothing is left of empty cells at the end of a line.
+/// Whether empty cells at the end of a line are not kept when it is read.
 bool drops_last_cells(StrategyMode mode, const parser::options& options) {
     return mode == StrategyMode::fixed_width ||
            (mode == StrategyMode::delimited &&
@@ -85,6 +85,7 @@ public:
             }
             const std::span<const Field> fields(lines.fields + lines.begin,
                                                 *lines.next - lines.begin);
+            make_room_to_pad(fields.size()); // while the record still comes next
             lines.plain_end += lines.next == lines.plain_end ? 1 : 0;
             lines.begin = *lines.next++;
             if (fields.empty()) {
@@ -201,10 +202,18 @@ private:
         return pads ? padded(fields) : fields;
     }
 
-    std::span<const Field> padded(std::span<const Field> fields) {
+    /// So that a record that cannot be padded for want of memory is not lost.
+    void make_room_to_pad(std::size_t found) {
+        if (settings_.policy != Policy::pad || found == 0 || found >= expected_) {
+            return;
+        }
         if (expected_ > padded_.max_size()) {
             throw std::bad_alloc();
         }
+        padded_.reserve(expected_);
+    }
+
+    std::span<const Field> padded(std::span<const Field> fields) {
         const Field& last = fields.back();
         padded_.assign(fields.begin(), fields.end());
         padded_.resize(expected_, Field(last.data + last.size, 0));

@@ -15,15 +15,14 @@ void Window::pass(std::size_t units) noexcept {
     }
 }
 
-/// Until the source has delivered, the stream holds what it held before, so that a source may
-/// throw.
+/// The stream takes the new text in only after the source has delivered it. So a source may throw.
 void Window::fill(std::size_t units) {
     TextStream& stream = *stream_;
     const std::size_t kept = units_of_stream();
     std::copy(stream.position, stream.data_end, stream.buffer_begin);
     stream.position = stream.buffer_begin;
     stream.data_end = stream.buffer_begin + kept;
-    // In whole chunks, so that the buffer does not grow with every odd rest.
+    // The room is a number of whole chunks. So a few units more that are kept do not make it grow.
     constexpr std::size_t most_units = SIZE_MAX / sizeof(char16_t);
     const std::size_t chunks = kept / units + 2;
     if (chunks > most_units / units) {

@@ -24,17 +24,18 @@ void fetch_ahead(const Field& written) noexcept {
 }
 
 constexpr double least_growth = 1.5; ///< so that moving the values stays in proportion
-constexpr double most_growth = 100;  ///< what a few lines are trusted with
+constexpr double most_growth = 100;  ///< the most that a forecast from few lines is trusted with
 
-/// By how much an array grows of which `expected` is foretold. More than `trusted` is come to in
-/// two like steps, for then the first holds little that must be moved.
+/// The factor by which an array grows that is expected to grow by `expected` in the end. If that is
+/// more than `trusted`, it is done in two equal steps: little has to be moved at the second, and if
+/// the forecast was wrong, the first has not cost much.
 double trusted_growth(double expected, double trusted) {
     const double step = expected > trusted ? std::sqrt(expected) : expected;
     return std::clamp(step, least_growth, trusted);
 }
 
-/// Makes room for `least` values at least, and for `wanted` if there is the memory: what was
-/// foretold may never come, so the half of it does as well.
+/// Makes room for `wanted` values. `wanted` is a forecast, so where there is no memory for as many,
+/// half of it is tried, then a quarter, and so on, but never less than `least`.
 template <class Value>
 void make_room_for(std::vector<Value>& values, double wanted, double least) {
     const auto most = static_cast<double>(values.max_size());
@@ -88,7 +89,7 @@ const char16_t* SampleWriter::make_room_within_record(const char16_t* at) {
     return checkpoint(at);
 }
 
-/// How many times what was read up to `at` the whole text gives if it goes on as it began.
+/// How many times as much as the text up to `at` the whole text gives, if it goes on as it began.
 double SampleWriter::expected_growth(const char16_t* at) const noexcept {
     constexpr double margin = 1.05; // lines are not all alike
     const auto share = [](std::size_t whole, std::size_t part) {
@@ -100,8 +101,8 @@ double SampleWriter::expected_growth(const char16_t* at) const noexcept {
 }
 
 /// Makes room for as many fields and lines as are to be expected behind `at`. The first lines of a
-/// text can mislead, so they count for little. Later ones are believed as long as little memory is
-/// at stake, for pages that are never written to cost nothing.
+/// text can mislead, so a forecast from them is trusted only a little. A later one is trusted as
+/// long as it asks for little memory: pages that are never written to cost nothing.
 void SampleWriter::make_room(const char16_t* at) {
     constexpr std::size_t telling_lines = 32;
     constexpr std::size_t little_room = (64U << 20U) / sizeof(Field);
@@ -116,8 +117,8 @@ void SampleWriter::make_room(const char16_t* at) {
     make_room_for(array_.line_ends, lines * growth + 1, lines * least_growth + 1);
 }
 
-/// Makes room for `count` more lines at least, and for as many as are to be expected, where the
-/// lines up to `at` need more room than their fields have asked for.
+/// Makes room for at least `count` more lines, and for as many as are to be expected. This is for
+/// texts with so many lines up to `at` that the room made along with that for fields is not enough.
 void SampleWriter::make_room_for_lines(const char16_t* at, std::size_t count) {
     const auto held = static_cast<double>(array_.line_ends.size());
     make_room_for(array_.line_ends, held * trusted_growth(expected_growth(at), most_growth),

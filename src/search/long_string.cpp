@@ -15,8 +15,9 @@ std::size_t common_end(const char16_t* a, const char16_t* b, std::size_t from, s
     return static_cast<std::size_t>(std::mismatch(a + from, a + limit, b + from).first - a);
 }
 
-/// For each unit of the string, how many from it on are those with which the string begins. The
-/// part that was compared furthest on repeats the beginning, so what holds there holds here.
+/// For each unit of the string, how many units from it on equal those at the beginning of the
+/// string. Where a part is known to repeat the beginning, the numbers found for the beginning hold
+/// for that part too, and are not found again.
 std::vector<std::size_t> repeats_of(const std::u16string& units) {
     std::vector<std::size_t> repeats(units.size(), units.size());
     std::size_t begin = 0;
@@ -33,8 +34,8 @@ std::vector<std::size_t> repeats_of(const std::u16string& units) {
     return repeats;
 }
 
-/// The long strings of the set. Of many strings, none: those are looked up in their order, and not
-/// compared one after the other.
+/// The long strings of the set; none if the set has many strings, for those are looked up in sorted
+/// order and not compared one after the other.
 std::vector<LongString> long_strings_of(const Delim& delim) {
     constexpr std::size_t few_strings = 8;
     std::vector<LongString> found;

@@ -35,9 +35,11 @@ std::size_t back_to_mostly_irregular_lines(const std::vector<std::size_t>& diffs
 }
 
 /// The position behind the sharpest downward bend of the curve over two or more `diffs`. The last
-/// point only gives the bend before it; beyond the first, that point stands in for its neighbour.
+/// point is not judged: it serves as the neighbour of the one before it. The first point serves as
+/// the neighbour that it lacks itself.
 std::size_t behind_sharpest_bend(std::span<const std::size_t> diffs, bool space_separated) {
-    // Prose falls into many fields at its blanks: that it differs counts there, not how far.
+    // Cut at blanks, lines of prose differ widely from lines of data. That they differ counts; how
+    // far does not.
     const std::size_t limit = space_separated ? 2 : SIZE_MAX;
 
     auto sum = static_cast<double>(diffs.front());

@@ -40,7 +40,7 @@ void count_column(FieldClass column, StrategyValuation& record) {
 
 constexpr std::size_t group = sizeof(std::uint64_t);
 
-/// Whether each of the `group` columns from `columns` on has a class. All are looked at at once.
+/// Whether each of the `group` columns from `columns` on has a class. All are looked at together.
 bool are_closed(const FieldClass* columns) {
     constexpr std::uint64_t each = 0x0101010101010101;
     constexpr std::uint64_t low_bits = each * 0x7F;

@@ -1,5 +1,6 @@
 #include "strategies/column_classes.hpp"
 #include "strategies/line_figures.hpp"
+#include "strategies/measuring.hpp"
 #include "textio/strategy.hpp"
 
 namespace textio {

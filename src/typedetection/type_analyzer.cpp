@@ -79,7 +79,7 @@ void TypeAnalyzer<false>::prepare(textio::MutableField& field) const {
     }
 }
 
-/// What the filter finds, without a look at each of its texts: there can be many.
+/// What the filter finds. Its texts are searched, not compared one by one, since there can be many.
 bool TypeAnalyzer<false>::is_missing(std::u16string_view text) const {
     const auto& texts = missing_filter_.texts;
     return std::binary_search(texts.begin(), texts.end(), text, std::less<>());

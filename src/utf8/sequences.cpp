@@ -97,14 +97,14 @@ void widen_block(const char* bytes, char16_t* units) {
 /// Widens the run of ASCII at `begin`; at most as many bytes as there is room for.
 void widen_ascii(const char*& begin, const char* end, char16_t*& units, const char16_t* units_end) {
     while (end - begin >= block && units_end - units >= block) {
-        widen_block(begin, units); // of a last block, what is written too much is written over
+        widen_block(begin, units); // what a last block writes too much is written over later
         const std::ptrdiff_t ascii = ascii_in_block(begin);
         if (ascii != block) {
             begin += ascii;
             units += ascii;
             return;
         }
-        begin += block; // not by `ascii`, for which the next block would have to wait
+        begin += block; // a constant, so the next block need not wait for `ascii`
         units += block;
     }
     while (begin != end && units != units_end && byte_at(begin) < 0x80) {

@@ -99,7 +99,7 @@ void Source::drop_mark() {
     }
 }
 
-/// Of too many places, every second is forgotten.
+/// Where there are too many places, every second one is dropped.
 void Source::note_place() {
     if (place_.bytes - places_.back().bytes < places_apart_) {
         return;

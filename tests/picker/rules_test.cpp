@@ -113,4 +113,21 @@ TEST(ClassicRules, EachRuleDecidesBeforeTheNext) {
     }
 }
 
+TEST(ClassicRules, TellWhichRulesWereAskedAndWhatTheyKept) {
+    const ClassicRules chain(false, 3, true);
+    const auto told = [&chain](Valuations values) {
+        std::string words;
+        const int picked = chain.pick(values, [&words](const Rule& rule, const Candidates& before, const Candidates& after) {
+            words += std::string(rule.name()) + " " + std::to_string(before.size()) + std::to_string(after.size()) + ", ";
+        });
+        return words + std::to_string(picked);
+    };
+    constexpr auto rows = valued<&Valuation::num_variables, &Valuation::classified_variables, &Valuation::prior_rank>;
+    EXPECT_EQ(told(Valuations(1)), "0"); // one needs no rule
+    EXPECT_EQ(told(rows({{2, 0, 0}, {3, 0, 1}})), "expected variables 21, 1");
+    EXPECT_EQ(told(rows({{3, 1, 4}, {3, 1, 4}, {2, 1, 4}})),
+              "expected variables 32, dates 22, regular lines 22, kinds of values 22, short header 22, "
+              "filled columns 22, usual delimiter 22, -2");
+}
+
 } // namespace

@@ -97,16 +97,13 @@ class Rows {
     this.pieces = pieces;
   }
 
-  next() {
+  get begun() {
     this.#steps ??= this.steps();
-    return this.#steps.next();
+    return this.#steps;
   }
 
-  return(value) {
-    this.#steps ??= this.steps();
-    // A loop that was never entered has nothing else that would free them.
-    this.records.free();
-    return this.#steps.return(value);
+  next() {
+    return this.begun.next();
   }
 
   take() {
@@ -121,9 +118,17 @@ class Rows {
   }
 }
 
+// Of a loop that was never entered, leaving it does not come to its end; so each frees its records itself.
+
 class SyncRows extends Rows {
   [Symbol.iterator]() {
     return this;
+  }
+
+  return(value) {
+    const result = this.begun.return(value);
+    this.records.free();
+    return result;
   }
 
   *steps() {
@@ -143,6 +148,12 @@ class SyncRows extends Rows {
 class AsyncRows extends Rows {
   [Symbol.asyncIterator]() {
     return this;
+  }
+
+  async return(value) {
+    const result = await this.begun.return(value);
+    this.records.free();
+    return result;
   }
 
   async *steps() {

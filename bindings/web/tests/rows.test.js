@@ -135,6 +135,14 @@ test("a record without an end is an error, and no end of the text", async () => 
   assert.equal(found.end, "too_long");
 });
 
+test("a loop can be left while it waits", async () => {
+  const text = longTable(1e6);
+  const layout = detector.detect(text, { delimiter: ";", quote: '"', first_data_line: 1 });
+  const left = rows(new Blob([text]), layout);
+  const [first, returned, after] = await Promise.all([left.next(), left.return(), left.next()]);
+  assert.deepEqual([first.value.fields[0], returned.done, after.done], ["0", true, true]);
+});
+
 test("what cannot be fetched is an error", async () => {
   const broken = new (class extends Blob {
     slice() {

@@ -30,7 +30,7 @@ struct TEXTIO_EXPORT Delim {
     std::vector<std::u16string> strings;   ///< the strings, in the set's own order
     std::u16string only_string;            ///< with `single`: the one string
     bool single = false;                   ///< the set is one string of one code unit
-    std::span<const char16_t> first_units; ///< first units, ascending, each once; null of no string
+    std::span<const char16_t> first_units; ///< first units, ascending, each once; null for none
     std::u16string first_unit_storage;     ///< what `first_units` views
 
 private:
@@ -42,8 +42,8 @@ private:
     [[nodiscard]] TEXTIO_NO_EXPORT std::size_t match_many(std::u16string_view rest) const noexcept;
     TEXTIO_NO_EXPORT void sort_strings();
 
-    std::vector<std::size_t> ascending_;  ///< of a set of many, the indexes of the strings, sorted
-    std::vector<std::size_t> beginnings_; ///< for each, where the longest other it begins with is
+    std::vector<std::size_t> ascending_;  ///< of a large set: the strings' indexes, sorted
+    std::vector<std::size_t> beginnings_; ///< for each: the place of the longest it begins with
 };
 
 /// A set of the strings of `strings`, never an empty pointer. Empty strings are dropped and

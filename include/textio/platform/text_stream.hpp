@@ -55,7 +55,7 @@ private:
     std::unique_ptr<TextSource> owned_source_;
     mutable std::unique_ptr<char16_t[]> buffer_;
     mutable std::size_t capacity_ = 0; ///< code units that fit into the buffer
-    mutable std::size_t room_ = 0;     ///< as many of them as were asked for
+    mutable std::size_t room_ = 0;     ///< code units of room that were asked for
 };
 
 } // namespace zentor::io::text::stream

@@ -89,15 +89,6 @@ TEST(PlainRecords, AreNotLeftToTheFullSetOfRules) {
     EXPECT_EQ(left_by<DelimitedRecordReader>(aligned, u" a  b\n\nc \td  \n  e"), u"");
 }
 
-TEST(RecordLoop, NeedsOnlyAnArrayToBegin) {
-    textio::output::DetectionOutputBuilder builder;
-    builder.field_array = std::make_unique<textio::FieldArray>();
-    const options options = comma_options();
-    textio::Field text(u"a,b\n\nc,\n");
-    read_records(options, DelimitedRecordReader(options), 9, 9, text, builder);
-    EXPECT_EQ(shown(*builder.field_array), "[a][b]//[c][]/");
-}
-
 TEST(PlainRecords, AreReadAsByTheFullSetOfRules) {
     RandomReads().compare<LineRecordReader>();
     RandomReads().compare<DelimitedRecordReader>();

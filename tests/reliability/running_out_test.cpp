@@ -1,99 +1,19 @@
-// Memory that runs out at any moment. The program's own allocations are counted and made to fail,
-// so this is a program by itself.
-#include "parser/reading.hpp"
+// Memory that runs out at any moment.
 #include "reliability/layouts.hpp"
+#include "reliability/memory.hpp"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <new>
 #include <utility>
 
 namespace {
 
-constexpr std::size_t never = SIZE_MAX;
-std::size_t allocations_until_failure = never;
-std::size_t largest_block = never; ///< what is larger cannot be had
-std::size_t blocks_in_use = 0;
-std::size_t blocks_made = 0;
-std::size_t bytes_made = 0;
+using namespace test;
+using namespace textio::parser;
+using textio::DelimitedStrategy;
 
-} // namespace
-
-// Inlined, they would look like mismatched pairs of calls to the compiler.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    const bool is_due = allocations_until_failure == 0;
-    const bool fails = is_due || size > largest_block;
-    if (is_due) {
-        allocations_until_failure = never;
-    } else if (allocations_until_failure != never) {
-        --allocations_until_failure;
-    }
-    void* const block = fails ? nullptr : std::malloc(std::max<std::size_t>(size, 1));
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    ++blocks_in_use;
-    ++blocks_made;
-    bytes_made += size;
-    return block;
-}
-
-[[gnu::noinline]] void operator delete(void* block) noexcept {
-    blocks_in_use -= block == nullptr ? 0 : 1;
-    std::free(block);
-}
-
-// All forms, as a sanitizer has forms of its own that would not call these.
-void* operator new[](std::size_t size) {
-    return operator new(size);
-}
-
-void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
-    try {
-        return operator new(size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
-
-void* operator new[](std::size_t size, const std::nothrow_t& tag) noexcept {
-    return operator new(size, tag);
-}
-
-void operator delete(void* block, std::size_t /*size*/) noexcept {
-    operator delete(block);
-}
-
-void operator delete[](void* block) noexcept {
-    operator delete(block);
-}
-
-void operator delete[](void* block, std::size_t /*size*/) noexcept {
-    operator delete(block);
-}
-
-namespace {
-
-enum class Outcome { done, done_without, out_of_memory };
-
-/// What becomes of `action` if its allocation `number`, counted from 0, fails: it may do without.
-template <class Action>
-Outcome with_failing_allocation(std::size_t number, Action action) {
-    Outcome outcome = Outcome::done;
-    allocations_until_failure = number;
-    try {
-        action();
-        outcome = allocations_until_failure == never ? Outcome::done_without : Outcome::done;
-    } catch (const std::bad_alloc&) {
-        outcome = Outcome::out_of_memory;
-    }
-    allocations_until_failure = never;
-    return outcome;
-}
-
-TEST(Memory, RunningOutLosesNothing) {
+TEST(RunningOut, LosesNothing) {
     for (const test::LayoutCase& layout : test::layout_cases) {
         // The long field has to be copied to take its separators out.
         const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator = u'2'};
@@ -113,25 +33,7 @@ TEST(Memory, RunningOutLosesNothing) {
     }
 }
 
-using namespace textio::parser;
-
-/// Reads `text` into `array`.
-template <class Reader>
-void read_into(textio::FieldArray& array, const options& options, std::u16string_view text) {
-    textio::output::DetectionOutputBuilder builder;
-    builder.whitespace = std::make_unique<std::u16string>(options.whitespace);
-    builder.field_array = std::make_unique<textio::FieldArray>();
-    textio::Field view(text);
-    try {
-        read_records(options, Reader(options), SIZE_MAX, SIZE_MAX, view, builder);
-    } catch (const std::bad_alloc&) {
-        array = std::move(*builder.field_array);
-        throw;
-    }
-    array = std::move(*builder.field_array);
-}
-
-TEST(Memory, AReadThatRunsOutHoldsTheLinesBefore) {
+TEST(RunningOut, AReadThatRunsOutHoldsTheLinesBefore) {
     std::u16string text = u"a,b\n\n";
     for (int fields = 1; fields < 300; ++fields) {
         text += u"c,";
@@ -155,7 +57,7 @@ TEST(Memory, AReadThatRunsOutHoldsTheLinesBefore) {
     }
 }
 
-TEST(Memory, ALineIsAddedWholeOrNotAtAll) {
+TEST(RunningOut, ALineIsAddedWholeOrNotAtAll) {
     const std::u16string text(9, u'x');
     const std::vector<textio::Field> line(9, textio::Field(text));
     const textio::Record record{{0, 1, 1, 2, 2, 3, 3, 9}, 9};
@@ -172,56 +74,6 @@ TEST(Memory, ALineIsAddedWholeOrNotAtAll) {
     }
 }
 
-// What was foretold from a text's first lines, and fields that are dropped again, are never held.
-TEST(Memory, AReadTakesLittleMoreThanItHolds) {
-    std::u16string much_to_come;
-    for (int line = 0; line < 2000; ++line) {
-        much_to_come += u"a\n";
-    }
-    much_to_come += std::u16string(4'000'000, u'x');
-    std::u16string much_to_drop = u"a,b";
-    much_to_drop += std::u16string(1'000'000, u',') + u"\nc";
-    const struct {
-        const char* name;
-        std::u16string text;
-        textio::parser::options options;
-        std::size_t fields;
-    } cases[] = {
-        {"fewer lines than foretold", much_to_come, {.delimiters = {u","}}, 2001},
-        {"trailing delimiters", much_to_drop, {.delimiters = {u","}, .trailing_delimiters_rule = trailing_delimiters::drop}, 3},
-        {"trailing delimiters of two units",
-         much_to_drop,
-         {.delimiters = {u",,"}, .trailing_delimiters_rule = trailing_delimiters::drop},
-         2},
-    };
-    for (const auto& c : cases) {
-        textio::FieldArray array;
-        largest_block = 1 << 20;
-        EXPECT_NO_THROW(read_into<DelimitedRecordReader>(array, c.options, c.text)) << c.name;
-        largest_block = never;
-        EXPECT_EQ(array.fields.size(), c.fields) << c.name;
-    }
-}
-
-using textio::DelimitedStrategy;
-
-/// A sample of a text with a title, empty lines, and a column that is empty at the end.
-std::unique_ptr<textio::FieldArray> sample_of(const std::u16string& text) {
-    auto sample = std::make_unique<textio::FieldArray>();
-    std::size_t begin = 0;
-    for (std::size_t at = 0; at < text.size(); ++at) {
-        if (text[at] == u',' || text[at] == u'\n') {
-            sample->fields.emplace_back(text.data() + begin, at - begin);
-            begin = at + 1;
-        }
-        if (text[at] == u'\n') {
-            sample->line_ends.push_back(sample->fields.size());
-        }
-    }
-    sample->add_empty_line();
-    return sample;
-}
-
 std::string figures(DelimitedStrategy& strategy) {
     const textio::StrategyValuation& v = strategy.valuation();
     std::string out = test::shown(strategy) + ", " + std::to_string(v.data_variation);
@@ -232,7 +84,7 @@ std::string figures(DelimitedStrategy& strategy) {
     return out;
 }
 
-TEST(Memory, RunningOutOfItLeavesAStrategyUnvalued) {
+TEST(RunningOut, LeavesAStrategyUnvalued) {
     // The long number has to be copied to take its separators out.
     const zentor::io::text::typedetection::TypeAnalyzerOptions types{.thousands_separator = u'2'};
     const std::u16string first = u"title\nx,y\n1,a\n3," + std::u16string(20, u'1') + u'2' + std::u16string(20, u'1') + u"\n4,\n";
@@ -266,24 +118,6 @@ TEST(Memory, RunningOutOfItLeavesAStrategyUnvalued) {
     }
 }
 
-TEST(Memory, ColumnsTakeAByteEachToInspect) {
-    constexpr std::size_t columns = 1000;
-    DelimitedStrategy strategy({}, {}, u',');
-    std::u16string line;
-    for (std::size_t column = 0; column < columns; ++column) {
-        line += column + 1 < columns ? u"1," : u"1\n";
-    }
-    const std::u16string text = line + line;
-    strategy.field_array(sample_of(text));
-    ASSERT_EQ(strategy.valuation().numeric_variables, columns);
-    const std::size_t blocks = blocks_made;
-    const std::size_t bytes = bytes_made;
-    strategy.inspect_datatypes();
-    EXPECT_EQ(blocks_made - blocks, 1U);
-    EXPECT_EQ(bytes_made - bytes, columns);
-    EXPECT_EQ(strategy.valuation().numeric_variables, 2 * columns);
-}
-
 /// All that advice says of a text.
 std::string advice_on(const std::u16string& text) {
     const textio::advice::Advice found = textio::advice::advise(textio::Field(text), 100);
@@ -297,7 +131,7 @@ std::string advice_on(const std::u16string& text) {
     return told;
 }
 
-TEST(Memory, RunningOutWhileAdvisingLosesNothing) {
+TEST(RunningOut, WhileAdvisingLosesNothing) {
     std::vector<std::u16string> texts{u"title\n|a|b|\n|1|x|\n|2|y|\n|3|z|\n", u"# t x\n0.5 7\n1.0 8\n# off\n1.5 9\n",
                                       u"'a,b';1\n'c,d';2\n'e,f';3\n", u"HD|1\nPO|1|a\nPO|2|b\nPO|3|c\nNT|x\nNT|y\n"};
     for (const test::LayoutCase& layout : test::layout_cases) {
@@ -320,41 +154,12 @@ TEST(Memory, RunningOutWhileAdvisingLosesNothing) {
     }
 }
 
-class Letters : public zentor::io::text::stream::TextSource {
-    std::size_t read(char16_t* begin, char16_t* /*end*/) override {
-        std::fill_n(begin, 5, u'x');
-        return 5;
-    }
-};
-
-TEST(Memory, RunningOutLeavesAStreamAsItWas) {
+TEST(RunningOut, LeavesAStreamAsItWas) {
     Letters letters;
     const zentor::io::text::stream::TextStream stream(letters);
     const auto view_size = [&stream] { return textio::get_fixed_stream(stream, {}).size; };
     EXPECT_EQ(with_failing_allocation(0, view_size), Outcome::out_of_memory);
     EXPECT_EQ(view_size(), 5U);
-}
-
-TEST(Memory, AStreamThatGrowsIsSeldomMoved) {
-    constexpr std::size_t step = 100;
-    constexpr std::size_t steps = 1000;
-    Letters letters;
-    const zentor::io::text::stream::TextStream stream(letters);
-    const std::size_t before = bytes_made;
-    for (std::size_t count = 1; count <= steps; ++count) {
-        stream.resizeInternalBuffer(count * step);
-        ASSERT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(count * step));
-        stream.data_end[-1] = static_cast<char16_t>(count);
-    }
-    EXPECT_LT(bytes_made - before, 5 * steps * step * sizeof(char16_t));
-    const std::size_t room = steps * step;
-    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room); }), Outcome::out_of_memory);
-    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room + 1); }), Outcome::out_of_memory);
-    stream.resizeInternalBuffer(2 * room);
-    EXPECT_EQ(with_failing_allocation(0, [&] { stream.resizeInternalBuffer(2 * room + 1); }), Outcome::done_without);
-    EXPECT_EQ(stream.data_end - stream.buffer_begin, static_cast<std::ptrdiff_t>(2 * room + 1));
-    EXPECT_EQ(stream.buffer_begin[room - 1], steps) << "what was held is held";
-    EXPECT_THROW(stream.resizeInternalBuffer(SIZE_MAX), std::bad_alloc);
 }
 
 /// Delivers a text, whose place it keeps.
@@ -392,7 +197,7 @@ std::size_t count_records(const textio::GenericStrategy& layout, std::u16string_
     return records;
 }
 
-TEST(Memory, RunningOutLosesNoRecord) {
+TEST(RunningOut, LosesNoRecord) {
     for (const test::LayoutCase& layout : test::layout_cases) {
         const zentor::io::text::typedetection::TypeAnalyzerOptions types;
         textio::detection::StrategySelector selector(layout.options, types);
@@ -412,28 +217,7 @@ TEST(Memory, RunningOutLosesNoRecord) {
     }
 }
 
-TEST(Memory, ReadingOnAllocatesNothingForARecord) {
-    const textio::DelimitedStrategy layout({}, {}, u',');
-    std::u16string buffer(20, u'x');
-    const auto allocations = [&](std::size_t rows) {
-        std::u16string text;
-        for (std::size_t row = 0; row < rows; ++row) {
-            text += row % 7 == 0 ? u"1,\"2\"\"2\"\n" : u"1,\"2\"\"2\",\"3\n3\"\n";
-        }
-        textio::reading::Reader reader(layout, textio::Field(text), {.policy = textio::reading::Policy::pad, .fields = 3});
-        const std::size_t enough = SIZE_MAX / 2;
-        allocations_until_failure = enough;
-        while (reader.next()) {
-            for (const textio::Field& field : reader.fields()) {
-                static_cast<void>(textio::reading::cell_value(field, reader.options(), buffer));
-            }
-        }
-        return enough - std::exchange(allocations_until_failure, never);
-    };
-    EXPECT_LT(allocations(100'000), allocations(100) + 200);
-}
-
-TEST(Memory, RunningOutLosesNoTextOfUtf8) {
+TEST(RunningOut, LosesNoTextOfUtf8) {
     class Bytes : public textio::utf8::ByteSource {
         std::size_t read(char* begin, char* end) override {
             const std::size_t count = std::min<std::size_t>(left_, static_cast<std::size_t>(end - begin));
