@@ -3,7 +3,7 @@ import { mkdtemp, readFile, rm, writeFile } from "node:fs/promises";
 import { tmpdir } from "node:os";
 import { join } from "node:path";
 import { after, before, test } from "node:test";
-import { choose, openExample, openPage, table } from "./page.js";
+import { choose, moduleHas, openExample, openPage, table } from "./page.js";
 
 let folder;
 before(async () => {
@@ -81,4 +81,28 @@ test("an export can be cancelled, and writes into the file that the user names",
   await page.locator("#exported", { hasText: "3 records written to mine.csv." }).waitFor();
   const written = await page.evaluate(async () => (await window.target.getFile()).text());
   assert.equal(written, "a,b\r\n1,2\r\n3,4\r\n5,6\r\n");
+});
+
+test("the import statement follows the tool and the assumptions, and can be copied", async () => {
+  const page = await openPage({ permissions: ["clipboard-read", "clipboard-write"] });
+  await openExample(page, "wohnungen_cp1252.csv");
+  if (!(await moduleHas("importStatement"))) {
+    assert.ok(await page.locator("#statement").isHidden());
+    return;
+  }
+  await page.getByLabel("Import statement for").selectOption("pandas");
+  const shown = page.locator("#statement-text");
+  await shown.filter({ hasText: /read_csv\([^]*wohnungen_cp1252\.csv[^]*cp1252/ }).waitFor();
+  await page.getByLabel("Delimiter", { exact: true }).selectOption({ label: "bar |" });
+  await shown.filter({ hasText: "|" }).waitFor();
+  await page.getByRole("button", { name: "Copy the statement" }).click();
+  await page.getByText("Copied.").waitFor({ state: "attached" });
+  const copied = await page.evaluate(() => navigator.clipboard.readText());
+  assert.equal(copied, await shown.textContent());
+
+  await page.getByRole("button", { name: "Another file" }).click();
+  await openExample(page, "rechnungen.csv");
+  await page.getByLabel("Import statement for").selectOption("spark");
+  await shown.filter({ hasText: /thousands separators[^]*detect_layout convert/ }).waitFor();
+  assert.deepEqual(page.faults, []);
 });

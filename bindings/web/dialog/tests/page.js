@@ -15,6 +15,11 @@ const types = {
   ".wasm": "application/wasm",
 };
 
+/** Whether the module that is served has something, which not every build of it need have. */
+export async function moduleHas(name) {
+  return (await readFile(join(site, "textio/index.js"), "utf-8")).includes(name);
+}
+
 export const examples = fileURLToPath(new URL("../../../../examples/data/", import.meta.url));
 
 async function serve() {
