@@ -10,6 +10,15 @@ build_packages=(
     libgtest-dev                                          # the tests
 )
 
+# shellcheck disable=SC2034
+web_packages=(emscripten cmake ninja-build nodejs node-typescript)
+if ! command -v npm >/dev/null; then
+    web_packages+=(npm) # other builds of nodejs have it inside, and do not go with the package
+fi
+
+# shellcheck disable=SC2034
+dialog_packages=("${web_packages[@]}" chromium fonts-dejavu-core)
+
 missing_packages() {
     local package
     for package in "$@"; do
@@ -38,14 +47,14 @@ require_packages() {
     fi
 }
 
-# Configures and builds a CMake preset; further arguments go to the build. The output is shown only
-# if something fails.
+# Configures and builds a CMake preset, of the project or of presets_folder if that is set; further
+# arguments go to the build. The output is shown only if something fails.
 build_preset() {
     local preset=$1 log
     shift
     log=$(mktemp)
     echo "Building the preset $preset ..." >&2
-    if ! (cd "$project_root" && cmake --preset "$preset" &&
+    if ! (cd "${presets_folder:-$project_root}" && cmake --preset "$preset" &&
         cmake --build --preset "$preset" -j"$(nproc)" "$@") >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
