@@ -1,0 +1,34 @@
+#include "subcommands.hpp"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <vector>
+
+namespace detect_layout {
+
+std::span<const Subcommand> subcommands() noexcept {
+    static const std::vector<Subcommand> all{};
+    return all;
+}
+
+const Subcommand* subcommand_of(int count, const char* const* arguments) noexcept {
+    if (count < 2) {
+        return nullptr;
+    }
+    const auto all = subcommands();
+    const auto found = std::find_if(all.begin(), all.end(), [&](const Subcommand& subcommand) {
+        return subcommand.name == arguments[1];
+    });
+    return found == all.end() ? nullptr : &*found;
+}
+
+std::string list_subcommands() {
+    std::string text;
+    for (const Subcommand& subcommand : subcommands()) {
+        text += fmt::format("  {:<8} {}\n", subcommand.name, subcommand.what);
+    }
+    return text;
+}
+
+} // namespace detect_layout
