@@ -1,14 +1,18 @@
 #include "subcommands.hpp"
 
+#include "convert_command.hpp"
+
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <vector>
+#include <array>
 
 namespace detect_layout {
 
 std::span<const Subcommand> subcommands() noexcept {
-    static const std::vector<Subcommand> all{};
+    static constexpr std::array<Subcommand, 1> all{{
+        {"convert", "writes the table of a file in a plain format", run_convert},
+    }};
     return all;
 }
 
