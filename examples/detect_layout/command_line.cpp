@@ -61,8 +61,8 @@ void declare_rules(CLI::App& app, Settings& settings, OptionTexts& texts) {
 }
 
 std::string footer() {
-    return fmt::format("Other commands, each with a --help of its own:\n{}\n{}",
-                       list_subcommands(), examples);
+    return fmt::format("Other commands, each with a --help of its own:\n{}\n{}", list_subcommands(),
+                       examples);
 }
 
 } // namespace

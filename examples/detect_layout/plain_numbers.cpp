@@ -2,6 +2,7 @@
 
 #include "unicode.hpp"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace detect_layout {
@@ -34,18 +35,50 @@ std::size_t exponent_at(std::string_view text, std::size_t at) {
     return digits == 0 ? 0 : 1 + sign + digits;
 }
 
-/// The groups of three digits at `at`, each behind a separator, are added to `digits`. Gives their
-/// end.
-std::size_t take_groups(std::string_view text, std::size_t at, std::string_view separator,
-                        std::string& digits) {
-    constexpr std::size_t group = 3;
-    while (!separator.empty() && text.substr(at).starts_with(separator) &&
-           digits_at(text, at + separator.size()) == group) {
-        digits += text.substr(at + separator.size(), group);
-        at += separator.size() + group;
+/// Reads a text from its start on, and writes some of it.
+class Scan {
+public:
+    Scan(std::string_view text, char* to) : text_(text), to_(to) {}
+
+    /// Takes digits over; gives their number.
+    std::size_t take_digits() { return take(digits_at(text_, at_)); }
+
+    std::size_t take(std::size_t count) {
+        to_ = std::copy_n(text_.data() + at_, count, to_);
+        at_ += count;
+        return count;
     }
-    return at;
-}
+
+    /// Whether `sign` comes next, which is passed then.
+    bool pass(std::string_view sign) {
+        const bool is_next = is_ahead(sign);
+        at_ += is_next ? sign.size() : 0;
+        return is_next;
+    }
+
+    /// Takes over the groups of three digits that come next, each behind a separator.
+    void take_groups(std::string_view separator) {
+        constexpr std::size_t group = 3;
+        while (is_ahead(separator) && digits_at(text_, at_ + separator.size()) == group) {
+            at_ += separator.size();
+            take(group);
+        }
+    }
+
+    void write(char byte) { *to_++ = byte; }
+    [[nodiscard]] std::size_t at() const { return at_; }
+    [[nodiscard]] const char* to() const { return to_; }
+
+private:
+    [[nodiscard]] bool is_ahead(std::string_view sign) const {
+        return !sign.empty() && at_ < text_.size() && text_[at_] == sign.front() &&
+               text_.substr(at_).starts_with(sign);
+    }
+
+    std::string_view text_;
+    std::size_t at_ = 0;
+    char* to_;
+};
 
 std::string in_utf8(char16_t mark) {
     return mark == 0 ? std::string() : to_utf8({&mark, 1});
@@ -59,25 +92,20 @@ PlainNumbers::PlainNumbers(char16_t decimal_mark, char16_t thousands_separator)
 
 std::string_view PlainNumbers::plain(std::string_view text, std::string& buffer) const {
     constexpr std::size_t most_leading_digits = 3;
-    const std::size_t sign = sign_at(text, 0);
-    const std::size_t leading = digits_at(text, sign);
-    std::size_t digits = leading;
-    std::size_t at = sign + leading;
-    buffer.assign(text.substr(0, at));
-    if (leading >= 1 && leading <= most_leading_digits) {
-        at = take_groups(text, at, thousands_, buffer);
+    buffer.resize(text.size() + 1);
+    Scan scan(text, buffer.data());
+    scan.take(sign_at(text, 0));
+    std::size_t digits = scan.take_digits();
+    if (digits >= 1 && digits <= most_leading_digits) {
+        scan.take_groups(thousands_);
     }
-    if (text.substr(at).starts_with(decimal_)) {
-        at += decimal_.size();
-        const std::size_t fraction = digits_at(text, at);
-        buffer += '.';
-        buffer += text.substr(at, fraction);
-        at += fraction;
-        digits += fraction;
+    if (scan.pass(decimal_)) {
+        scan.write('.');
+        digits += scan.take_digits();
     }
-    const std::size_t exponent = exponent_at(text, at);
-    buffer += text.substr(at, exponent);
-    return digits > 0 && at + exponent == text.size() ? std::string_view(buffer) : text;
+    scan.take(exponent_at(text, scan.at()));
+    const auto size = static_cast<std::size_t>(scan.to() - buffer.data());
+    return digits > 0 && scan.at() == text.size() ? std::string_view(buffer.data(), size) : text;
 }
 
 std::string_view json_number(std::string_view text, std::string& buffer) {

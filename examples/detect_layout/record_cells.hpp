@@ -3,7 +3,6 @@
 #include "byte_buffer.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
-#include "utf8_encoding.hpp"
 
 #include <array>
 #include <cstddef>
@@ -46,17 +45,19 @@ public:
     [[nodiscard]] bool has_replacement() const noexcept { return has_replacement_; }
 
 private:
-    bool take_plain(std::span<const textio::Field> fields);
+    bool take_narrowed(std::span<const textio::Field> fields);
     void take_each(std::span<const textio::Field> fields);
+    [[nodiscard]] std::string_view unquoted(const textio::Field& field, std::string_view value);
     [[nodiscard]] std::u16string_view value_of(const textio::Field& field);
     [[nodiscard]] bool is_blank(char16_t unit) const;
 
     const textio::parser::options& options_;
-    Reserved reserved_;
+    char16_t delimiter_;
     std::array<bool, 128> blanks_{}; ///< of ASCII
     bool has_usual_blanks_;
-    std::u16string unquoted_;
+    std::u16string value_;
     ByteBuffer bytes_;
+    ByteBuffer unquoted_bytes_;
     std::vector<std::size_t> ends_;
     std::vector<std::string_view> cells_;
     std::span<char> joined_;

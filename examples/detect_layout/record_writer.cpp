@@ -1,10 +1,10 @@
 #include "record_writer.hpp"
 
 #include "column_names.hpp"
+#include "plain_copy.hpp"
 #include "plain_numbers.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 #include <cstring>
 #include <string_view>
@@ -18,11 +18,7 @@ namespace {
 class SeparatedWriter : public RecordWriter {
 public:
     SeparatedWriter(char delimiter, std::vector<WrittenColumn> columns)
-        : delimiter_(delimiter), columns_(std::move(columns)) {
-        for (const char byte : {delimiter, '"', '\n', '\r'}) {
-            needs_quotes_[static_cast<unsigned char>(byte)] = true;
-        }
-    }
+        : delimiter_(delimiter), columns_(std::move(columns)) {}
 
     void write_names(ByteBuffer& out) const override {
         for (const WrittenColumn& column : columns_) {
@@ -77,15 +73,12 @@ private:
 
     void write_value(std::string_view value, ByteBuffer& out) const {
         const auto is_blank = [](char byte) { return byte == ' ' || byte == '\t'; };
-        const bool has_blank_end =
-            !value.empty() && (is_blank(value.front()) || is_blank(value.back()));
-        if (!has_blank_end && std::none_of(value.begin(), value.end(), [this](char byte) {
-                return needs_quotes_[static_cast<unsigned char>(byte)];
-            })) {
-            out.append(value);
+        char* at = out.room(2 * value.size() + 2);
+        const bool is_special = copy_checked(value, delimiter_, at);
+        if (value.empty() || (!is_special && !is_blank(value.front()) && !is_blank(value.back()))) {
+            out.fill_to(at + value.size());
             return;
         }
-        char* at = out.room(2 * value.size() + 2);
         *at++ = '"';
         for (const char byte : value) {
             *at++ = byte;
@@ -99,7 +92,6 @@ private:
 
     const char delimiter_;
     const std::vector<WrittenColumn> columns_;
-    std::array<bool, 256> needs_quotes_{};
 };
 
 /// Adds `text` as JSON has it, without quotes around it.
