@@ -43,9 +43,8 @@ void copy_block(const Text* from, Signs<Unit> signs, char* to, Bits<Unit>& bits)
     for (std::size_t i = 0; i < count; ++i) {
         const Unit unit = units[i];
         quotes[i] = all_bits_if<Unit>(unit == signs.quote);
-        specials[i] = static_cast<Unit>(
-            all_bits_if<Unit>(unit == Unit{'\n'}) | all_bits_if<Unit>(unit == Unit{'\r'}) |
-            all_bits_if<Unit>(unit == Unit{'"'}) | all_bits_if<Unit>(unit == signs.delimiter));
+        specials[i] = static_cast<Unit>(all_bits_if<Unit>(unit == Unit{'\n'}) | all_bits_if<Unit>(unit == Unit{'\r'}) |
+                                        all_bits_if<Unit>(unit == Unit{'"'}) | all_bits_if<Unit>(unit == signs.delimiter));
     }
     for (std::size_t i = 0; i < count; ++i) {
         bits.any = static_cast<Unit>(bits.any | units[i]);
@@ -82,8 +81,7 @@ Bits<Unit> copy(std::basic_string_view<Text> text, Signs<Unit> signs, char* to) 
 
 } // namespace
 
-Seen copy_narrowed(std::u16string_view text, char16_t quote, char16_t delimiter,
-                   char* to) noexcept {
+Seen copy_narrowed(std::u16string_view text, char16_t quote, char16_t delimiter, char* to) noexcept {
     const auto bits = copy<std::uint16_t>(text, {quote, delimiter}, to);
     return {bits.any > 0x7F, bits.quote != 0, bits.special != 0};
 }

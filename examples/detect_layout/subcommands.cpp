@@ -1,6 +1,7 @@
 #include "subcommands.hpp"
 
 #include "convert_command.hpp"
+#include "diff_command.hpp"
 
 #include <fmt/format.h>
 
@@ -10,8 +11,9 @@
 namespace detect_layout {
 
 std::span<const Subcommand> subcommands() noexcept {
-    static constexpr std::array<Subcommand, 1> all{{
+    static constexpr std::array<Subcommand, 2> all{{
         {"convert", "writes the table of a file in a plain format", run_convert},
+        {"diff", "tells whether two files are laid out alike", run_diff},
     }};
     return all;
 }
@@ -21,9 +23,8 @@ const Subcommand* subcommand_of(int count, const char* const* arguments) noexcep
         return nullptr;
     }
     const auto all = subcommands();
-    const auto found = std::find_if(all.begin(), all.end(), [&](const Subcommand& subcommand) {
-        return subcommand.name == arguments[1];
-    });
+    const auto found =
+        std::find_if(all.begin(), all.end(), [&](const Subcommand& subcommand) { return subcommand.name == arguments[1]; });
     return found == all.end() ? nullptr : &*found;
 }
 
