@@ -145,7 +145,15 @@ TEST(Completion, offers_what_can_follow) {
              {"--json --comment-", "--comment-end"},
              {"--show ''", ""},
              {"--rows = 1", ""},
-             {"sto", ""},
+             {"stock", "stock.txt"},
+             {"conv", "convert"},
+             {"x conv", ""},
+             {"convert --t", "--to"},
+             {"convert --to = js", "jsonl"},
+             {"convert --irregular s", "skip stop"},
+             {"convert --rul", ""},
+             {"diff --fo", ""},
+             {"--fo", ""},
          }) {
         const Outcome result =
             run_script("bash -c \"source ../detect_layout/detect_layout.bash; COMP_WORDS=(detect_layout " + words +
