@@ -148,7 +148,7 @@ TEST(Completion, offers_what_can_follow) {
              {"stock", "stock.txt"},
              {"conv", "convert"},
              {"x conv", ""},
-             {"convert --t", "--to"},
+             {"convert --iso", "--iso-dates"},
              {"convert --to = js", "jsonl"},
              {"convert --irregular s", "skip stop"},
              {"convert --rul", ""},
