@@ -1,5 +1,6 @@
 #include "plain_copy.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -8,87 +9,86 @@ namespace detect_layout {
 
 namespace {
 
-/// Bits of units that were seen, or all of them for a unit that was looked for.
-template <typename Unit>
-struct Bits {
-    Unit any = 0;
-    Unit quote = 0;
-    Unit special = 0;
-};
-
 template <typename Unit>
 struct Signs {
     Unit quote;
     Unit delimiter;
 };
 
-template <typename Unit>
-Unit all_bits_if(bool is) noexcept {
-    return static_cast<Unit>(is ? ~Unit{0} : Unit{0});
+/// So many units side by side, which are compared and combined in one go.
+template <typename Unit, std::size_t count>
+struct Side {
+    using By [[gnu::vector_size(count * sizeof(Unit))]] = Unit;
+};
+
+/// Whether a bit of `mask` is set in some of `units`.
+template <std::size_t count, typename Unit, typename Units>
+bool has_any(const Units& units, Unit mask) noexcept {
+    std::array<Unit, count> all;
+    std::memcpy(all.data(), &units, sizeof units);
+    Unit bits = 0;
+    for (const Unit unit : all) {
+        bits = static_cast<Unit>(bits | unit);
+    }
+    return (bits & mask) != 0;
 }
 
-/// Copies so many units: a constant, and arrays that nothing else views, so that compilers use
-/// vectors.
+/// Copies a text of at least so many units.
 template <std::size_t count, typename Unit, typename Text>
-void copy_block(const Text* from, Signs<Unit> signs, char* to, Bits<Unit>& bits) noexcept {
-    std::array<Unit, count> units;
-    std::array<Unit, count> quotes;
-    std::array<Unit, count> specials;
-    std::array<char, count> bytes;
-    std::memcpy(units.data(), from, sizeof units);
-    for (std::size_t i = 0; i < count; ++i) {
-        bytes[i] = static_cast<char>(units[i]);
+Seen copy_blocks(std::basic_string_view<Text> text, Signs<Unit> signs, char* to) noexcept {
+    using Units = typename Side<Unit, count>::By;
+    using Bytes = typename Side<std::uint8_t, count>::By;
+    Units any{};
+    Units quote{};
+    Units special{};
+    const std::size_t last = text.size() - count; // of this block, some perhaps once more
+    for (std::size_t at = 0;; at += count) {
+        const std::size_t place = std::min(at, last);
+        Units units;
+        std::memcpy(&units, text.data() + place, sizeof units);
+        const Bytes bytes = __builtin_convertvector(units, Bytes);
+        std::memcpy(to + place, &bytes, sizeof bytes);
+        any |= units;
+        quote |= Units(units == signs.quote);
+        special |= Units(units == Unit{'\n'}) | Units(units == Unit{'\r'}) |
+                   Units(units == Unit{'"'}) | Units(units == signs.delimiter);
+        if (at >= last) {
+            break;
+        }
     }
-    std::memcpy(to, bytes.data(), count);
-    for (std::size_t i = 0; i < count; ++i) {
-        const Unit unit = units[i];
-        quotes[i] = all_bits_if<Unit>(unit == signs.quote);
-        specials[i] = static_cast<Unit>(all_bits_if<Unit>(unit == Unit{'\n'}) | all_bits_if<Unit>(unit == Unit{'\r'}) |
-                                        all_bits_if<Unit>(unit == Unit{'"'}) | all_bits_if<Unit>(unit == signs.delimiter));
-    }
-    for (std::size_t i = 0; i < count; ++i) {
-        bits.any = static_cast<Unit>(bits.any | units[i]);
-        bits.quote = static_cast<Unit>(bits.quote | quotes[i]);
-        bits.special = static_cast<Unit>(bits.special | specials[i]);
-    }
+    constexpr auto all_bits = static_cast<Unit>(~Unit{0});
+    return {has_any<count>(any, static_cast<Unit>(all_bits << 7U)), has_any<count>(quote, all_bits),
+            has_any<count>(special, all_bits)};
 }
 
 template <typename Unit, typename Text>
-Bits<Unit> copy(std::basic_string_view<Text> text, Signs<Unit> signs, char* to) noexcept {
-    constexpr std::size_t block = 16;
-    constexpr std::size_t half = 8;
-    Bits<Unit> bits;
-    const std::size_t size = text.size();
-    if (size >= block) {
-        for (std::size_t at = 0; at + block < size; at += block) {
-            copy_block<block>(text.data() + at, signs, to + at, bits);
-        }
-        const std::size_t last = size - block; // some of it perhaps once more
-        copy_block<block>(text.data() + last, signs, to + last, bits);
-        return bits;
+Seen copy(std::basic_string_view<Text> text, Signs<Unit> signs, char* to) noexcept {
+    constexpr std::size_t block = 16 / sizeof(Unit); // what all machines have vectors for
+    if (text.size() >= block) {
+        return copy_blocks<block>(text, signs, to);
     }
-    if (size >= half) {
-        copy_block<half>(text.data(), signs, to, bits);
-        const std::size_t last = size - half;
-        copy_block<half>(text.data() + last, signs, to + last, bits);
-        return bits;
+    Seen seen;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const auto unit = static_cast<Unit>(text[at]);
+        to[at] = static_cast<char>(unit);
+        seen.beyond_ascii = seen.beyond_ascii || unit > 0x7F;
+        seen.quote = seen.quote || unit == signs.quote;
+        seen.special = seen.special || unit == Unit{'\n'} || unit == Unit{'\r'} ||
+                       unit == Unit{'"'} || unit == signs.delimiter;
     }
-    for (std::size_t at = 0; at < size; ++at) {
-        copy_block<1>(text.data() + at, signs, to + at, bits);
-    }
-    return bits;
+    return seen;
 }
 
 } // namespace
 
-Seen copy_narrowed(std::u16string_view text, char16_t quote, char16_t delimiter, char* to) noexcept {
-    const auto bits = copy<std::uint16_t>(text, {quote, delimiter}, to);
-    return {bits.any > 0x7F, bits.quote != 0, bits.special != 0};
+Seen copy_narrowed(std::u16string_view text, char16_t quote, char16_t delimiter,
+                   char* to) noexcept {
+    return copy<std::uint16_t>(text, {quote, delimiter}, to);
 }
 
 bool copy_checked(std::string_view text, char delimiter, char* to) noexcept {
     const auto unit = static_cast<std::uint8_t>(delimiter);
-    return copy<std::uint8_t>(text, {unit, unit}, to).special != 0;
+    return copy<std::uint8_t>(text, {unit, unit}, to).special;
 }
 
 } // namespace detect_layout
