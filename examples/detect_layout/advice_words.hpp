@@ -11,6 +11,9 @@ namespace detect_layout {
 /// How far an answer can be relied on, and what it could be instead.
 [[nodiscard]] std::string confidence_phrase(const textio::advice::Advice& advice);
 
+/// Whether a person should look at an answer before it is relied on.
+[[nodiscard]] bool is_doubtful(const textio::advice::Advice& advice) noexcept;
+
 /// What a column holds and how much is missing, as in `number, 3 of 20 missing`.
 [[nodiscard]] std::string column_phrase(const textio::advice::Column& column);
 
