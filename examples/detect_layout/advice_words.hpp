@@ -15,7 +15,8 @@ namespace detect_layout {
 [[nodiscard]] bool is_doubtful(const textio::advice::Advice& advice) noexcept;
 
 /// A class of values for a program: `number`, `date`, `short_duration`.
-[[nodiscard]] std::string_view class_name(zentor::io::text::typedetection::FieldClass type) noexcept;
+[[nodiscard]] std::string_view
+class_name(zentor::io::text::typedetection::FieldClass type) noexcept;
 
 /// What a column holds and how much is missing, as in `number, 3 of 20 missing`.
 [[nodiscard]] std::string column_phrase(const textio::advice::Column& column);

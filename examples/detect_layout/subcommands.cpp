@@ -23,8 +23,9 @@ const Subcommand* subcommand_of(int count, const char* const* arguments) noexcep
         return nullptr;
     }
     const auto all = subcommands();
-    const auto found =
-        std::find_if(all.begin(), all.end(), [&](const Subcommand& subcommand) { return subcommand.name == arguments[1]; });
+    const auto found = std::find_if(all.begin(), all.end(), [&](const Subcommand& subcommand) {
+        return subcommand.name == arguments[1];
+    });
     return found == all.end() ? nullptr : &*found;
 }
 
