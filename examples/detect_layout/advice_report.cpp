@@ -35,8 +35,9 @@ std::string table_phrase(const Advised& advised) {
 /// Where the names and the data stand.
 std::string place_phrase(const Proposal& proposal) {
     const auto data = fmt::format("data from line {}", proposal.first_data_line + 1);
-    return proposal.names_line == textio::advice::no_line ? data + ", no names"
-                                                          : fmt::format("{}, names on line {}", data, proposal.names_line + 1);
+    return proposal.names_line == textio::advice::no_line
+               ? data + ", no names"
+               : fmt::format("{}, names on line {}", data, proposal.names_line + 1);
 }
 
 /// The signs that a reader of the table has to know.
@@ -67,7 +68,9 @@ std::vector<CellText> shown_names(const std::vector<Column>& columns) {
     std::vector<CellText> names;
     for (std::size_t i = 0; i < std::min(columns.size(), most_columns); ++i) {
         const CellText name = printable(columns[i].name, most_name_width);
-        names.push_back(name.width > 0 ? name : printable(to_utf16(fmt::format("column {}", i + 1)), most_name_width));
+        names.push_back(
+            name.width > 0 ? name
+                           : printable(to_utf16(fmt::format("column {}", i + 1)), most_name_width));
     }
     return names;
 }
@@ -80,7 +83,8 @@ std::string column_lines(const std::vector<Column>& columns) {
     }
     std::string text = answer_line("columns", std::to_string(columns.size()));
     for (std::size_t i = 0; i < names.size(); ++i) {
-        text += fmt::format("    {}{} {}\n", names[i].utf8, std::string(width - names[i].width, ' '), column_phrase(columns[i]));
+        text += fmt::format("    {}{} {}\n", names[i].utf8,
+                            std::string(width - names[i].width, ' '), column_phrase(columns[i]));
     }
     if (columns.size() > names.size()) {
         text += fmt::format("    \u22EE {} more\n", columns.size() - names.size());
@@ -89,7 +93,8 @@ std::string column_lines(const std::vector<Column>& columns) {
 }
 
 std::string rules_phrase(const textio::GenericStrategy& layout) {
-    return fmt::format("{}, {} (see --rules)", layout_phrase(layout), counted(layout.num_variables(), "variable"));
+    return fmt::format("{}, {} (see --rules)", layout_phrase(layout),
+                       counted(layout.num_variables(), "variable"));
 }
 
 } // namespace
@@ -99,7 +104,8 @@ bool has_quotes(const textio::GenericStrategy& layout) {
     const auto& fields = layout.field_array()->fields;
     return quote != 0 && std::any_of(fields.begin(), fields.end(), [quote](const auto& field) {
                const auto text = field.view();
-               return text.substr(std::min(text.find_first_not_of(u" \t"), text.size())).starts_with(quote);
+               return text.substr(std::min(text.find_first_not_of(u" \t"), text.size()))
+                   .starts_with(quote);
            });
 }
 
@@ -136,8 +142,9 @@ std::string summarise(const Advised& advised) {
 std::string list_proposals(const Advised& advised) {
     std::string text = "Readings, the best first:\n";
     for (const Proposal& proposal : advised.advice.proposals) {
-        text += fmt::format("  {}: {}\n    score {:.2f}, lowered by {}\n", one_line(layout_phrase(*proposal.strategy)),
-                            evidence_phrase(proposal), proposal.score, doubts_phrase(proposal));
+        text += fmt::format("  {}: {}\n    score {:.2f}, lowered by {}\n",
+                            one_line(layout_phrase(*proposal.strategy)), evidence_phrase(proposal),
+                            proposal.score, doubts_phrase(proposal));
     }
     return text;
 }

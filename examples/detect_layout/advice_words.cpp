@@ -64,9 +64,10 @@ std::string_view doubt_of(std::string_view term, StrategyMode mode) {
 }
 
 std::size_t count_of(const std::vector<Column>& columns, std::initializer_list<FieldClass> types) {
-    return static_cast<std::size_t>(std::count_if(columns.begin(), columns.end(), [types](const Column& column) {
-        return std::find(types.begin(), types.end(), column.type) != types.end();
-    }));
+    return static_cast<std::size_t>(
+        std::count_if(columns.begin(), columns.end(), [types](const Column& column) {
+            return std::find(types.begin(), types.end(), column.type) != types.end();
+        }));
 }
 
 std::string_view class_phrase(FieldClass type) {
@@ -97,24 +98,29 @@ std::string rows_phrase(const Proposal& proposal) {
     const auto& sample = *proposal.strategy->field_array();
     const auto rows = filled_lines(sample, 0);
     const auto columns = proposal.columns.size();
-    const auto regular =
-        std::count_if(rows.begin(), rows.end(), [&](std::size_t row) { return sample.line(row).size() == columns; });
-    return share(static_cast<std::size_t>(regular), rows.size()) + " have " + counted(columns, "field");
+    const auto regular = std::count_if(rows.begin(), rows.end(), [&](std::size_t row) {
+        return sample.line(row).size() == columns;
+    });
+    return share(static_cast<std::size_t>(regular), rows.size()) + " have " +
+           counted(columns, "field");
 }
 
 /// `5 of 6 columns hold numbers, 1 text`.
 std::string columns_by_kind(const std::vector<Column>& columns) {
-    const auto numbers = count_of(columns, {FieldClass::number, FieldClass::hex_number, FieldClass::binary_number});
-    const auto times =
-        count_of(columns, {FieldClass::date, FieldClass::datetime, FieldClass::duration, FieldClass::short_duration});
+    const auto numbers =
+        count_of(columns, {FieldClass::number, FieldClass::hex_number, FieldClass::binary_number});
+    const auto times = count_of(columns, {FieldClass::date, FieldClass::datetime,
+                                          FieldClass::duration, FieldClass::short_duration});
     const auto texts = count_of(columns, {FieldClass::text, FieldClass::delimiter_like});
     const auto empty = count_of(columns, {FieldClass::unknown});
     std::vector<std::string> parts;
-    for (const auto& [count, what] : {std::pair(numbers, "numbers"), std::pair(times, "dates or times"), std::pair(texts, "text"),
-                                      std::pair(empty, "nothing")}) {
+    for (const auto& [count, what] :
+         {std::pair(numbers, "numbers"), std::pair(times, "dates or times"),
+          std::pair(texts, "text"), std::pair(empty, "nothing")}) {
         if (count > 0) {
             const auto verb = parts.empty()
-                                  ? fmt::format(" of {} {}", counted(columns.size(), "column"), count == 1 ? "holds" : "hold")
+                                  ? fmt::format(" of {} {}", counted(columns.size(), "column"),
+                                                count == 1 ? "holds" : "hold")
                                   : std::string();
             parts.push_back(fmt::format("{}{} {}", count, verb, what));
         }

@@ -18,7 +18,8 @@ bool are_rivals(const Proposal& one, const Proposal& other) {
     const auto mode = one.strategy->mode();
     const auto other_mode = other.strategy->mode();
     if (mode == StrategyMode::delimited || other_mode == StrategyMode::delimited) {
-        return mode != other_mode || one.strategy->options().delimiters != other.strategy->options().delimiters;
+        return mode != other_mode ||
+               one.strategy->options().delimiters != other.strategy->options().delimiters;
     }
     // Blanks and fixed positions that give the same number of columns are taken to give the same
     // columns.
@@ -30,10 +31,12 @@ bool are_rivals(const Proposal& one, const Proposal& other) {
 Advice without_fixed_widths(const textio::Field& text, const Settings& settings) {
     Advice all;
     textio::advice::Settings known = settings.known;
-    for (const auto mode : {StrategyMode::delimited, StrategyMode::space_aligned, StrategyMode::line_reader}) {
+    for (const auto mode :
+         {StrategyMode::delimited, StrategyMode::space_aligned, StrategyMode::line_reader}) {
         known.layout = mode;
         Advice advice = textio::advice::advise(text, settings.rows, known);
-        std::move(advice.proposals.begin(), advice.proposals.end(), std::back_inserter(all.proposals));
+        std::move(advice.proposals.begin(), advice.proposals.end(),
+                  std::back_inserter(all.proposals));
     }
     // A text that cannot be read in the layout asked for is read as lines, once more.
     std::stable_sort(all.proposals.begin(), all.proposals.end(),
@@ -52,18 +55,21 @@ Advice without_fixed_widths(const textio::Field& text, const Settings& settings)
 
 /// A delimiter that separates nothing is none.
 bool is_one_column(const textio::GenericStrategy& layout, std::size_t columns) {
-    return layout.mode() == StrategyMode::line_reader || (layout.mode() == StrategyMode::delimited && columns <= 1);
+    return layout.mode() == StrategyMode::line_reader ||
+           (layout.mode() == StrategyMode::delimited && columns <= 1);
 }
 
 } // namespace
 
 Advised advise(std::string file, std::unique_ptr<ByteSource> bytes, const Settings& settings) {
-    auto input = std::make_unique<TextInput>(std::move(bytes), settings.encoding, settings.options.line_endings);
+    auto input = std::make_unique<TextInput>(std::move(bytes), settings.encoding,
+                                             settings.options.line_endings);
     const textio::Field& text = input->text();
     const bool is_open = !settings.known.layout;
-    const bool excludes_fixed = is_open && settings.options.layout_hint == textio::parser::layout::no_fixed_width;
-    Advice advice =
-        excludes_fixed ? without_fixed_widths(text, settings) : textio::advice::advise(text, settings.rows, settings.known);
+    const bool excludes_fixed =
+        is_open && settings.options.layout_hint == textio::parser::layout::no_fixed_width;
+    Advice advice = excludes_fixed ? without_fixed_widths(text, settings)
+                                   : textio::advice::advise(text, settings.rows, settings.known);
     auto by_rules = settings.rules_know_all() ? ask_rules(text, settings) : nullptr;
     return {std::move(file), std::move(input), std::move(advice), std::move(by_rules)};
 }
@@ -74,17 +80,20 @@ bool rules_differ(const Advised& advised) {
     }
     const auto& best = *advised.best().strategy;
     const auto& rules = *advised.by_rules;
-    if (is_one_column(best, advised.best().columns.size()) && is_one_column(rules, rules.num_variables())) {
+    if (is_one_column(best, advised.best().columns.size()) &&
+        is_one_column(rules, rules.num_variables())) {
         return false;
     }
-    return best.mode() != rules.mode() ||
-           (best.mode() == StrategyMode::delimited && best.options().delimiters != rules.options().delimiters);
+    return best.mode() != rules.mode() || (best.mode() == StrategyMode::delimited &&
+                                           best.options().delimiters != rules.options().delimiters);
 }
 
 const Proposal* rival_of_best(const Advice& advice) {
     const auto& proposals = advice.proposals;
-    const auto rival = std::find_if(proposals.begin() + 1, proposals.end(),
-                                    [&](const Proposal& proposal) { return are_rivals(proposals.front(), proposal); });
+    const auto rival =
+        std::find_if(proposals.begin() + 1, proposals.end(), [&](const Proposal& proposal) {
+            return are_rivals(proposals.front(), proposal);
+        });
     return rival == proposals.end() ? nullptr : &*rival;
 }
 

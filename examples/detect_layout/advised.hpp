@@ -25,7 +25,8 @@ struct Advised {
 
 /// Asks for the best readings of the text that `bytes` hold. Throws `UserError` if they cannot be
 /// read.
-[[nodiscard]] Advised advise(std::string file, std::unique_ptr<ByteSource> bytes, const Settings& settings);
+[[nodiscard]] Advised advise(std::string file, std::unique_ptr<ByteSource> bytes,
+                             const Settings& settings);
 
 /// Whether the rules were asked and cut the rows in another way than the best proposal.
 [[nodiscard]] bool rules_differ(const Advised& advised);

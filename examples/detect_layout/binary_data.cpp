@@ -60,9 +60,12 @@ std::string described(std::string_view head, int what) {
 
 /// Whether libmagic knows a format in which that type of content is no text.
 bool is_known_format(std::string_view type) {
-    constexpr std::array<std::string_view, 5> binary{"application/", "image/", "audio/", "video/", "font/"};
-    constexpr std::array<std::string_view, 3> unknown{"application/octet-stream", "application/json", "application/csv"};
-    return std::any_of(binary.begin(), binary.end(), [type](auto start) { return type.starts_with(start); }) &&
+    constexpr std::array<std::string_view, 5> binary{"application/", "image/", "audio/", "video/",
+                                                     "font/"};
+    constexpr std::array<std::string_view, 3> unknown{"application/octet-stream",
+                                                      "application/json", "application/csv"};
+    return std::any_of(binary.begin(), binary.end(),
+                       [type](auto start) { return type.starts_with(start); }) &&
            std::find(unknown.begin(), unknown.end(), type) == unknown.end();
 }
 

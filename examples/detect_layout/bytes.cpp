@@ -30,7 +30,8 @@ namespace {
 class FileBytes : public ByteSource {
 public:
     explicit FileBytes(const std::string& path) {
-        const int descriptor = path == "-" ? dup(STDIN_FILENO) : open(path.c_str(), O_RDONLY | O_CLOEXEC);
+        const int descriptor =
+            path == "-" ? dup(STDIN_FILENO) : open(path.c_str(), O_RDONLY | O_CLOEXEC);
         if (descriptor == -1) {
             fail(errno);
         }

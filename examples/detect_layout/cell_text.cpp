@@ -19,7 +19,8 @@ constexpr UChar32 soft_hyphen = 0xAD;
 bool is_harmless(UChar32 format_character) {
     constexpr UChar32 non_joiner = 0x200C;
     constexpr UChar32 joiner = 0x200D;
-    return format_character == soft_hyphen || format_character == non_joiner || format_character == joiner;
+    return format_character == soft_hyphen || format_character == non_joiner ||
+           format_character == joiner;
 }
 
 /// Something to see in the place of a character that would move the cursor, change the terminal's
@@ -44,7 +45,8 @@ UChar32 visible(UChar32 character) {
         return control_pictures + character;
     }
     const auto category = u_charType(character);
-    const bool is_harmful = category == U_CONTROL_CHAR || category == U_LINE_SEPARATOR || category == U_PARAGRAPH_SEPARATOR ||
+    const bool is_harmful = category == U_CONTROL_CHAR || category == U_LINE_SEPARATOR ||
+                            category == U_PARAGRAPH_SEPARATOR ||
                             (category == U_FORMAT_CHAR && !is_harmless(character));
     return category == U_SURROGATE ? replacement_character : is_harmful ? box : character;
 }
@@ -61,7 +63,8 @@ std::size_t columns(UChar32 character) {
 std::u16string_view without_blanks(std::u16string_view text) {
     const auto first = text.find_first_not_of(u" \t");
     const auto last = text.find_last_not_of(u" \t\r\n");
-    return first > last || last == std::u16string_view::npos ? std::u16string_view() : text.substr(first, last - first + 1);
+    return first > last || last == std::u16string_view::npos ? std::u16string_view()
+                                                             : text.substr(first, last - first + 1);
 }
 
 void append(std::string& utf8, UChar32 character) {

@@ -34,8 +34,9 @@ struct Mark {
 
 // The marks of UTF-32 come first, because that of UTF-16LE is the start of that of UTF-32LE.
 constexpr std::array marks{
-    Mark{"\xFF\xFE\0\0"sv, "UTF-32LE"}, Mark{"\0\0\xFE\xFF"sv, "UTF-32BE"}, Mark{"\xEF\xBB\xBF"sv, "UTF-8"},
-    Mark{"\xFF\xFE"sv, "UTF-16LE"},     Mark{"\xFE\xFF"sv, "UTF-16BE"},
+    Mark{"\xFF\xFE\0\0"sv, "UTF-32LE"}, Mark{"\0\0\xFE\xFF"sv, "UTF-32BE"},
+    Mark{"\xEF\xBB\xBF"sv, "UTF-8"},    Mark{"\xFF\xFE"sv, "UTF-16LE"},
+    Mark{"\xFE\xFF"sv, "UTF-16BE"},
 };
 
 /// Units of 16 or 32 bits, as far as whole ones are there.
@@ -52,7 +53,8 @@ std::vector<UChar32> units_of(std::string_view head, bool is_little_endian) {
 
 bool is_text(UChar32 character) {
     const bool is_control = u_iscntrl(character) != 0 && u_isspace(character) == 0;
-    return u_isdefined(character) != 0 && !is_control && u_charType(character) != U_PRIVATE_USE_CHAR;
+    return u_isdefined(character) != 0 && !is_control &&
+           u_charType(character) != U_PRIVATE_USE_CHAR;
 }
 
 /// Wrong units hardly ever make characters, and hardly ever those that every table has: digits,
@@ -70,7 +72,8 @@ bool is_table(const std::vector<UChar32>& units) {
         alphabet = block != 0 ? std::max(alphabet, count) : alphabet;
     }
     const bool has_common =
-        4 * ascii >= units.size() || (20 * ascii >= units.size() && 10 * (ascii + alphabet) >= 9 * units.size());
+        4 * ascii >= units.size() ||
+        (20 * ascii >= units.size() && 10 * (ascii + alphabet) >= 9 * units.size());
     return characters > 0 && has_common && 100 * (units.size() - characters) <= units.size();
 }
 

@@ -22,7 +22,8 @@ using zentor::io::text::typedetection::FieldClass;
 /// For each column of the table before, the same one of the table after; nothing if it has gone.
 using Matches = std::vector<std::optional<std::size_t>>;
 
-Matches matches_by_name(const std::vector<std::string>& before, const std::vector<std::string>& after) {
+Matches matches_by_name(const std::vector<std::string>& before,
+                        const std::vector<std::string>& after) {
     std::map<std::string, std::size_t> places;
     for (std::size_t i = 0; i < after.size(); ++i) {
         places.emplace(after[i], i);
@@ -79,8 +80,9 @@ std::vector<bool> columns_in_order(const Matches& matches) {
         if (!matches[i]) {
             continue;
         }
-        const auto at = std::lower_bound(tails.begin(), tails.end(), *matches[i],
-                                         [&](std::size_t tail, std::size_t place) { return *matches[tail] < place; });
+        const auto at = std::lower_bound(
+            tails.begin(), tails.end(), *matches[i],
+            [&](std::size_t tail, std::size_t place) { return *matches[tail] < place; });
         previous[i] = at == tails.begin() ? none : *std::prev(at);
         if (at == tails.end()) {
             tails.push_back(i);
@@ -96,12 +98,13 @@ std::vector<bool> columns_in_order(const Matches& matches) {
 }
 
 /// What is different about a column that both tables have.
-void compare(const Proposal& before, std::size_t i, const Proposal& after, std::size_t match, const std::string& name,
-             std::vector<std::string>& lines) {
+void compare(const Proposal& before, std::size_t i, const Proposal& after, std::size_t match,
+             const std::string& name, std::vector<std::string>& lines) {
     const FieldClass was = before.columns[i].type;
     const FieldClass is = after.columns[match].type;
     if (was != is && was != FieldClass::unknown && is != FieldClass::unknown) {
-        lines.push_back(fmt::format("values of '{}': {} -> {}", name, textio::name_of(was), textio::name_of(is)));
+        lines.push_back(
+            fmt::format("values of '{}': {} -> {}", name, textio::name_of(was), textio::name_of(is)));
     }
 }
 
@@ -115,7 +118,8 @@ std::vector<std::string> column_differences(const Proposal& before, const Propos
     const auto old_names = column_names(before);
     const auto new_names = column_names(after);
     const bool by_name = has_names(before) && has_names(after);
-    Matches matches = by_name ? matches_by_name(old_names, new_names) : matches_by_place(old_names.size(), new_names.size());
+    Matches matches = by_name ? matches_by_name(old_names, new_names)
+                              : matches_by_place(old_names.size(), new_names.size());
     const std::vector<bool> is_in_order = columns_in_order(matches);
     auto is_matched = matched_columns(matches, new_names.size());
     match_renamed(matches, is_matched);
@@ -128,7 +132,8 @@ std::vector<std::string> column_differences(const Proposal& before, const Propos
         }
         const std::size_t match = *matches[i];
         if (by_name && name != new_names[match]) {
-            lines.push_back(fmt::format("column {} renamed: '{}' -> '{}'", match + 1, name, new_names[match]));
+            lines.push_back(
+                fmt::format("column {} renamed: '{}' -> '{}'", match + 1, name, new_names[match]));
         } else if (!is_in_order[i]) {
             lines.push_back(fmt::format("column moved: '{}', {} -> {}", name, i + 1, match + 1));
         }

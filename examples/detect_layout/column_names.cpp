@@ -18,7 +18,8 @@ namespace {
 std::string own_name(std::u16string_view name, char16_t quote) {
     const std::u16string doubled(2, quote);
     std::u16string text(name);
-    for (std::size_t at = text.find(doubled); quote != 0 && at != std::u16string::npos; at = text.find(doubled, at + 1)) {
+    for (std::size_t at = text.find(doubled); quote != 0 && at != std::u16string::npos;
+         at = text.find(doubled, at + 1)) {
         text.erase(at, 1);
     }
     return to_utf8(text);

@@ -15,7 +15,8 @@ using zentor::io::text::typedetection::FieldClass;
 
 /// The values of the sample in a column that hold a digit: others stand for nothing, or are no
 /// dates.
-std::vector<std::string> sampled_dates(const Advised& advised, const Table& table, std::size_t column) {
+std::vector<std::string> sampled_dates(const Advised& advised, const Table& table,
+                                       std::size_t column) {
     std::vector<std::string> values;
     std::u16string buffer;
     for (const std::size_t row : table.rows) {
@@ -23,7 +24,8 @@ std::vector<std::string> sampled_dates(const Advised& advised, const Table& tabl
         if (column >= fields.size()) {
             continue;
         }
-        const auto value = textio::reading::cell_value(fields[column], advised.best().strategy->options(), buffer);
+        const auto value =
+            textio::reading::cell_value(fields[column], advised.best().strategy->options(), buffer);
         if (value.find_first_of(u"0123456789") != std::u16string_view::npos) {
             values.push_back(to_utf8(value));
         }
@@ -34,12 +36,14 @@ std::vector<std::string> sampled_dates(const Advised& advised, const Table& tabl
 PlainNumbers numbers_of(const textio::advice::Proposal& proposal) {
     const auto& options = proposal.type_options;
     return {proposal.decimal_mark != 0 ? proposal.decimal_mark : options.decimal_separator,
-            proposal.thousands_separator != 0 ? proposal.thousands_separator : options.thousands_separator};
+            proposal.thousands_separator != 0 ? proposal.thousands_separator
+                                              : options.thousands_separator};
 }
 
 } // namespace
 
-ColumnValues::ColumnValues(const Advised& advised, bool iso_dates) : numbers_(numbers_of(advised.best())) {
+ColumnValues::ColumnValues(const Advised& advised, bool iso_dates)
+    : numbers_(numbers_of(advised.best())) {
     const auto& best = advised.best();
     for (const std::u16string& text : best.type_options.treat_as_missing) {
         missing_.push_back(to_utf8(text));

@@ -25,7 +25,9 @@ public:
     bool make_plain(RecordCells& record);
 
     /// Columns of dates that are left as they are though ISO dates are asked for.
-    [[nodiscard]] const std::vector<std::size_t>& unsure_dates() const noexcept { return unsure_dates_; }
+    [[nodiscard]] const std::vector<std::size_t>& unsure_dates() const noexcept {
+        return unsure_dates_;
+    }
 
 private:
     /// A column with values that may have to be replaced.

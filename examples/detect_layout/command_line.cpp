@@ -27,19 +27,24 @@ What you say is taken for certain, and the rest is found. A character C is one c
 
 void declare_output(CLI::App& app, Settings& settings) {
     const char* const group = "Output";
-    app.add_flag("--json", settings.json, "One JSON object per input, each on one line")->group(group);
-    app.add_flag("--explain", settings.explain, "Show what was compared, and what spoke for it and against it")->group(group);
+    app.add_flag("--json", settings.json, "One JSON object per input, each on one line")
+        ->group(group);
+    app.add_flag("--explain", settings.explain,
+                 "Show what was compared, and what spoke for it and against it")
+        ->group(group);
     app.add_option("--show", settings.shown_rows, "Data rows in the picture (default 10)")
         ->type_name("N")
         ->check(no_sign())
         ->group(group);
-    app.add_flag("-r,--recursive", settings.recursive, "Look at all files of a directory")->group(group);
+    app.add_flag("-r,--recursive", settings.recursive, "Look at all files of a directory")
+        ->group(group);
 }
 
 void declare_rules(CLI::App& app, Settings& settings, OptionTexts& texts) {
     const char* const group = "The older way";
-    auto* const rules =
-        app.add_flag("--rules", settings.rules, "Answer by rules, which take what you do not say for usual")->group(group);
+    auto* const rules = app.add_flag("--rules", settings.rules,
+                                     "Answer by rules, which take what you do not say for usual")
+                            ->group(group);
     app.add_option("--exclude-delimiter", texts.excluded_delimiter,
                    "Character that is no delimiter (default the decimal mark); empty for none")
         ->type_name("C")
@@ -56,7 +61,8 @@ void declare_rules(CLI::App& app, Settings& settings, OptionTexts& texts) {
 }
 
 std::string footer() {
-    return fmt::format("Other commands, each with a --help of its own:\n{}\n{}", list_subcommands(), examples);
+    return fmt::format("Other commands, each with a --help of its own:\n{}\n{}", list_subcommands(),
+                       examples);
 }
 
 } // namespace

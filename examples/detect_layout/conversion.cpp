@@ -47,7 +47,8 @@ class Conversion {
 public:
     explicit Conversion(const ConversionSettings& settings)
         : settings_(settings), name_(settings.file == "-" ? "standard input" : settings.file),
-          output_(settings.output, settings.replaces), advised_(advise(settings.file, open_bytes(settings.file), settings.known)),
+          output_(settings.output, settings.replaces),
+          advised_(advise(settings.file, open_bytes(settings.file), settings.known)),
           progress_(shows_progress(), advised_.input->bytes().total() / megabyte),
           reports_(name_, settings.reports, settings.policy, progress_) {}
 
@@ -64,7 +65,8 @@ public:
         reports_.finish(records_);
         const std::size_t undecodable = input.undecodable();
         if (undecodable > 0) {
-            note(fmt::format("{} in {}", counted(undecodable, "undecodable byte sequence"), input.character_set().name));
+            note(fmt::format("{} in {}", counted(undecodable, "undecodable byte sequence"),
+                             input.character_set().name));
         }
         progress_.clear();
         output_.write(written_);
@@ -88,7 +90,8 @@ private:
         if (!advice.is_table) {
             note("no table seen; each line becomes a cell");
         } else if (is_doubtful(advice)) {
-            note(fmt::format("read as {}; {}", layout_phrase(*advised_.best().strategy), confidence_phrase(advice)));
+            note(fmt::format("read as {}; {}", layout_phrase(*advised_.best().strategy),
+                             confidence_phrase(advice)));
         }
     }
 
@@ -96,11 +99,13 @@ private:
         ColumnValues values(advised_, settings_.iso_dates);
         const auto columns = written_columns(advised_.best());
         for (const std::size_t column : values.unsure_dates()) {
-            note(fmt::format("the dates of '{}' are left as they are: day and month are not sure", columns[column].name));
+            note(fmt::format("the dates of '{}' are left as they are: day and month are not sure",
+                             columns[column].name));
         }
         const auto writer = make_writer(settings_.format, columns);
         writer->write_names(written_);
-        textio::reading::Reader reader(advised_.best(), advised_.input->stream(), reader_settings());
+        textio::reading::Reader reader(advised_.best(), advised_.input->stream(),
+                                       reader_settings());
         advised_.advice = {}; // a view of a text that is now read on
         advised_.by_rules.reset();
         RecordCells cells(reader.options(), delimiter_of(settings_.format));
@@ -159,8 +164,10 @@ private:
                                         "(--longest-record); perhaps a quote is never closed",
                                         too_long_line_ + 1, settings_.longest_record));
         }
-        throw UserError(end == End::stopped ? std::string("stopped at a record that does not fit")
-                                            : fmt::format("record {} starts with U+FFFF, which ends a text", records_ + 1));
+        throw UserError(
+            end == End::stopped
+                ? std::string("stopped at a record that does not fit")
+                : fmt::format("record {} starts with U+FFFF, which ends a text", records_ + 1));
     }
 
     const ConversionSettings& settings_;
@@ -182,7 +189,8 @@ bool convert(const ConversionSettings& settings) {
     try {
         return Conversion(settings).run();
     } catch (const UserError& error) {
-        throw UserError(fmt::format("{}: {}", settings.file == "-" ? "standard input" : settings.file, error.what()));
+        throw UserError(fmt::format(
+            "{}: {}", settings.file == "-" ? "standard input" : settings.file, error.what()));
     }
 }
 

@@ -26,23 +26,27 @@ The first line has the names of the columns; one without is column_3. Values are
 
 Exit status: 0 if all records fit, 1 if some do not or bytes could not be decoded, which standard error tells with their lines, 2 after an error. No output file is left then.)";
 
-const std::map<std::string, TableFormat> formats{
-    {"csv", TableFormat::comma_separated}, {"tsv", TableFormat::tab_separated}, {"jsonl", TableFormat::json_lines}};
+const std::map<std::string, TableFormat> formats{{"csv", TableFormat::comma_separated},
+                                                 {"tsv", TableFormat::tab_separated},
+                                                 {"jsonl", TableFormat::json_lines}};
 
 const std::map<std::string, Policy> policies{
     {"keep", Policy::keep}, {"pad", Policy::pad}, {"skip", Policy::skip}, {"stop", Policy::stop}};
 
 void declare_output(CLI::App& app, ConversionSettings& settings, std::string& format) {
     const char* const group = "Output";
-    app.add_option("-o,--output", settings.output, "The file to write; it is there once all of it is (default standard output)")
+    app.add_option("-o,--output", settings.output,
+                   "The file to write; it is there once all of it is (default standard output)")
         ->type_name("FILE")
         ->group(group);
     app.add_flag("--force", settings.replaces, "Replace the file if it exists")->group(group);
-    app.add_option("--to", format, "csv (default, with commas), tsv (with tabs), or jsonl (JSON lines), in UTF-8")
+    app.add_option("--to", format,
+                   "csv (default, with commas), tsv (with tabs), or jsonl (JSON lines), in UTF-8")
         ->type_name("FORMAT")
         ->check(CLI::IsMember(formats))
         ->group(group);
-    app.add_flag("--iso-dates", settings.iso_dates, "Write dates as 2024-06-10 where it is sure what is day and what month")
+    app.add_flag("--iso-dates", settings.iso_dates,
+                 "Write dates as 2024-06-10 where it is sure what is day and what month")
         ->group(group);
 }
 
@@ -58,7 +62,8 @@ void declare_faults(CLI::App& app, ConversionSettings& settings, std::string& po
         ->type_name("N")
         ->check(no_sign())
         ->group(group);
-    app.add_option("--longest-record", settings.longest_record, "UTF-16 code units that a record may have (default 16777216)")
+    app.add_option("--longest-record", settings.longest_record,
+                   "UTF-16 code units that a record may have (default 16777216)")
         ->type_name("N")
         ->check(no_sign())
         ->group(group);

@@ -12,7 +12,8 @@ namespace {
 
 /// Called by the converter for each byte sequence that it cannot decode, also for one that the
 /// text's end cuts short. `counter` is the count.
-void replace_and_count(const void* counter, UConverterToUnicodeArgs* arguments, const char* /*bytes*/, std::int32_t /*length*/,
+void replace_and_count(const void* counter, UConverterToUnicodeArgs* arguments,
+                       const char* /*bytes*/, std::int32_t /*length*/,
                        UConverterCallbackReason reason, UErrorCode* status) {
     if (reason > UCNV_IRREGULAR) {
         return; // the converter is reset, closed or cloned
@@ -24,10 +25,12 @@ void replace_and_count(const void* counter, UConverterToUnicodeArgs* arguments, 
 
 } // namespace
 
-icu::LocalUConverterPointer open_converter(const std::string& character_set, std::size_t& undecodable) {
+icu::LocalUConverterPointer open_converter(const std::string& character_set,
+                                           std::size_t& undecodable) {
     UErrorCode status = U_ZERO_ERROR;
     icu::LocalUConverterPointer converter(ucnv_open(character_set.c_str(), &status));
-    ucnv_setToUCallBack(converter.getAlias(), replace_and_count, &undecodable, nullptr, nullptr, &status);
+    ucnv_setToUCallBack(converter.getAlias(), replace_and_count, &undecodable, nullptr, nullptr,
+                        &status);
     if (U_FAILURE(status) != 0) {
         converter.adoptInstead(nullptr);
     }

@@ -11,8 +11,10 @@
 
 namespace detect_layout {
 
-DecodingSource::DecodingSource(ByteSource& bytes, std::string head, const std::string& character_set, std::size_t piece_bytes)
-    : bytes_(bytes), piece_(std::move(head)), piece_bytes_(piece_bytes), converter_(open_converter(character_set, undecodable_)) {
+DecodingSource::DecodingSource(ByteSource& bytes, std::string head,
+                               const std::string& character_set, std::size_t piece_bytes)
+    : bytes_(bytes), piece_(std::move(head)), piece_bytes_(piece_bytes),
+      converter_(open_converter(character_set, undecodable_)) {
     if (converter_.isNull() != 0) {
         throw UserError(fmt::format("cannot decode the character set '{}'", character_set));
     }
@@ -37,8 +39,8 @@ char16_t* DecodingSource::decode(char16_t* begin, char16_t* end) {
         }
         const char* next_byte = piece_.data() + decoded_bytes_;
         UErrorCode status = U_ZERO_ERROR;
-        ucnv_toUnicode(converter_.getAlias(), &begin, end, &next_byte, piece_.data() + piece_.size(), nullptr,
-                       bytes_ended_ ? 1 : 0, &status);
+        ucnv_toUnicode(converter_.getAlias(), &begin, end, &next_byte,
+                       piece_.data() + piece_.size(), nullptr, bytes_ended_ ? 1 : 0, &status);
         decoded_bytes_ = static_cast<std::size_t>(next_byte - piece_.data());
         // The converter can hold units back for which there was no room.
         text_ended_ = bytes_ended_ && status != U_BUFFER_OVERFLOW_ERROR;

@@ -18,7 +18,8 @@ class DecodingSource : public CountingSource {
 public:
     /// Decodes `head`, the bytes already taken from `bytes`, and then what `bytes` still has, of
     /// which it takes `piece_bytes` at a time. `bytes` must outlive the source.
-    DecodingSource(ByteSource& bytes, std::string head, const std::string& character_set, std::size_t piece_bytes = 65536);
+    DecodingSource(ByteSource& bytes, std::string head, const std::string& character_set,
+                   std::size_t piece_bytes = 65536);
 
     /// Throws `UserError` if the bytes cannot be read.
     std::size_t read(char16_t* begin, char16_t* end) override;

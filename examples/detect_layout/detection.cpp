@@ -8,12 +8,14 @@
 namespace detect_layout {
 
 Detection detect(std::string file, std::unique_ptr<ByteSource> bytes, const Settings& settings) {
-    auto input = std::make_unique<TextInput>(std::move(bytes), settings.encoding, settings.options.line_endings);
+    auto input = std::make_unique<TextInput>(std::move(bytes), settings.encoding,
+                                             settings.options.line_endings);
     auto layout = ask_rules(input->text(), settings);
     return {std::move(file), std::move(input), std::move(layout)};
 }
 
-std::shared_ptr<textio::GenericStrategy> ask_rules(const textio::Field& text, const Settings& settings) {
+std::shared_ptr<textio::GenericStrategy> ask_rules(const textio::Field& text,
+                                                   const Settings& settings) {
     textio::detection::StrategySelector selector(settings.options, settings.type_options);
     auto layout = selector.pick_strategy(text, settings.rows);
     // The layout to fall back on comes without a valuation, and so without a number of variables.

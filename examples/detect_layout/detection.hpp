@@ -20,16 +20,19 @@ struct Detection {
 };
 
 /// Finds the layout of the text that `bytes` hold. Throws `UserError` if they cannot be read.
-[[nodiscard]] Detection detect(std::string file, std::unique_ptr<ByteSource> bytes, const Settings& settings);
+[[nodiscard]] Detection detect(std::string file, std::unique_ptr<ByteSource> bytes,
+                               const Settings& settings);
 
 /// The layout that the rules find for `text`, valued. Its fields are views of the text.
-[[nodiscard]] std::shared_ptr<textio::GenericStrategy> ask_rules(const textio::Field& text, const Settings& settings);
+[[nodiscard]] std::shared_ptr<textio::GenericStrategy> ask_rules(const textio::Field& text,
+                                                                 const Settings& settings);
 
 /// The lines of the sample above the data, at most as many as the sample has.
 [[nodiscard]] std::size_t header_line_count(const textio::GenericStrategy& layout);
 
 /// The indexes of the lines of `sample` that have fields, from line `first` on.
-[[nodiscard]] std::vector<std::size_t> filled_lines(const textio::FieldArray& sample, std::size_t first);
+[[nodiscard]] std::vector<std::size_t> filled_lines(const textio::FieldArray& sample,
+                                                    std::size_t first);
 
 /// The indexes of the sample's lines with data: neither header nor empty nor comment.
 [[nodiscard]] std::vector<std::size_t> data_lines(const textio::GenericStrategy& layout);

@@ -18,8 +18,8 @@ void add_files_below(const fs::path& directory, std::vector<InputFile>& files) {
         const fs::path current = std::move(directories.back());
         directories.pop_back();
         std::error_code error;
-        for (auto entry = fs::directory_iterator(current, error); !error && entry != fs::directory_iterator();
-             entry.increment(error)) {
+        for (auto entry = fs::directory_iterator(current, error);
+             !error && entry != fs::directory_iterator(); entry.increment(error)) {
             std::error_code ignored;
             if (entry->path().filename().native().starts_with('.')) {
                 continue;
@@ -48,7 +48,8 @@ std::vector<InputFile> input_files(const Settings& settings) {
         }
         const auto start = static_cast<std::ptrdiff_t>(files.size());
         add_files_below(input, files);
-        std::sort(files.begin() + start, files.end(), [](const InputFile& a, const InputFile& b) { return a.path < b.path; });
+        std::sort(files.begin() + start, files.end(),
+                  [](const InputFile& a, const InputFile& b) { return a.path < b.path; });
     }
     return files;
 }

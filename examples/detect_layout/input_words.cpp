@@ -9,7 +9,8 @@ namespace detect_layout {
 namespace {
 
 std::string character_set_phrase(const CharacterSet& set) {
-    return set.rival.empty() ? set.name : fmt::format("{} (not sure, perhaps {})", set.name, set.rival);
+    return set.rival.empty() ? set.name
+                             : fmt::format("{} (not sure, perhaps {})", set.name, set.rival);
 }
 
 std::string what_was_lost(const TextInput& input) {
@@ -31,9 +32,10 @@ std::string input_lines(const TextInput& input) {
         text += answer_line("compressed", "by gzip");
     }
     if (input.is_cut()) {
-        text +=
-            answer_line("part read", input.text().size > 0 ? fmt::format("the first {} UTF-16 code units", input.text().size)
-                                                           : "nothing, as no line ends in the first 4194304 UTF-16 code units");
+        text += answer_line(
+            "part read", input.text().size > 0
+                             ? fmt::format("the first {} UTF-16 code units", input.text().size)
+                             : "nothing, as no line ends in the first 4194304 UTF-16 code units");
     }
     return text;
 }

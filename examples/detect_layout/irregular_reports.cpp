@@ -34,12 +34,14 @@ std::string_view consequence(Policy policy, Fault fault) {
 
 } // namespace
 
-IrregularReports::IrregularReports(std::string file, std::size_t limit, Policy policy, const ProgressBar& progress)
+IrregularReports::IrregularReports(std::string file, std::size_t limit, Policy policy,
+                                   const ProgressBar& progress)
     : file_(std::move(file)), limit_(limit), policy_(policy), progress_(progress) {}
 
 void IrregularReports::add(const Irregular& irregular, std::size_t regular) {
     ++irregular_;
-    if (run_ && run_->regular == regular && run_->first.fault == irregular.fault && run_->first.found == irregular.found) {
+    if (run_ && run_->regular == regular && run_->first.fault == irregular.fault &&
+        run_->first.found == irregular.found) {
         ++run_->records;
         run_->last_line = irregular.line;
         return;
@@ -65,12 +67,13 @@ std::string IrregularReports::description(const Run& run) const {
     if (fault == Fault::open_quote) {
         return fmt::format("line {}: a quote is opened that nothing closes", line + 1);
     }
-    const std::string fields =
-        fmt::format("{} instead of {}, {}", counted(found, "field"), expected, consequence(policy_, fault));
+    const std::string fields = fmt::format("{} instead of {}, {}", counted(found, "field"),
+                                           expected, consequence(policy_, fault));
     if (run.records == 1) {
         return fmt::format("line {}: {}", line + 1, fields);
     }
-    return fmt::format("lines {} to {}: {} records with {}{}", line + 1, run.last_line + 1, run.records, fields,
+    return fmt::format("lines {} to {}: {} records with {}{}", line + 1, run.last_line + 1,
+                       run.records, fields,
                        run.records >= many ? "; the layout seems to change there" : "");
 }
 
@@ -90,7 +93,8 @@ void IrregularReports::finish(std::size_t records) {
         complain(fmt::format("{}: {} more like that", file_, counted(untold_, "line")));
     }
     if (irregular_ > 1 || untold_ > 0) {
-        complain(fmt::format("{}: {} of {} do not fit", file_, irregular_, counted(records, "record")));
+        complain(
+            fmt::format("{}: {} of {} do not fit", file_, irregular_, counted(records, "record")));
     }
 }
 

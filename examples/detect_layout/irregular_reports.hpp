@@ -15,7 +15,8 @@ namespace detect_layout {
 class IrregularReports {
 public:
     /// `progress` is a bar that is in the way of the lines; it must outlive this object.
-    IrregularReports(std::string file, std::size_t limit, textio::reading::Policy policy, const ProgressBar& progress);
+    IrregularReports(std::string file, std::size_t limit, textio::reading::Policy policy,
+                     const ProgressBar& progress);
 
     /// A record that does not fit, with `regular` records in all before it that do.
     void add(const textio::reading::Irregular& irregular, std::size_t regular);

@@ -41,11 +41,13 @@ struct Parts {
 /// 1 to 12 for a month's name or its first three letters, else 0.
 unsigned month_named(std::string_view word) {
     static constexpr std::array<std::string_view, months_per_year> names{
-        "january", "february", "march", "april", "may", "june", "july", "august", "september", "october", "november", "december"};
+        "january", "february", "march",     "april",   "may",      "june",
+        "july",    "august",   "september", "october", "november", "december"};
     constexpr std::size_t shortened = 3;
     const auto* const found = std::find_if(names.begin(), names.end(), [&](std::string_view name) {
         return (word.size() == shortened || word.size() == name.size()) &&
-               std::equal(word.begin(), word.end(), name.begin(), [](char one, char other) { return small(one) == other; });
+               std::equal(word.begin(), word.end(), name.begin(),
+                          [](char one, char other) { return small(one) == other; });
     });
     return found == names.end() ? 0 : static_cast<unsigned>(found - names.begin()) + 1;
 }
@@ -54,7 +56,8 @@ unsigned month_named(std::string_view word) {
 Part take_part(std::string_view& text) {
     constexpr std::size_t most_digits = 4;
     const auto end_of = [&text](bool (*belongs)(char)) {
-        return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), belongs) - text.begin());
+        return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), belongs) -
+                                        text.begin());
     };
     Part part;
     std::size_t end = end_of(is_digit);
@@ -76,7 +79,8 @@ Part take_part(std::string_view& text) {
 bool is_time(std::string_view text) {
     constexpr std::array<std::string_view, 3> shapes{"00:00:00.", "00:00:00", "00:00"};
     const auto has_shape = [&text](std::string_view shape) {
-        return text.size() >= shape.size() && std::equal(shape.begin(), shape.end(), text.begin(), [](char wanted, char byte) {
+        return text.size() >= shape.size() &&
+               std::equal(shape.begin(), shape.end(), text.begin(), [](char wanted, char byte) {
                    return wanted == '0' ? is_digit(byte) : wanted == byte;
                });
     };
@@ -91,8 +95,10 @@ bool is_time(std::string_view text) {
     if (text.empty() || text == "Z") {
         return true;
     }
-    return (text.front() == '+' || text.front() == '-') && (text.size() == 3 || text.size() == 5 || text.size() == 6) &&
-           std::all_of(text.begin() + 1, text.end(), [](char byte) { return is_digit(byte) || byte == ':'; });
+    return (text.front() == '+' || text.front() == '-') &&
+           (text.size() == 3 || text.size() == 5 || text.size() == 6) &&
+           std::all_of(text.begin() + 1, text.end(),
+                       [](char byte) { return is_digit(byte) || byte == ':'; });
 }
 
 std::optional<Parts> cut(std::string_view text) {
@@ -108,8 +114,8 @@ std::optional<Parts> cut(std::string_view text) {
         }
         const bool has_comma = i == 1 && text.starts_with(", ");
         text.remove_prefix(has_comma ? 1 : 0);
-        const bool fits =
-            !text.empty() && signs.find(text.front()) != std::string_view::npos && (i == 0 || text.front() == result.sign);
+        const bool fits = !text.empty() && signs.find(text.front()) != std::string_view::npos &&
+                          (i == 0 || text.front() == result.sign);
         if (!fits) {
             return std::nullopt;
         }
@@ -125,7 +131,8 @@ std::optional<Parts> cut(std::string_view text) {
 }
 
 unsigned days_of(unsigned month, unsigned year) {
-    constexpr std::array<unsigned, months_per_year> days{31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
+    constexpr std::array<unsigned, months_per_year> days{31, 28, 31, 30, 31, 30,
+                                                         31, 31, 30, 31, 30, 31};
     const bool is_leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
     return days[month - 1] + (month == 2 && is_leap ? 1 : 0);
 }
@@ -155,7 +162,8 @@ void append_digits(std::string& text, unsigned number, std::size_t count) {
 } // namespace
 
 std::optional<DateOrder> order_of(const std::vector<std::string>& dates) {
-    std::vector<DateOrder> orders{DateOrder::year_month_day, DateOrder::day_month_year, DateOrder::month_day_year};
+    std::vector<DateOrder> orders{DateOrder::year_month_day, DateOrder::day_month_year,
+                                  DateOrder::month_day_year};
     for (const std::string& text : dates) {
         const auto parts = cut(text);
         std::erase_if(orders, [&](DateOrder order) { return !parts || !date_in(*parts, order); });

@@ -18,6 +18,7 @@ enum class DateOrder : std::uint8_t { year_month_day, day_month_year, month_day_
 
 /// The date `text` as in `2024-06-10` or `2024-06-10T12:30:00`, put into `buffer`; nothing if it is
 /// no date in that order.
-[[nodiscard]] std::string_view iso_date(std::string_view text, DateOrder order, std::string& buffer);
+[[nodiscard]] std::string_view iso_date(std::string_view text, DateOrder order,
+                                        std::string& buffer);
 
 } // namespace detect_layout

@@ -54,8 +54,8 @@ void add_layout(Json& answer, const textio::GenericStrategy& layout) {
     for (const std::u16string& delimiter : options.delimiters) {
         delimiters.push_back(to_utf8(delimiter));
     }
-    const bool splits =
-        layout.mode() == textio::enums::StrategyMode::delimited || layout.mode() == textio::enums::StrategyMode::space_aligned;
+    const bool splits = layout.mode() == textio::enums::StrategyMode::delimited ||
+                        layout.mode() == textio::enums::StrategyMode::space_aligned;
     const bool has_widths = layout.mode() == textio::enums::StrategyMode::fixed_width;
     answer["kind"] = textio::name_of(layout.mode());
     answer["delimiters"] = splits ? Json(std::move(delimiters)) : Json::array();

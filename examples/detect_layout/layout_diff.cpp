@@ -43,7 +43,9 @@ std::string mark_of(char16_t mark) {
 }
 
 std::string names_place(const Proposal& proposal) {
-    return proposal.names_line == textio::advice::no_line ? "none" : fmt::format("line {}", proposal.names_line + 1);
+    return proposal.names_line == textio::advice::no_line
+               ? "none"
+               : fmt::format("line {}", proposal.names_line + 1);
 }
 
 /// Text in ASCII is the same in all sets but those of several bytes a character.
@@ -51,7 +53,8 @@ std::string character_set_of(const TextInput& input) {
     const auto text = input.text().view();
     const std::string& name = input.character_set().name;
     const bool is_wide = name.starts_with("UTF-16") || name.starts_with("UTF-32");
-    const bool is_ascii = std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
+    const bool is_ascii =
+        std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x80; });
     return is_ascii && !is_wide ? "" : name;
 }
 

@@ -33,7 +33,8 @@ std::string unit_name(char16_t unit) {
             return std::string(name);
         }
     }
-    return u_isgraph(unit) != 0 ? fmt::format("'{}'", to_utf8({&unit, 1})) : fmt::format("U+{:04X}", static_cast<unsigned>(unit));
+    return u_isgraph(unit) != 0 ? fmt::format("'{}'", to_utf8({&unit, 1}))
+                                : fmt::format("U+{:04X}", static_cast<unsigned>(unit));
 }
 
 } // namespace

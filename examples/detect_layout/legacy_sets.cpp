@@ -21,14 +21,16 @@ namespace detect_layout {
 
 namespace {
 
-constexpr std::array<std::u16string_view, 9> western{u"äüöß", u"éèàêçôâîùûïëœ", u"íóáñéúü", u"ãçáéíóêõâúà", u"àèòùìé",
-                                                     u"öäå",  u"øåæ",           u"ëéïèöü",  u"áðíéþóöúæý"};
+constexpr std::array<std::u16string_view, 9> western{
+    u"äüöß", u"éèàêçôâîùûïëœ", u"íóáñéúü", u"ãçáéíóêõâúà", u"àèòùìé",
+    u"öäå",  u"øåæ",           u"ëéïèöü",  u"áðíéþóöúæý"};
 constexpr std::array<std::u16string_view, 6> central{
     u"łęąóżśćńź", u"íáěéřýžčšůúťóňďľ", u"áíčžúýšéľťôňóďäĺŕ", u"áéöőíóüúű", u"ăîţşâ", u"čžšćđ"};
 constexpr std::array<std::u16string_view, 1> turkish{u"ıüşçğöİâ"};
 constexpr std::array<std::u16string_view, 3> baltic{u"ėšįžųūčąę", u"āīēšņļūģžčķ", u"äõüöšž"};
-constexpr std::array<std::u16string_view, 4> cyrillic{u"оеаинтсрвлкмдпуяыьгзбчйхжшюцщэфъё", u"оанивтрелсікдумпязьбгчйхжцюшїєщфґ",
-                                                      u"аиеотнрсвлкдпмзъбгуячжщцйюфшхь", u"аоиенртсујвкпдлмзбгчшцхжњљћђфџ"};
+constexpr std::array<std::u16string_view, 4> cyrillic{
+    u"оеаинтсрвлкмдпуяыьгзбчйхжшюцщэфъё", u"оанивтрелсікдумпязьбгчйхжцюшїєщфґ",
+    u"аиеотнрсвлкдпмзъбгуячжщцйюфшхь", u"аоиенртсујвкпдлмзбгчшцхжњљћђфџ"};
 constexpr std::array<std::u16string_view, 1> greek{u"αοιετσνηυρπκμλςίόγδάέήωχθφβύώξζψϊϋΐ"};
 constexpr std::array<std::u16string_view, 1> hebrew{u"יוהלאמרתבשנדקפחעטכצגםזסןךףץ"};
 constexpr std::array<std::u16string_view, 1> arabic{u"اليمونرتبةعدسفكحهجقأشصىضطخزثئءظغذإآؤ"};
@@ -85,8 +87,9 @@ std::optional<std::u16string> decoded(std::string_view bytes, const char* name) 
     }
     UErrorCode status = U_ZERO_ERROR;
     std::u16string text(2 * bytes.size() + 2, u'\0');
-    const auto length = ucnv_toUChars(converter.getAlias(), text.data(), static_cast<std::int32_t>(text.size()), bytes.data(),
-                                      static_cast<std::int32_t>(bytes.size()), &status);
+    const auto length =
+        ucnv_toUChars(converter.getAlias(), text.data(), static_cast<std::int32_t>(text.size()),
+                      bytes.data(), static_cast<std::int32_t>(bytes.size()), &status);
     text.resize(U_SUCCESS(status) != 0 ? static_cast<std::size_t>(length) : 0);
     return text;
 }
@@ -96,11 +99,13 @@ std::map<std::string, double, std::less<>> recognised_by_icu(std::string_view by
     std::map<std::string, double, std::less<>> sets;
     UErrorCode status = U_ZERO_ERROR;
     const icu::LocalUCharsetDetectorPointer detector(ucsdet_open(&status));
-    ucsdet_setText(detector.getAlias(), bytes.data(), static_cast<std::int32_t>(bytes.size()), &status);
+    ucsdet_setText(detector.getAlias(), bytes.data(), static_cast<std::int32_t>(bytes.size()),
+                   &status);
     std::int32_t count = 0;
     const UCharsetMatch** matches = ucsdet_detectAll(detector.getAlias(), &count, &status);
     for (std::int32_t i = 0; U_SUCCESS(status) != 0 && i < count; ++i) {
-        sets.emplace(ucsdet_getName(matches[i], &status), ucsdet_getConfidence(matches[i], &status) / 100.0);
+        sets.emplace(ucsdet_getName(matches[i], &status),
+                     ucsdet_getConfidence(matches[i], &status) / 100.0);
     }
     return sets;
 }
@@ -122,10 +127,13 @@ struct Candidate {
     Reading reading;
 };
 
-Reading read_in(const LegacySet& set, std::string_view bytes, std::u16string_view text, double confidence) {
-    Reading reading = set.languages.empty()
-                          ? read_as_east_asian(text, count_rare_ideographs(bytes, set.last_common_byte), confidence)
-                          : read_as_languages(text, set.languages);
+Reading read_in(const LegacySet& set, std::string_view bytes, std::u16string_view text,
+                double confidence) {
+    Reading reading =
+        set.languages.empty()
+            ? read_as_east_asian(text, count_rare_ideographs(bytes, set.last_common_byte),
+                                 confidence)
+            : read_as_languages(text, set.languages);
     reading.total += set.prior;
     return reading;
 }
@@ -142,8 +150,9 @@ std::vector<Candidate> candidates_for(std::string_view bytes) {
             candidates.push_back({set.name, *std::move(text), reading});
         }
     }
-    std::stable_sort(candidates.begin(), candidates.end(),
-                     [](const Candidate& a, const Candidate& b) { return a.reading.total > b.reading.total; });
+    std::stable_sort(
+        candidates.begin(), candidates.end(),
+        [](const Candidate& a, const Candidate& b) { return a.reading.total > b.reading.total; });
     return candidates;
 }
 
@@ -152,10 +161,11 @@ std::vector<Candidate> candidates_for(std::string_view bytes) {
 CharacterSet most_likely_legacy_set(std::string_view bytes) {
     const auto candidates = candidates_for(bytes);
     const Candidate& best = candidates.front();
-    const auto rival =
-        std::find_if(candidates.begin(), candidates.end(), [&best](const Candidate& c) { return c.text != best.text; });
-    const bool is_sure = rival == candidates.end() ||
-                         (best.reading.average > sure_average && best.reading.total - rival->reading.total > sure_distance);
+    const auto rival = std::find_if(candidates.begin(), candidates.end(),
+                                    [&best](const Candidate& c) { return c.text != best.text; });
+    const bool is_sure =
+        rival == candidates.end() || (best.reading.average > sure_average &&
+                                      best.reading.total - rival->reading.total > sure_distance);
     return {best.name, is_sure ? "" : rival->name};
 }
 

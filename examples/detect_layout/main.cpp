@@ -52,8 +52,9 @@ std::string report(const Answer& answer, const Settings& settings, bool is_one_o
 }
 
 std::string report(const std::string& file, const Settings& settings, bool is_one_of_many) {
-    return settings.rules ? report(detect(file, open_bytes(file), settings), settings, is_one_of_many)
-                          : report(advise(file, open_bytes(file), settings), settings, is_one_of_many);
+    return settings.rules
+               ? report(detect(file, open_bytes(file), settings), settings, is_one_of_many)
+               : report(advise(file, open_bytes(file), settings), settings, is_one_of_many);
 }
 
 int report_all(const Settings& settings) {

@@ -22,7 +22,8 @@ std::u16string unescaped(std::string_view text) {
     const std::u16string units = to_utf16(text);
     std::u16string result;
     for (std::size_t i = 0; i < units.size(); ++i) {
-        const auto letter = units[i] == u'\\' && i + 1 < units.size() ? letters.find(units[i + 1]) : std::u16string_view::npos;
+        const auto letter = units[i] == u'\\' && i + 1 < units.size() ? letters.find(units[i + 1])
+                                                                      : std::u16string_view::npos;
         const bool is_escape = letter != std::u16string_view::npos;
         result += is_escape ? meanings[letter] : units[i];
         i += is_escape ? 1 : 0;
@@ -78,10 +79,13 @@ std::optional<StrategyMode> layout_named(std::string_view name) {
 
 /// What the user says of the layout implies a kind of layout, which must not be two.
 std::string layout_asked_for(const OptionTexts& texts) {
-    const std::string implied = !texts.widths.empty() ? "fixed" : texts.delimiter ? "delimited" : "open";
+    const std::string implied = !texts.widths.empty() ? "fixed"
+                                : texts.delimiter     ? "delimited"
+                                                      : "open";
     std::string layout = texts.layout.value_or(implied);
     if (implied != "open" && layout != implied) {
-        throw UserError(fmt::format("{} does not go with --layout {}", texts.delimiter ? "--delimiter" : "--widths", layout));
+        throw UserError(fmt::format("{} does not go with --layout {}",
+                                    texts.delimiter ? "--delimiter" : "--widths", layout));
     }
     return layout;
 }

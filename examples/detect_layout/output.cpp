@@ -27,11 +27,13 @@ void hold_standard_streams() {
 
 void write_out(std::string_view text) {
     // What is not flushed is lost if the user breaks off.
-    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() || std::fflush(stdout) != 0) {
+    if (std::fwrite(text.data(), 1, text.size(), stdout) != text.size() ||
+        std::fflush(stdout) != 0) {
         const std::error_code reason(errno, std::generic_category());
-        throw std::runtime_error(reason == std::errc::bad_file_descriptor
-                                     ? "standard output is closed"
-                                     : fmt::format("cannot write to standard output: {}", reason.message()));
+        throw std::runtime_error(
+            reason == std::errc::bad_file_descriptor
+                ? "standard output is closed"
+                : fmt::format("cannot write to standard output: {}", reason.message()));
     }
 }
 

@@ -22,9 +22,10 @@ namespace {
 [[noreturn]] void fail(const std::string& path, std::string_view what, int error) {
     const std::error_code reason(error, std::generic_category());
     if (path == "-") {
-        throw std::runtime_error(reason == std::errc::bad_file_descriptor
-                                     ? "standard output is closed"
-                                     : fmt::format("cannot write to standard output: {}", reason.message()));
+        throw std::runtime_error(
+            reason == std::errc::bad_file_descriptor
+                ? "standard output is closed"
+                : fmt::format("cannot write to standard output: {}", reason.message()));
     }
     throw std::runtime_error(fmt::format("{}: {}: {}", path, what, reason.message()));
 }

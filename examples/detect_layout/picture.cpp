@@ -109,7 +109,9 @@ private:
     }
 
     /// A header line belongs to the columns if it has a field for each.
-    [[nodiscard]] bool is_in_columns(std::size_t line) const { return sample_.line(line).size() == columns_; }
+    [[nodiscard]] bool is_in_columns(std::size_t line) const {
+        return sample_.line(line).size() == columns_;
+    }
 
     [[nodiscard]] std::string header() const {
         std::string text;
@@ -159,7 +161,8 @@ private:
             const bool is_last = i + 1 == columns_;
             text += i == 0 ? "" : painted(ruler, dim);
             const auto of_column = column_colours[i % column_colours.size()];
-            text += painted(cell.utf8, colour == dim ? std::string(dim) : fmt::format("{}{}", colour, of_column));
+            text += painted(cell.utf8, colour == dim ? std::string(dim)
+                                                     : fmt::format("{}{}", colour, of_column));
             text.append(is_last ? 0 : widths_[i] - cell.width, ' ');
         }
         if (widths_.size() < columns_) {

@@ -71,7 +71,8 @@ public:
 
 private:
     [[nodiscard]] bool is_ahead(std::string_view sign) const {
-        return !sign.empty() && at_ < text_.size() && text_[at_] == sign.front() && text_.substr(at_).starts_with(sign);
+        return !sign.empty() && at_ < text_.size() && text_[at_] == sign.front() &&
+               text_.substr(at_).starts_with(sign);
     }
 
     std::string_view text_;
@@ -86,7 +87,8 @@ std::string in_utf8(char16_t mark) {
 } // namespace
 
 PlainNumbers::PlainNumbers(char16_t decimal_mark, char16_t thousands_separator)
-    : decimal_(in_utf8(decimal_mark == 0 ? u'.' : decimal_mark)), thousands_(in_utf8(thousands_separator)) {}
+    : decimal_(in_utf8(decimal_mark == 0 ? u'.' : decimal_mark)),
+      thousands_(in_utf8(thousands_separator)) {}
 
 std::string_view PlainNumbers::plain(std::string_view text, std::string& buffer) const {
     constexpr std::size_t most_leading_digits = 3;

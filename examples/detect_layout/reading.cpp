@@ -94,7 +94,9 @@ double grade_of_place(char16_t before, char16_t unit, char16_t behind) {
         return grade_of_sign_place(before, unit, behind);
     }
     const auto script = script_of_word(unit);
-    const auto is_strange = [script](char16_t neighbour) { return is_letter(neighbour) && script_of_word(neighbour) != script; };
+    const auto is_strange = [script](char16_t neighbour) {
+        return is_letter(neighbour) && script_of_word(neighbour) != script;
+    };
     double result = is_capital(unit) ? grade_of_capital_place(before) : 0;
     result += is_strange(before) || is_strange(behind) ? grade::misplaced : 0;
     return result + (is_among_its_like(before, script, behind) ? 0 : grade::misplaced);
@@ -128,8 +130,9 @@ double grade_of_letter(char16_t unit, std::u16string_view language, Languages la
         const double decay = std::max(1.5, 0.3 * static_cast<double>(language.size()));
         return -std::log(decay) - static_cast<double>(rank) / decay;
     }
-    const bool is_loan = std::any_of(languages.begin(), languages.end(),
-                                     [unit](auto other) { return other.find(unit) != std::u16string_view::npos; });
+    const bool is_loan = std::any_of(languages.begin(), languages.end(), [unit](auto other) {
+        return other.find(unit) != std::u16string_view::npos;
+    });
     const bool is_alike = is_letter(unit) && script_of(unit) == script_of(language.front());
     return is_loan ? grade::loan_letter : is_alike ? grade::foreign_letter : grade::nonsense;
 }
@@ -147,7 +150,8 @@ Tally tally_of(std::u16string_view text) {
         if (text[i] >= 0x80) {
             ++tally.counts[small(text[i])];
             ++tally.characters;
-            tally.places += grade_of_place(i > 0 ? text[i - 1] : u'\n', text[i], i + 1 < text.size() ? text[i + 1] : u'\n');
+            tally.places += grade_of_place(i > 0 ? text[i - 1] : u'\n', text[i],
+                                           i + 1 < text.size() ? text[i + 1] : u'\n');
         }
     }
     return tally;
@@ -174,16 +178,21 @@ Reading read_as_languages(std::u16string_view text, Languages languages) {
     const Tally tally = tally_of(text);
     double best = -std::numeric_limits<double>::infinity();
     for (const auto language : languages) {
-        best = std::max(best, total_of(tally, [=](char16_t unit) { return grade_of_letter(unit, language, languages); }));
+        best = std::max(best, total_of(tally, [=](char16_t unit) {
+                            return grade_of_letter(unit, language, languages);
+                        }));
     }
     return reading_of(best, tally.characters);
 }
 
-Reading read_as_east_asian(std::u16string_view text, std::size_t rare_ideographs, double confidence) {
+Reading read_as_east_asian(std::u16string_view text, std::size_t rare_ideographs,
+                           double confidence) {
     const Tally tally = tally_of(text);
-    const double total = total_of(tally, [confidence](char16_t unit) { return grade_of_east_asian(unit, confidence); });
+    const double total = total_of(
+        tally, [confidence](char16_t unit) { return grade_of_east_asian(unit, confidence); });
     // Nearly all of them take two bytes.
-    return reading_of(total + grade::rare_ideograph * static_cast<double>(rare_ideographs), 2 * tally.characters);
+    return reading_of(total + grade::rare_ideograph * static_cast<double>(rare_ideographs),
+                      2 * tally.characters);
 }
 
 } // namespace detect_layout

@@ -21,6 +21,7 @@ using Languages = std::span<const std::u16string_view>;
 
 /// Reads `text` as Chinese, Japanese or Korean, of whose ideographs `rare_ideographs` are rare.
 /// `confidence`, 0 to 1, is how sure somebody else is of it.
-[[nodiscard]] Reading read_as_east_asian(std::u16string_view text, std::size_t rare_ideographs, double confidence);
+[[nodiscard]] Reading read_as_east_asian(std::u16string_view text, std::size_t rare_ideographs,
+                                         double confidence);
 
 } // namespace detect_layout

@@ -12,7 +12,8 @@ constexpr std::string_view replacement_in_utf8 = "\uFFFD";
 
 /// Whether `delimiter` is what separates the fields, and so in none of them without quotes.
 bool separates(const textio::parser::options& options, char16_t delimiter) {
-    return options.reader_kind == textio::parser::record_reader::delimited && options.delimiters.size() == 1 &&
+    return options.reader_kind == textio::parser::record_reader::delimited &&
+           options.delimiters.size() == 1 &&
            options.delimiters.front() == std::u16string(1, delimiter);
 }
 
@@ -133,7 +134,8 @@ std::u16string_view RecordCells::value_of(const textio::Field& field) {
 }
 
 bool RecordCells::is_blank(char16_t unit) const {
-    return unit < blanks_.size() ? blanks_[unit] : options_.whitespace.find(unit) != std::u16string::npos;
+    return unit < blanks_.size() ? blanks_[unit]
+                                 : options_.whitespace.find(unit) != std::u16string::npos;
 }
 
 } // namespace detect_layout

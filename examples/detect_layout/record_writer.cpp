@@ -17,7 +17,8 @@ namespace {
 /// Values with something between them, and quotes around those that would be misread without.
 class SeparatedWriter : public RecordWriter {
 public:
-    SeparatedWriter(char delimiter, std::vector<WrittenColumn> columns) : delimiter_(delimiter), columns_(std::move(columns)) {}
+    SeparatedWriter(char delimiter, std::vector<WrittenColumn> columns)
+        : delimiter_(delimiter), columns_(std::move(columns)) {}
 
     void write_names(ByteBuffer& out) const override {
         for (const WrittenColumn& column : columns_) {
@@ -43,10 +44,12 @@ public:
     }
 
 private:
-    void write_joined(std::span<char> joined, std::span<const std::string_view> values, ByteBuffer& out) const {
+    void write_joined(std::span<char> joined, std::span<const std::string_view> values,
+                      ByteBuffer& out) const {
         for (std::size_t i = 0; i + 1 < values.size(); ++i) {
             const std::string_view value = values[i];
-            joined[static_cast<std::size_t>(value.data() - joined.data()) + value.size()] = delimiter_;
+            joined[static_cast<std::size_t>(value.data() - joined.data()) + value.size()] =
+                delimiter_;
         }
         char* const at = out.room(joined.size() + 1);
         std::memcpy(at, joined.data(), joined.size());
@@ -151,7 +154,8 @@ private:
     void write_value(std::string_view value, bool is_number, ByteBuffer& out) {
         if (value.empty()) {
             out.append("null");
-        } else if (const auto number = is_number ? json_number(value, number_) : std::string_view(); !number.empty()) {
+        } else if (const auto number = is_number ? json_number(value, number_) : std::string_view();
+                   !number.empty()) {
             out.append(number);
         } else {
             out.append('"');

@@ -37,6 +37,7 @@ public:
 /// What stands between the values in `format`.
 [[nodiscard]] char delimiter_of(TableFormat format) noexcept;
 
-[[nodiscard]] std::unique_ptr<RecordWriter> make_writer(TableFormat format, std::vector<WrittenColumn> columns);
+[[nodiscard]] std::unique_ptr<RecordWriter> make_writer(TableFormat format,
+                                                        std::vector<WrittenColumn> columns);
 
 } // namespace detect_layout

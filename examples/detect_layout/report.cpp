@@ -13,13 +13,15 @@ std::string describe(const Detection& detection) {
     return one_line(file) + "\n" + answer_line("layout", layout_phrase(*layout)) +
            answer_line("header lines", std::to_string(layout->header_lines())) +
            answer_line("variables", std::to_string(layout->num_variables())) +
-           answer_line("rows sampled", std::to_string(data_lines(*layout).size())) + input_lines(*input);
+           answer_line("rows sampled", std::to_string(data_lines(*layout).size())) +
+           input_lines(*input);
 }
 
 std::string summarise(const Detection& detection) {
     const auto& [file, input, layout] = detection;
     return fmt::format("{}: {}, {}, {}, {}, {}\n", one_line(file), layout_phrase(*layout),
-                       counted(layout->header_lines(), "header line"), counted(layout->num_variables(), "variable"),
+                       counted(layout->header_lines(), "header line"),
+                       counted(layout->num_variables(), "variable"),
                        counted(data_lines(*layout).size(), "row"), input_summary(*input));
 }
 

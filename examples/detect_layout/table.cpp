@@ -17,7 +17,8 @@ std::size_t count_line_ends(std::u16string_view text) {
 }
 
 /// The first line of the sample that begins on line `text_line` of the text, or behind it.
-std::size_t sample_line_of(std::u16string_view text, const textio::FieldArray& sample, std::size_t text_line) {
+std::size_t sample_line_of(std::u16string_view text, const textio::FieldArray& sample,
+                           std::size_t text_line) {
     SampleWalk walk(text, sample);
     std::size_t line = 0;
     while (line < sample.line_count() && walk.text_line() < text_line) {
@@ -49,7 +50,9 @@ std::size_t SampleWalk::text_line() const {
 
 std::size_t SampleWalk::start_of_next() const {
     const auto fields = sample_.line(line_);
-    return fields.empty() ? place_ : std::max(place_, static_cast<std::size_t>(fields.front().data - text_.data()));
+    return fields.empty()
+               ? place_
+               : std::max(place_, static_cast<std::size_t>(fields.front().data - text_.data()));
 }
 
 Table table_of(const Detection& detection) {

@@ -29,7 +29,8 @@ struct Table {
 /// quotes, and comments leave no fields in it.
 class SampleWalk {
 public:
-    SampleWalk(std::u16string_view text, const textio::FieldArray& sample) : text_(text), sample_(sample) {}
+    SampleWalk(std::u16string_view text, const textio::FieldArray& sample)
+        : text_(text), sample_(sample) {}
 
     /// Goes on to the next line of the sample; gives its text up to where it ends.
     std::u16string_view next();

@@ -21,7 +21,8 @@ constexpr std::size_t bar_width = 24;
 
 std::size_t terminal_width(int descriptor) {
     winsize size{};
-    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col : default_width;
+    return ioctl(descriptor, TIOCGWINSZ, &size) == 0 && size.ws_col > 0 ? size.ws_col
+                                                                        : default_width;
 }
 
 std::string_view value_of(const char* variable) {
@@ -55,7 +56,8 @@ void ProgressBar::show(std::size_t done, std::string_view what) const {
     const std::size_t taken = bar_width + 2 + counts.size() + 1;
     const std::size_t width = terminal_width(STDERR_FILENO);
     const auto name = printable(to_utf16(what), width > taken ? width - taken : 0);
-    const std::string bar = fmt::format("\r\x1b[K[{:=<{}}{:{}}]{}{}", "", filled, "", bar_width - filled, counts, name.utf8);
+    const std::string bar = fmt::format("\r\x1b[K[{:=<{}}{:{}}]{}{}", "", filled, "",
+                                        bar_width - filled, counts, name.utf8);
     std::fputs(bar.c_str(), stderr);
 }
 

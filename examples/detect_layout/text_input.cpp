@@ -19,7 +19,8 @@ std::string read_head(ByteSource& bytes) {
     return head;
 }
 
-std::unique_ptr<CountingSource> decoded(ByteSource& bytes, std::string head, const std::string& character_set) {
+std::unique_ptr<CountingSource> decoded(ByteSource& bytes, std::string head,
+                                        const std::string& character_set) {
     if (character_set == "UTF-8") {
         return std::make_unique<Utf8Source>(bytes, std::move(head));
     }
@@ -32,7 +33,8 @@ TextInput::TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encod
                      const std::vector<std::u16string>& line_endings)
     : bytes_(std::move(bytes)) {
     std::string head = read_head(*bytes_);
-    character_set_ = encoding.empty() ? detect_character_set(head, head.size() < head_bytes) : CharacterSet{encoding, {}};
+    character_set_ = encoding.empty() ? detect_character_set(head, head.size() < head_bytes)
+                                      : CharacterSet{encoding, {}};
     source_ = decoded(*bytes_, std::move(head), character_set_.name);
     stream_ = std::make_unique<zentor::io::text::stream::TextStream>(*source_);
     text_ = textio::get_fixed_stream(*stream_, line_endings);

@@ -18,7 +18,8 @@ public:
     /// Decodes from `bytes`, in the character set `encoding` or, if that is empty, in the one that
     /// the bytes seem to be in. Throws `UserError` if the bytes cannot be read,
     /// or if `encoding` is empty and they are no text.
-    TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encoding, const std::vector<std::u16string>& line_endings);
+    TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encoding,
+              const std::vector<std::u16string>& line_endings);
 
     /// The text; good as long as this object lives.
     [[nodiscard]] const textio::Field& text() const noexcept { return text_; }

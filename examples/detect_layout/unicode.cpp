@@ -14,7 +14,8 @@ std::string to_utf8(std::u16string_view text) {
 }
 
 std::u16string to_utf16(std::string_view text) {
-    const auto converted = icu::UnicodeString::fromUTF8(icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
+    const auto converted = icu::UnicodeString::fromUTF8(
+        icu::StringPiece(text.data(), static_cast<std::int32_t>(text.size())));
     return {converted.getBuffer(), static_cast<std::size_t>(converted.length())};
 }
 

@@ -4,7 +4,8 @@
 
 namespace detect_layout {
 
-Utf8Source::Bytes::Bytes(detect_layout::ByteSource& bytes, std::string head) : bytes_(bytes), head_(std::move(head)) {}
+Utf8Source::Bytes::Bytes(detect_layout::ByteSource& bytes, std::string head)
+    : bytes_(bytes), head_(std::move(head)) {}
 
 std::size_t Utf8Source::Bytes::read(char* begin, char* end) {
     const auto room = static_cast<std::size_t>(end - begin);
@@ -20,6 +21,7 @@ std::size_t Utf8Source::Bytes::read(char* begin, char* end) {
     return count;
 }
 
-Utf8Source::Utf8Source(ByteSource& bytes, std::string head) : bytes_(bytes, std::move(head)), source_(bytes_) {}
+Utf8Source::Utf8Source(ByteSource& bytes, std::string head)
+    : bytes_(bytes, std::move(head)), source_(bytes_) {}
 
 } // namespace detect_layout

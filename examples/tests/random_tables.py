@@ -103,6 +103,11 @@ class Table:
             text = text.replace(" ", self.line_end, 1)
         return text, text
 
+    def shows_marks(self):
+        """Whether a number tells which mark is which: with two of them, or without three digits behind one."""
+        numbers = [cell for row in self.written for cell in row if re.fullmatch(r"-?[\d.,]*[.,][\d.,]*", cell)]
+        return any(not re.fullmatch(r"-?\d{1,3}[.,]\d\d\d", number) for number in numbers)
+
     def write(self, path):
         with open(path, "w", encoding=self.character_set, newline="") as file:
             if self.character_set == "utf-16-be":
@@ -167,7 +172,7 @@ def check(program, number, folder):
     if found == expected:
         return "status 1 for nothing", result.stderr
     if table.thousands and expected == [[without_groups(cell, table.thousands) for cell in row] for row in found]:
-        return AMBIGUOUS, first_difference(expected, found)
+        return "marks of numbers" if table.shows_marks() else AMBIGUOUS, first_difference(expected, found)
     return kind_of_difference(program, path, table), first_difference(expected, found)
 
 

@@ -8,7 +8,7 @@ build_packages=(
     g++ cmake ninja-build
     libicu-dev libcli11-dev libfmt-dev nlohmann-json3-dev zlib1g-dev libmagic-dev # the example host
     libsqlite3-dev                                        # the loader among the examples
-    libgtest-dev                                          # the tests
+    libgtest-dev python3                                  # the tests
 )
 
 # shellcheck disable=SC2034
