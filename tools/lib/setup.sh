@@ -10,6 +10,9 @@ build_packages=(
     libgtest-dev                                          # the tests
 )
 
+# shellcheck disable=SC2034
+python_packages=(pybind11-dev python3-dev python3-setuptools python3-wheel python3-pip python3-venv python3-pandas mypy)
+
 missing_packages() {
     local package
     for package in "$@"; do
