@@ -3,6 +3,7 @@
 #include "advice_words.hpp"
 #include "json_parts.hpp"
 #include "table.hpp"
+#include "textio/names.hpp"
 #include "unicode.hpp"
 
 #include <string>
@@ -38,7 +39,7 @@ Json column_list(const Proposal& proposal) {
     Json list = Json::array();
     for (const auto& column : proposal.columns) {
         list.push_back({{"name", to_utf8(column.name)},
-                        {"class", class_name(column.type)},
+                        {"class", textio::name_of(column.type)},
                         {"values", column.values},
                         {"missing", column.missing}});
     }

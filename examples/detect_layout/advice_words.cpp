@@ -3,6 +3,7 @@
 #include "advised.hpp"
 #include "detection.hpp"
 #include "layout_names.hpp"
+#include "textio/names.hpp"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -82,7 +83,7 @@ std::string_view class_phrase(FieldClass type) {
     case FieldClass::delimiter_like:
         return "lone delimiter";
     default:
-        return class_name(type);
+        return textio::name_of(type);
     }
 }
 
@@ -142,32 +143,6 @@ std::string confidence_phrase(const textio::advice::Advice& advice) {
     }
     return fmt::format("look at it: could also be {} with {}", layout_phrase(*rival->strategy),
                        counted(rival->columns.size(), "column"));
-}
-
-std::string_view class_name(FieldClass type) noexcept {
-    switch (type) {
-    case FieldClass::number:
-        return "number";
-    case FieldClass::text:
-        return "text";
-    case FieldClass::datetime:
-        return "datetime";
-    case FieldClass::date:
-        return "date";
-    case FieldClass::duration:
-        return "duration";
-    case FieldClass::hex_number:
-        return "hex_number";
-    case FieldClass::binary_number:
-        return "binary_number";
-    case FieldClass::short_duration:
-        return "short_duration";
-    case FieldClass::delimiter_like:
-        return "delimiter_like";
-    case FieldClass::unknown:
-        break;
-    }
-    return "unknown";
 }
 
 std::string column_phrase(const Column& column) {

@@ -11,10 +11,6 @@ namespace detect_layout {
 /// How far an answer can be relied on, and what it could be instead.
 [[nodiscard]] std::string confidence_phrase(const textio::advice::Advice& advice);
 
-/// A class of values for a program: `number`, `date`, `short_duration`.
-[[nodiscard]] std::string_view
-class_name(zentor::io::text::typedetection::FieldClass type) noexcept;
-
 /// What a column holds and how much is missing, as in `number, 3 of 20 missing`.
 [[nodiscard]] std::string column_phrase(const textio::advice::Column& column);
 

@@ -1,6 +1,6 @@
 #include "json_parts.hpp"
 
-#include "layout_names.hpp"
+#include "textio/names.hpp"
 #include "unicode.hpp"
 
 #include <fmt/format.h>
@@ -57,7 +57,7 @@ void add_layout(Json& answer, const textio::GenericStrategy& layout) {
     const bool splits = layout.mode() == textio::enums::StrategyMode::delimited ||
                         layout.mode() == textio::enums::StrategyMode::space_aligned;
     const bool has_widths = layout.mode() == textio::enums::StrategyMode::fixed_width;
-    answer["kind"] = kind_name(layout.mode());
+    answer["kind"] = textio::name_of(layout.mode());
     answer["delimiters"] = splits ? Json(std::move(delimiters)) : Json::array();
     answer["field_widths"] = has_widths ? Json(options.field_widths) : Json::array();
 }

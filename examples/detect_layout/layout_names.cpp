@@ -39,20 +39,6 @@ std::string unit_name(char16_t unit) {
 
 } // namespace
 
-std::string_view kind_name(StrategyMode mode) {
-    switch (mode) {
-    case StrategyMode::delimited:
-        return "delimited";
-    case StrategyMode::space_aligned:
-        return "space_aligned";
-    case StrategyMode::fixed_width:
-        return "fixed_width";
-    case StrategyMode::line_reader:
-        break;
-    }
-    return "line";
-}
-
 std::string delimiter_name(std::u16string_view delimiter) {
     std::vector<std::string> names;
     for (const char16_t unit : delimiter) {

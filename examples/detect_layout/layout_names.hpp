@@ -7,9 +7,6 @@
 
 namespace detect_layout {
 
-/// `delimited`, `space_aligned`, `fixed_width` or `line`.
-[[nodiscard]] std::string_view kind_name(textio::enums::StrategyMode mode);
-
 /// A delimiter in words: `comma`, `tab`, `'x'`, `U+0001`.
 [[nodiscard]] std::string delimiter_name(std::u16string_view delimiter);
 

@@ -98,7 +98,6 @@ TEST(AdviceWords, tell_what_a_column_holds) {
                                                      {{u"a", FieldClass::unknown, 0, 20}, "no values"}}) {
         EXPECT_EQ(column_phrase(column), phrase);
     }
-    EXPECT_EQ(class_name(FieldClass::hex_number), "hex_number");
     EXPECT_EQ(mark_name(u'.') + mark_name(u',') + mark_name(u'\'') + mark_name(u'\u00A0'), "pointcommaapostropheU+00A0");
 }
 
