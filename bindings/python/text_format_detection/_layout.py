@@ -70,6 +70,7 @@ class Layout:
     proposals: list[Proposal]  #: all readings, best first; never empty
     confidence: float | None  #: from 1 up; 3 and more can be relied on; none under the rules
     is_table: bool  #: whether there is a table of two columns or more
+    data_rows: int  #: rows with data in the sample
     encoding: str  #: with which the text was decoded
 
     kind: str
@@ -107,6 +108,7 @@ class Layout:
         self.proposals = [Proposal._from(one) for one in found["proposals"]]
         self.confidence = found["confidence"]
         self.is_table = found["is_table"]
+        self.data_rows = found["rows"]
 
     def __getattr__(self, name: str) -> Any:
         if name.startswith("_") or name in ("proposals", "why"):
