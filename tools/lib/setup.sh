@@ -12,6 +12,9 @@ build_packages=(
 )
 
 # shellcheck disable=SC2034
+python_packages=(pybind11-dev python3-dev python3-setuptools python3-wheel python3-pip python3-venv python3-pandas mypy)
+
+# shellcheck disable=SC2034
 import_packages=(python3 python3-pandas r-base-core r-cran-data.table r-cran-readr sqlite3 postgresql nodejs)
 
 # shellcheck disable=SC2034
