@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <utility>
-#include <vector>
 
 namespace textio::parser {
 
@@ -16,27 +14,17 @@ UnitSet::UnitSet(std::u16string_view units) : units_(units) {
     std::sort(units_.begin(), units_.end());
     units_.erase(std::unique(units_.begin(), units_.end()), units_.end());
     for (const char16_t unit : units_) {
-        if (unit < low_units) {
-            low_[unit / 64U] |= std::uint64_t{1} << (unit % 64U);
-        } else {
-            high_.push_back(unit);
+        if (unit >= low_units) {
+            break;
         }
+        low_[unit / 64U] |= std::uint64_t{1} << (unit % 64U);
+        ++low_count_;
     }
 }
 
-bool are_disjoint(std::initializer_list<std::u16string_view> sets) {
-    std::vector<std::pair<char16_t, std::size_t>> units; // each with the number of its set
-    std::size_t number = 0;
-    for (const std::u16string_view set : sets) {
-        for (const char16_t unit : set) {
-            units.emplace_back(unit, number);
-        }
-        ++number;
-    }
-    std::sort(units.begin(), units.end());
-    return std::adjacent_find(units.begin(), units.end(), [](const auto& left, const auto& right) {
-               return left.first == right.first && left.second != right.second;
-           }) == units.end();
+bool are_disjoint(const UnitSet& a, const UnitSet& b) {
+    return std::none_of(a.units().begin(), a.units().end(),
+                        [&b](char16_t unit) { return b.contains(unit); });
 }
 
 UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)
