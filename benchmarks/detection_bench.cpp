@@ -1,12 +1,15 @@
 // Whole detection runs over texts of each layout, all rows sampled, set against the reads that they
 // are made of: what is above 1 is valuation, classification, rules and the making of strategies.
 
+#include "heap_use.hpp"
 #include "measuring.hpp"
 #include "own_reads.hpp"
 #include "textio/textio.hpp"
 #include "texts.hpp"
 
+#include <algorithm>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -66,33 +69,66 @@ double seconds_of_pick(const Field& text, const DetectionOptions& options) {
 
 void measure_pick(benchmark::State& state, const Layout& layout, std::size_t rows) {
     constexpr double most_reads = 1.25;
-    const std::u16string units = layout.make_rows(rows);
-    const Field text(units);
-    if (!is_answer(*pick(text, layout.options), layout)) {
-        state.SkipWithError("the layout is not recognised");
-        return;
+    const std::size_t count = std::clamp<std::size_t>(10'000 / rows, 1, 40);
+    const auto texts = parts_of_a_text(layout.make_rows, rows, count);
+    std::vector<OwnReads> own;
+    for (const std::u16string& text : texts) {
+        if (!is_answer(*pick(Field(text), layout.options), layout)) {
+            state.SkipWithError("the layout is not recognised");
+            return;
+        }
+        own.push_back(own_reads(Field(text), layout.options));
     }
-    const OwnReads own = own_reads(text, layout.options);
-    CopyTime copy(units);
-    BestTime whole;
-    BestTime reads;
+    std::vector<CopyTime> copies(texts.begin(), texts.end());
+    std::vector<BestTime> whole(count);
+    std::vector<BestTime> reads(count);
     for ([[maybe_unused]] auto _ : state) {
-        const double seconds = seconds_of_pick(text, layout.options);
-        whole.add(seconds);
-        reads.add(seconds_of_reads(text, own));
-        copy.measure();
+        double seconds = 0;
+        for (std::size_t i = 0; i < count; ++i) {
+            copies[i].measure();
+            reads[i].add(seconds_of_reads(Field(texts[i]), own[i]));
+            whole[i].add(seconds_of_pick(Field(texts[i]), layout.options));
+            seconds += whole[i].seconds();
+        }
         state.SetIterationTime(seconds);
     }
-    report_best_time(state, whole);
-    report(state,
-           std::string("x memcpy, ").append(std::to_string(own.reads.size())).append(" reads"),
-           whole.seconds() / copy.seconds());
-    const double share = whole.seconds() / reads.seconds();
+    report_best_time(state, mean_seconds(whole));
+    report(
+        state,
+        std::string("x memcpy, ").append(std::to_string(own.front().reads.size())).append(" reads"),
+        mean_seconds(whole) / mean_seconds(copies));
+    const double share = mean_seconds(whole) / mean_seconds(reads);
     if (rows == 10'000) {
         report(state, "x its own reads", share, most_reads);
     } else {
         report(state, "x its own reads", share);
     }
+}
+
+/// Small texts of all layouts in turn, as an import dialog and a scan of many files see them.
+void measure_small_texts(benchmark::State& state, std::size_t rows, std::size_t most_units) {
+    std::vector<std::u16string> texts;
+    for (const Layout& layout : layouts()) {
+        for (std::u16string& text : parts_of_a_text(layout.make_rows, rows, 10)) {
+            text.resize(std::min(text.size(), most_units));
+            texts.push_back(std::move(text));
+        }
+    }
+    std::vector<BestTime> times(texts.size());
+    std::size_t allocations = 0;
+    for ([[maybe_unused]] auto _ : state) {
+        const std::size_t allocations_before = heap_use().allocations;
+        double seconds = 0;
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            times[i].add(seconds_of_pick(Field(texts[i]), {}));
+            seconds += times[i].seconds();
+        }
+        allocations = heap_use().allocations - allocations_before;
+        state.SetIterationTime(seconds);
+    }
+    report_best_time(state, mean_seconds(times));
+    report(state, "allocations in one detection",
+           static_cast<double>(allocations) / static_cast<double>(texts.size()));
 }
 
 /// One line of a million units in front of 100,000 short ones, only fixed widths to be tried,
@@ -143,6 +179,15 @@ const bool added = [] {
             })
             ->UseManualTime();
     }
+    const auto add_small = [](const std::string& what, std::size_t rows, std::size_t most_units) {
+        benchmark::RegisterBenchmark(("detection, small: " + what).c_str(), measure_small_texts,
+                                     rows, most_units)
+            ->UseManualTime();
+    };
+    add_small("empty", 1, 0);
+    add_small("ten units", 1, 10);
+    add_small("three lines", 3, SIZE_MAX);
+    add_small("250 rows", 250, SIZE_MAX);
     benchmark::RegisterBenchmark("detection, fixed width, a line of a million units",
                                  measure_long_line)
         ->UseManualTime();

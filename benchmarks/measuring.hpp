@@ -85,8 +85,11 @@ private:
 inline constexpr const char* best_time_name = "best time";
 inline constexpr std::string_view target_suffix = ", at most";
 
+inline void report_best_time(benchmark::State& state, double seconds) {
+    state.counters[best_time_name] = seconds;
+}
 inline void report_best_time(benchmark::State& state, const BestTime& time) {
-    state.counters[best_time_name] = time.seconds();
+    report_best_time(state, time.seconds());
 }
 
 /// A figure without a target.
@@ -101,22 +104,42 @@ inline void report(benchmark::State& state, const std::string& figure, double va
     report(state, figure + std::string(target_suffix), target);
 }
 
-/// Compares a text of `10 * rows` rows with its ten parts of `rows` rows. Of one part read again
-/// and again, a processor would have learnt the branches and kept the text at hand, which says
-/// nothing of the cost of more rows. `make_text` gives the first so many rows of one text.
+/// `count` texts of `size` each, all parts of one. Of one text read again and again, a processor
+/// would learn the branches, which says nothing of the next text. `make_text` gives the beginning
+/// of one text, of a given size.
+template <class MakeText>
+std::vector<std::u16string> parts_of_a_text(MakeText&& make_text, std::size_t size,
+                                            std::size_t count) {
+    const std::u16string whole = make_text(count * size);
+    std::vector<std::u16string> parts;
+    std::size_t begin = 0;
+    for (std::size_t part = 1; part <= count; ++part) {
+        const std::size_t end = make_text(part * size).size();
+        parts.push_back(whole.substr(begin, end - begin));
+        begin = end;
+    }
+    return parts;
+}
+
+/// The mean of several best times.
+template <class Time>
+double mean_seconds(const std::vector<Time>& times) {
+    double sum = 0;
+    for (const Time& time : times) {
+        sum += time.seconds();
+    }
+    return sum / static_cast<double>(times.size());
+}
+
+/// Compares a text of `10 * rows` rows with its ten parts of `rows` rows. `make_text` gives the
+/// first so many rows of one text.
 template <class MakeText, class SecondsOfText>
 void measure_growth(benchmark::State& state, std::size_t rows, MakeText&& make_text,
                     SecondsOfText&& seconds_of_text) {
     constexpr std::size_t count = 10;
     constexpr double most_growth = 11;
     const std::u16string whole = make_text(count * rows);
-    std::vector<std::u16string> parts;
-    std::size_t begin = 0;
-    for (std::size_t part = 1; part <= count; ++part) {
-        const std::size_t end = make_text(part * rows).size();
-        parts.push_back(whole.substr(begin, end - begin));
-        begin = end;
-    }
+    const std::vector<std::u16string> parts = parts_of_a_text(make_text, rows, count);
     BestTime all_parts;
     BestTime together;
     for ([[maybe_unused]] auto _ : state) {

@@ -1,7 +1,6 @@
 // The search that all reading stands on, beside the plain loop.
 #include "search/unit_search.hpp"
 #include "input.hpp"
-#include "search/run_walk.hpp"
 #include "search/search_walk.hpp"
 #include "support/plain_search.hpp"
 
@@ -32,7 +31,7 @@ void check_edges(const std::u16string& units, const Field& text, fuzz::Input& in
     const UnitSearch stops(units);
     const UnitSearch others(delimiter_units, UnitSearch::Wanted::outside);
     const UnitSet delimiters(delimiter_units);
-    RunWalk walk(stops, others, text.data, text.data + text.size);
+    RunWalk walk({stops, others}, text.data, text.data + text.size);
     for (std::size_t from = 0; from <= text.size; from += input.byte() % 80U) {
         std::size_t edge = plain_edge(stops.set(), delimiters, text, from, from);
         require(walk.next(text.data + from) == text.data + edge, "a walk finds an edge");

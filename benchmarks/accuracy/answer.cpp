@@ -53,7 +53,9 @@ json fact_of(const Label& label, const std::string& fact) {
 } // namespace
 
 std::shared_ptr<textio::GenericStrategy> pick(const textio::Field& text) {
-    textio::detection::StrategySelector selector({}, {});
+    const textio::parser::options options;
+    const zentor::io::text::typedetection::TypeAnalyzerOptions type_options;
+    textio::detection::StrategySelector selector(options, type_options);
     return selector.pick_strategy(text, sample_rows);
 }
 

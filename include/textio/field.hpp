@@ -139,6 +139,10 @@ struct Record {
     std::size_t consumed = 0;
 };
 
+namespace parser {
+class LineMarks;
+}
+
 namespace output {
 
 /// Carries what one detection run reads: the text, how much of it, and the array being filled.
@@ -155,6 +159,7 @@ struct TEXTIO_EXPORT DetectionOutputBuilder {
     bool limit_fields = false;                  ///< keep at most `field_limit` fields of a record
     std::size_t field_limit = SIZE_MAX;         ///< that limit, in fields
     std::unique_ptr<std::u16string> whitespace; ///< whitespace of the layout being read
+    std::shared_ptr<const parser::LineMarks> line_marks; ///< left by a read for the next one
 };
 
 } // namespace output

@@ -101,8 +101,9 @@ Field get_fixed_stream(const TextStream& stream, const std::vector<std::u16strin
     const std::shared_ptr<Delim> set = get_or_create_delim(line_endings);
     const bool has_long =
         !set->strings.empty() && set->strings.front().size() >= parser::LongString::least_units;
-    return {stream.position, has_long ? length_of_long_lines(whole, parser::GuardedDelim(set))
-                                      : length_of_whole_lines(whole, *set)};
+    return {stream.position, has_long
+                                 ? length_of_long_lines(whole, parser::GuardedDelim(line_endings))
+                                 : length_of_whole_lines(whole, *set)};
 }
 
 } // namespace textio

@@ -3,18 +3,18 @@
 #include "parser/parser_exception.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace textio::parser {
 
-DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_options)
-    : options(&reader_options), line_ends(get_or_create_delim(reader_options.line_endings)),
-      delimiters(get_or_create_delim(reader_options.delimiters)),
-      scanner(reader_options, delimiters, line_ends), guarded_line_ends(line_ends),
-      guarded_delimiters(delimiters),
-      delimiter_units(
-          std::u16string(delimiters->first_units.begin(), delimiters->first_units.end())),
-      stops(scanner.bounds.stop_units + reader_options.quote + end_of_text),
-      other_units(delimiter_units.units(), UnitSearch::Wanted::outside),
+DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_options,
+                                             std::shared_ptr<const LineMarks> line_marks)
+    : options(&reader_options), marks(LineMarks::of(reader_options, std::move(line_marks))),
+      guarded_line_ends(marks->line_ends()), guarded_delimiters(reader_options.delimiters),
+      blank_units(reader_options.whitespace), quotes(std::u16string_view(&reader_options.quote, 1)),
+      bounds(guarded_delimiters.first_units().units() + guarded_line_ends.first_units().units()),
+      stops(bounds.set().units() + reader_options.quote + end_of_text),
+      other_units(guarded_delimiters.first_units().units(), UnitSearch::Wanted::outside),
       has_plain_records(parser::has_plain_records(*this)) {}
 
 std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& text,
@@ -74,6 +74,32 @@ void check_trailing(const DelimitedRecordReader& reader, Record& record, bool se
 
 namespace {
 
+/// The position behind the quoted part that opens at `open`, or the end of the text.
+std::size_t skip_quoted_part(const DelimitedRecordReader& reader, const Field& text,
+                             std::size_t open) {
+    std::size_t at = open;
+    do {
+        at = std::min(reader.quotes.next(text, at + 1) + 1, text.size);
+    } while (at < text.size && text.data[at] == reader.options->quote);
+    return at;
+}
+
+/// The position where the field behind the one at `start` starts. `field_size` becomes the length
+/// of the field at `start`: up to the first delimiter or line ending outside a quoted part, with
+/// blanks and quotes. A quoted part can only begin a field, behind blanks; a doubled quote does not
+/// end it.
+std::size_t scan_field(const DelimitedRecordReader& reader, const Field& text, std::size_t start,
+                       std::size_t& field_size) {
+    std::size_t at = reader.blank_units.skip(text, start);
+    if (at < text.size && text.data[at] == reader.options->quote) {
+        at = skip_quoted_part(reader, text, at);
+    }
+    const Boundary boundary = find_boundary(reader.bounds, reader.guarded_delimiters,
+                                            &reader.guarded_line_ends, text, at);
+    field_size = boundary.at - start;
+    return boundary.at + boundary.length;
+}
+
 /// Whether a record that has come to `position` ends there.
 bool ends_record(const DelimitedRecordReader& reader, const Field& text, std::size_t position) {
     return text.unit_at(position) == end_of_text ||
@@ -86,7 +112,7 @@ std::size_t skip_empty_fields(const DelimitedRecordReader& reader, const Field& 
                               std::size_t position) {
     while (!ends_record(reader, text, position)) {
         std::size_t field_size = 0;
-        const std::size_t next = scan_field(reader.scanner, text, position, field_size);
+        const std::size_t next = scan_field(reader, text, position, field_size);
         if (field_size != 0) {
             break;
         }
@@ -120,7 +146,7 @@ void split_record(const DelimitedRecordReader& reader, const Field& text, Record
     std::size_t line_end = reader.guarded_line_ends.match_at(text, position);
     while (line_end == 0 && text.unit_at(position) != end_of_text) {
         std::size_t field_size = 0;
-        std::size_t next = scan_field(reader.scanner, text, position, field_size);
+        std::size_t next = scan_field(reader, text, position, field_size);
         after_field(record.spans.size() / 2, next);
         last_end = position + field_size;
         record.spans.push_back(position);

@@ -2,40 +2,42 @@
 /// Reads text whose fields are separated by delimiters: delimited and space-aligned text alike.
 #pragma once
 
-#include "parser/field_scanner.hpp"
+#include "parser/line_marks.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/short_way/plain_records.hpp"
 #include "search/guarded_delim.hpp"
+#include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
 #include <cstddef>
 #include <memory>
-#include <string_view>
 
 namespace textio::parser {
 
-/// Built for one read, from options that outlive it and stay as they are meanwhile.
+/// Built for one read, from options that outlive it and stay as they are meanwhile. Marks that
+/// another read of the text has made can be handed over.
 struct DelimitedRecordReader {
     static constexpr bool comment_keeps_columns = false;
     static constexpr bool blank_lines_are_empty = true;
     static constexpr std::size_t field_limit = SIZE_MAX;
 
-    explicit DelimitedRecordReader(const options& options);
+    explicit DelimitedRecordReader(const options& options,
+                                   std::shared_ptr<const LineMarks> line_marks = nullptr);
 
-    [[nodiscard]] const UnitSearch& blanks() const noexcept { return scanner.blanks; }
+    [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
 
     const parser::options* options;
-    std::shared_ptr<Delim> line_ends;
-    std::shared_ptr<Delim> delimiters;
-    FieldScanner scanner;
-    GuardedDelim guarded_line_ends;  ///< `line_ends`, asked at every field
-    GuardedDelim guarded_delimiters; ///< `delimiters`, likewise
+    std::shared_ptr<const LineMarks> marks;
+    const GuardedDelim& guarded_line_ends; ///< that of the marks
+    GuardedDelim guarded_delimiters;
+    UnitSearch blank_units; ///< finds what may stand in front of an opening quote
+    UnitSearch quotes;      ///< finds the quote
+    UnitSearch bounds;      ///< finds the first units of delimiters and line endings
 
     // For the short way.
-    UnitSet delimiter_units; ///< first units of the delimiters
-    UnitSearch stops;        ///< finds all that can end a field or open a quoted part
-    UnitSearch other_units;  ///< finds what is none of `delimiter_units`
+    UnitSearch stops;       ///< finds all that can end a field or open a quoted part
+    UnitSearch other_units; ///< finds what begins no delimiter
     bool has_plain_records;
 };
 

@@ -3,16 +3,17 @@
 #include "parser/parser_exception.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace textio::parser {
 
-FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_options)
+FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_options,
+                                               std::shared_ptr<const LineMarks> line_marks)
     : options(&reader_options), widths(reader_options.field_widths),
-      line_ends(get_or_create_delim(reader_options.line_endings)),
-      stop_units(line_ends->first_units.begin(), line_ends->first_units.end()), stops(stop_units),
-      blank_units(reader_options.whitespace), guarded_line_ends(line_ends),
-      plain_stops(stop_units + end_of_text), field_limit(widths.size()),
-      has_plain_records(parser::has_plain_records(*this)) {}
+      marks(LineMarks::of(reader_options, std::move(line_marks))),
+      guarded_line_ends(marks->line_ends()), blank_units(reader_options.whitespace),
+      plain_stops(guarded_line_ends.first_units().units() + end_of_text),
+      field_limit(widths.size()), has_plain_records(parser::has_plain_records(*this)) {}
 
 namespace {
 
@@ -51,20 +52,21 @@ bool is_within_reach(const Field& text, std::size_t at, std::size_t end) {
 class LineEndingWalk {
 public:
     LineEndingWalk(const FixedWidthRecordReader& reader, const Field& text)
-        : reader_(reader), text_(text), stop_(reader.stops.next(text, 0)) {}
+        : reader_(reader), text_(text), stops_(reader.marks->line_end_starts()),
+          stop_(stops_.next(text, 0)) {}
 
     /// The first line ending that starts from `begin` on and before `end`. Neither `begin` nor
     /// `end` may be smaller than in an earlier call.
     LineEnding first_within(std::size_t begin, std::size_t end) {
         if (stop_ < begin) {
-            stop_ = reader_.stops.next(text_, begin);
+            stop_ = stops_.next(text_, begin);
         }
         while (stop_ < end) {
             if (const std::size_t length = reader_.guarded_line_ends.match_at(text_, stop_);
                 length != 0) {
                 return {stop_, length};
             }
-            stop_ = reader_.stops.next(text_, stop_ + 1);
+            stop_ = stops_.next(text_, stop_ + 1);
         }
         return {text_.size, 0};
     }
@@ -77,6 +79,7 @@ public:
 private:
     const FixedWidthRecordReader& reader_;
     const Field& text_;
+    const UnitSearch& stops_;
     std::size_t stop_; ///< the next unit with which a line ending may start
 };
 

@@ -2,41 +2,39 @@
 /// Reads text whose fields have fixed widths.
 #pragma once
 
+#include "parser/line_marks.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/short_way/plain_records.hpp"
 #include "search/guarded_delim.hpp"
 #include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
-#include "textio/platform/delimiter_set.hpp"
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <string>
-#include <string_view>
 #include <vector>
 
 namespace textio::parser {
 
-/// Built for one read, from options that outlive it and stay as they are meanwhile.
+/// Built for one read, from options that outlive it and stay as they are meanwhile. Marks that
+/// another read of the text has made can be handed over.
 struct FixedWidthRecordReader {
     static constexpr bool comment_keeps_columns = true;
     static constexpr bool blank_lines_are_empty = false;
 
-    explicit FixedWidthRecordReader(const options& options);
+    explicit FixedWidthRecordReader(const options& options,
+                                    std::shared_ptr<const LineMarks> line_marks = nullptr);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
 
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units
-    std::shared_ptr<Delim> line_ends;
-    std::u16string stop_units;      ///< first units of the line endings, ascending, each once
-    UnitSearch stops;               ///< finds the stop units
-    UnitSearch blank_units;         ///< finds the whitespace of the options
-    GuardedDelim guarded_line_ends; ///< `line_ends`, asked at every field
-    UnitSearch plain_stops;         ///< finds what ends a plain line, and the end of the text
-    std::size_t field_limit;        ///< as many fields as there are widths
+    std::shared_ptr<const LineMarks> marks;
+    const GuardedDelim& guarded_line_ends; ///< that of the marks
+    UnitSearch blank_units;                ///< finds the whitespace of the options
+    UnitSearch plain_stops;  ///< finds what ends a plain line, and the end of the text
+    std::size_t field_limit; ///< as many fields as there are widths
     bool has_plain_records;
 };
 

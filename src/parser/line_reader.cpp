@@ -1,13 +1,16 @@
 #include "parser/line_reader.hpp"
 
+#include <utility>
+
 namespace textio::parser {
 
-LineRecordReader::LineRecordReader(const options& options)
-    : scanner(options.line_endings, {}), whitespace(&options.whitespace), blank_units(*whitespace),
-      guarded_line_ends(scanner.ends), has_plain_records(parser::has_plain_records(*this)) {}
+LineRecordReader::LineRecordReader(const options& options,
+                                   std::shared_ptr<const LineMarks> line_marks)
+    : marks(LineMarks::of(options, std::move(line_marks))), guarded_line_ends(marks->line_ends()),
+      blank_units(options.whitespace), has_plain_records(parser::has_plain_records(*this)) {}
 
 void read_line(const LineRecordReader& reader, const Field& text, Record& record) {
-    const Boundary line_end = reader.scanner.find(text, 0);
+    const Boundary line_end = reader.marks->find_line_end(text, 0);
     record.consumed = line_end.at + line_end.length;
     if (line_end.at > 0) {
         record.spans.push_back(0);

@@ -2,35 +2,35 @@
 /// Reads each line as one field.
 #pragma once
 
+#include "parser/line_marks.hpp"
 #include "parser/record_loop.hpp"
 #include "parser/short_way/plain_records.hpp"
-#include "search/boundary_scanner.hpp"
 #include "search/guarded_delim.hpp"
 #include "search/unit_search.hpp"
 #include "textio/field.hpp"
 #include "textio/options.hpp"
 
 #include <cstddef>
-#include <string>
-#include <string_view>
+#include <memory>
 
 namespace textio::parser {
 
-/// Built for one read, from options that outlive it and stay as they are meanwhile.
+/// Built for one read, from options that outlive it and stay as they are meanwhile. Marks that
+/// another read of the text has made can be handed over.
 struct LineRecordReader {
     static constexpr bool comment_keeps_columns = false;
     static constexpr bool blank_lines_are_empty = true;
     static constexpr std::size_t field_limit = SIZE_MAX;
 
-    explicit LineRecordReader(const options& options);
+    explicit LineRecordReader(const options& options,
+                              std::shared_ptr<const LineMarks> line_marks = nullptr);
 
     [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
 
-    BoundaryScanner scanner;          ///< ends at line endings; has no barriers
-    const std::u16string* whitespace; ///< that of the options
-    UnitSearch blank_units;           ///< finds the same
-    GuardedDelim guarded_line_ends;   ///< the line endings
-    bool has_plain_records;           ///< line endings are neither blanks nor the end of the text
+    std::shared_ptr<const LineMarks> marks;
+    const GuardedDelim& guarded_line_ends; ///< that of the marks
+    UnitSearch blank_units;                ///< finds the whitespace of the options
+    bool has_plain_records; ///< line endings are neither blanks nor the end of the text
 };
 
 /// Reads the line at the start of `text`, blanks at its ends included. An empty one has no span.

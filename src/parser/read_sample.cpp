@@ -21,7 +21,10 @@ template <class Reader>
 void read_sample_with(output::DetectionOutputBuilder& builder, const Reader& reader,
                       GenericStrategy& strategy, bool value_it) {
     Field text = *builder.text;
-    builder.whitespace = std::make_unique<std::u16string>(strategy.options().whitespace);
+    if (builder.whitespace == nullptr) {
+        builder.whitespace = std::make_unique<std::u16string>();
+    }
+    *builder.whitespace = strategy.options().whitespace;
     read_records(strategy.options(), reader, rows_to_read(builder, strategy), SIZE_MAX, text,
                  builder);
     strategy.field_array(std::move(builder.field_array));
@@ -39,18 +42,22 @@ void read_sample(output::DetectionOutputBuilder& builder, std::shared_ptr<Generi
     }
     builder.field_array = std::make_unique<FieldArray>();
     const options& options = strategy->options();
+    builder.line_marks = LineMarks::of(options, std::move(builder.line_marks));
     switch (strategy->mode()) {
     case enums::StrategyMode::delimited:
     case enums::StrategyMode::space_aligned:
-        read_sample_with(builder, DelimitedRecordReader(options), *strategy, value_it);
+        read_sample_with(builder, DelimitedRecordReader(options, builder.line_marks), *strategy,
+                         value_it);
         break;
     case enums::StrategyMode::fixed_width:
         builder.limit_fields = true;
         builder.field_limit = options.field_widths.size();
-        read_sample_with(builder, FixedWidthRecordReader(options), *strategy, value_it);
+        read_sample_with(builder, FixedWidthRecordReader(options, builder.line_marks), *strategy,
+                         value_it);
         break;
     case enums::StrategyMode::line_reader:
-        read_sample_with(builder, LineRecordReader(options), *strategy, value_it);
+        read_sample_with(builder, LineRecordReader(options, builder.line_marks), *strategy,
+                         value_it);
         break;
     }
     builder.limit_fields = false;

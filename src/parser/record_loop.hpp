@@ -4,7 +4,7 @@
 /// It runs with any of the three readers: `RecordReader` says what one must supply.
 #pragma once
 
-#include "parser/comment_scanner.hpp"
+#include "parser/line_marks.hpp"
 #include "parser/parser_exception.hpp"
 #include "parser/short_way/gate.hpp"
 #include "parser/short_way/plain_records.hpp"
@@ -15,7 +15,6 @@
 
 #include <concepts>
 #include <cstddef>
-#include <memory>
 #include <optional>
 
 namespace textio::parser {
@@ -26,7 +25,8 @@ namespace textio::parser {
 /// - `skip_to_content` gives where content starts on the line at a position;
 /// - `comment_keeps_columns` tells whether text behind a block comment is read with the blanks in
 ///   front, and `blank_lines_are_empty` whether a line of blanks is an empty line;
-/// - `blanks()` finds whitespace, and `guarded_line_ends` line endings;
+/// - `marks` are its line endings, also as `guarded_line_ends`, and its comments;
+/// - `blanks()` finds whitespace;
 /// - for the short way, `take_plain_records` reads records until one is not plain, and
 ///   `has_plain_records`, `unplain_starts` and `field_limit`, the limit on fields of a record under
 ///   which that is so, are told in short_way/gate.hpp.
@@ -38,6 +38,7 @@ concept RecordReader = requires(const Reader reader, const Field text, Record re
     { Reader::comment_keeps_columns } -> std::convertible_to<bool>;
     { Reader::blank_lines_are_empty } -> std::convertible_to<bool>;
     { reader.blanks() } -> std::same_as<const UnitSearch&>;
+    { *reader.marks } -> std::convertible_to<const LineMarks&>;
     { reader.guarded_line_ends } -> std::convertible_to<const GuardedDelim&>;
     take_plain_records(reader, records);
     { reader.has_plain_records } -> std::convertible_to<bool>;
@@ -47,12 +48,12 @@ concept RecordReader = requires(const Reader reader, const Field text, Record re
 
 /// What follows the comment from `start` to `end` of `text`, as `skip_comment` gave it.
 template <RecordReader Reader>
-CommentEnd finish_comment(const Reader& reader, const CommentScanner& comments, const Field& text,
-                          std::size_t start, std::size_t end) {
-    if (!comments.is_block) {
+CommentEnd finish_comment(const Reader& reader, const Field& text, std::size_t start,
+                          std::size_t end) {
+    if (!reader.marks->has_block_comments()) {
         return {end, 1, true};
     }
-    const std::size_t lines = comments.count_comment_lines(text, start, end);
+    const std::size_t lines = reader.marks->count_comment_lines(text, start, end);
     const std::size_t content = skip_to_content(reader, text, end);
     if (text.unit_at(content) == end_of_text) {
         return {content, lines, true};
@@ -70,11 +71,9 @@ class RecordLoop {
 public:
     RecordLoop(const options& options, const Reader& reader, ReadLimits limits, Field& text,
                output::DetectionOutputBuilder& builder)
-        : options_(options), reader_(reader), limits_(limits), text_(text), builder_(builder),
-          sample_(*builder.field_array, text, limits.rows) {
-        if (!options.comment_style.empty()) {
-            comments_ = std::make_unique<CommentScanner>(options);
-        }
+        : options_(options), reader_(reader), marks_(*reader.marks), limits_(limits), text_(text),
+          builder_(builder), sample_(*builder.field_array, text, limits.rows) {
+        marks_.forget_text();
     }
 
     /// Where a read fails, the array holds the lines before the one that failed.
@@ -91,7 +90,7 @@ public:
 private:
     void read() {
         std::optional<PlainRecords> plain;
-        if (is_short_way_open(reader_, options_, builder_)) {
+        if (is_wanted() && is_short_way_open(reader_, options_, builder_)) {
             plain.emplace(line_shape(), limits_, text_, counts_, sample_);
         }
         bool behind_comment =
@@ -122,7 +121,7 @@ private:
     [[nodiscard]] LineShape line_shape() const {
         return {reader_.blanks(),
                 reader_.guarded_line_ends,
-                comments_ ? comments_->opener.substr(0, 1) : std::u16string(),
+                std::u16string_view(marks_.opener()).substr(0, 1),
                 unplain_starts(reader_),
                 options_.empty_line_rule == empty_line::keep,
                 Reader::blank_lines_are_empty};
@@ -134,9 +133,9 @@ private:
     /// Passes the comments that stand here, up to one with text behind it on its line.
     Passed pass_comments() {
         Passed passed = Passed::nothing;
-        while (comments_ && is_wanted() && passed != Passed::start_of_line) {
+        while (!marks_.opener().empty() && is_wanted() && passed != Passed::start_of_line) {
             const std::size_t start = content_start();
-            const std::size_t end = comments_->skip_comment(text_, start);
+            const std::size_t end = marks_.skip_comment(text_, start);
             if (end <= start) {
                 break;
             }
@@ -147,7 +146,7 @@ private:
 
     /// Passes the comment from `start` to `end`. Gives whether its line ends with it.
     bool pass_comment(std::size_t start, std::size_t end) {
-        const CommentEnd comment = finish_comment(reader_, *comments_, text_, start, end);
+        const CommentEnd comment = finish_comment(reader_, text_, start, end);
         text_.advance(comment.resume_at);
         counts_.consumed += comment.resume_at;
         keep_lines_of(comment);
@@ -223,10 +222,10 @@ private:
 
     const options& options_;
     const Reader& reader_;
+    const LineMarks& marks_;
     const ReadLimits limits_;
     Field& text_;
     output::DetectionOutputBuilder& builder_;
-    std::unique_ptr<const CommentScanner> comments_; ///< null if the text can hold none
     SampleWriter sample_;
     Record record_;
     ReadCounts counts_;

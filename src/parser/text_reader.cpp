@@ -7,7 +7,6 @@
 #include "unseen_fields.hpp"
 
 #include <algorithm>
-#include <optional>
 #include <type_traits>
 
 namespace textio::parser {
@@ -24,28 +23,23 @@ std::size_t longest(const std::vector<std::u16string>& strings, std::size_t leas
 /// The units that are skipped in front of a line, and those that can end a line, if some units are
 /// both; otherwise nothing. Skipping can then go on over the end of a line.
 std::u16string units_across_lines(const options& options) {
-    const auto line_ends = get_or_create_delim(options.line_endings);
-    const auto delimiters = get_or_create_delim(options.delimiters);
-    const std::u16string ends(line_ends->first_units.begin(), line_ends->first_units.end());
-    const std::u16string skipped =
-        options.whitespace +
-        std::u16string(delimiters->first_units.begin(), delimiters->first_units.end());
-    return are_disjoint({ends, UnitSet(skipped).units()}) ? std::u16string() : ends + skipped;
+    const GuardedDelim line_ends(options.line_endings);
+    const GuardedDelim delimiters(options.delimiters);
+    const UnitSet skipped(options.whitespace + delimiters.first_units().units());
+    return are_disjoint(line_ends.first_units(), skipped)
+               ? std::u16string()
+               : line_ends.first_units().units() + skipped.units();
 }
 
 template <class Reader>
 class TextReaderOf final : public TextReader {
 public:
     explicit TextReaderOf(const parser::options& options)
-        : TextReader(GuardedDelim(get_or_create_delim(options.line_endings)).usual_unit()),
-          options_(options), reader_(options), quotes_(std::u16string_view(&options.quote, 1)),
-          line_end_starts_(reader_.guarded_line_ends.first_units().units()),
+        : TextReader(GuardedDelim(options.line_endings).usual_unit()), options_(options),
+          reader_(options), quotes_(std::u16string_view(&options.quote, 1)),
           across_lines_(units_across_lines(options)),
           lookahead_(longest(options.line_endings,
                              longest(options.delimiters, longest(options.comment_style, 1)))) {
-        if (!options.comment_style.empty()) {
-            comments_.emplace(options);
-        }
         builder_.field_array = std::make_unique<FieldArray>();
         builder_.whitespace = std::make_unique<std::u16string>(options.whitespace);
         builder_.limit_fields = reader_.field_limit != SIZE_MAX;
@@ -64,12 +58,9 @@ public:
     }
 
     [[nodiscard]] std::size_t least_lines(const Field& text) const override {
-        if (!comments_) {
-            return 1;
-        }
         const std::size_t start = skip_to_content(reader_, text, 0);
-        const std::size_t end = comments_->skip_comment(text, start);
-        return end <= start ? 1 : finish_comment(reader_, *comments_, text, start, end).lines;
+        const std::size_t end = reader_.marks->skip_comment(text, start);
+        return end <= start ? 1 : finish_comment(reader_, text, start, end).lines;
     }
 
     [[nodiscard]] std::size_t settled_units(const Field& text) const override {
@@ -93,8 +84,9 @@ public:
     }
 
     [[nodiscard]] std::size_t next_line(const Field& text, std::size_t from) const override {
-        for (std::size_t at = line_end_starts_.next(text, from); at < text.size;
-             at = line_end_starts_.next(text, at + 1)) {
+        const UnitSearch& starts = reader_.marks->line_end_starts();
+        for (std::size_t at = starts.next(text, from); at < text.size;
+             at = starts.next(text, at + 1)) {
             if (const std::size_t length = reader_.guarded_line_ends.match_at(text, at);
                 length != 0) {
                 return std::min(at + length, text.size);
@@ -110,9 +102,7 @@ public:
 private:
     const parser::options& options_;
     const Reader reader_;
-    std::optional<const CommentScanner> comments_;
     const UnitSearch quotes_;
-    const UnitSearch line_end_starts_;
     const UnitSet across_lines_;
     const std::size_t lookahead_; ///< units behind a line that can change how it is read
 };

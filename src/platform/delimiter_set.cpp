@@ -12,9 +12,24 @@ constexpr std::size_t few_strings = 8;
 
 constexpr std::size_t no_place = SIZE_MAX;
 
-/// The strings that are not empty, each once, longer ones first and else in their given order. What
-/// is sorted are indexes, so that the cost stays in bounds for a list of any length.
-std::vector<std::u16string> distinct_longest_first(const std::vector<std::u16string>& strings) {
+/// The strings that are not empty, each once, longer ones first and else in their given order.
+std::vector<std::u16string> few_longest_first(const std::vector<std::u16string>& strings) {
+    std::vector<std::u16string> kept;
+    kept.reserve(strings.size());
+    for (const std::u16string& string : strings) {
+        if (!string.empty() && std::find(kept.begin(), kept.end(), string) == kept.end()) {
+            const auto shorter =
+                std::find_if(kept.begin(), kept.end(), [&string](const std::u16string& other) {
+                    return other.size() < string.size();
+                });
+            kept.insert(shorter, string);
+        }
+    }
+    return kept;
+}
+
+/// The same at a cost that stays in bounds for a list of any length: what is sorted are indexes.
+std::vector<std::u16string> many_longest_first(const std::vector<std::u16string>& strings) {
     std::vector<std::size_t> order(strings.size());
     std::iota(order.begin(), order.end(), std::size_t{0});
     const auto compare = [&strings](std::size_t a, std::size_t b, bool looks_at_text) {
@@ -117,7 +132,8 @@ void Delim::sort_strings() {
 
 std::shared_ptr<Delim> get_or_create_delim(const std::vector<std::u16string>& strings) {
     auto set = std::make_shared<Delim>();
-    set->strings = distinct_longest_first(strings);
+    const bool are_few = strings.size() <= few_strings;
+    set->strings = (are_few ? few_longest_first : many_longest_first)(strings);
     if (!set->strings.empty()) {
         set->first_unit_storage = first_units_of(set->strings);
         set->first_units = set->first_unit_storage;

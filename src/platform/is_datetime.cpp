@@ -277,6 +277,13 @@ Reading ShapeReader::after_weekday() const {
     return reading;
 }
 
+/// Whether a text that starts with so many digits can have this shape, judged by its first element.
+bool can_start(std::string_view shape, std::size_t digits) {
+    const std::size_t size = element_size(shape);
+    const bool is_name = shape.starts_with("mmm");
+    return is_name ? digits == 0 : size == 1 ? digits == 1 || digits == 2 : digits >= size;
+}
+
 /// Whether the values of a reading go together: no 30 February, and nothing later than 24:00:00.
 bool is_possible(const Reading& reading) {
     using namespace std::chrono;
@@ -290,8 +297,12 @@ bool is_possible(const Reading& reading) {
 bool is_datetime(const textio::Field& text, const std::u16string& /*context*/) {
     const ShapeReader reader(text.view());
     const Reading start = reader.after_weekday();
+    const std::size_t digits = ascii::skip_digits(text.view(), start.position) - start.position;
     return std::any_of(
         date_shapes::dates.begin(), date_shapes::dates.end(), [&](std::string_view shape) {
+            if (!can_start(shape, digits)) {
+                return false;
+            }
             const std::optional<Reading> reading = reader.read(shape, start);
             return reading && reading->position == text.size && is_possible(*reading);
         });

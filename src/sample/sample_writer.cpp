@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <new>
 #include <span>
 
@@ -55,6 +56,16 @@ void make_room_for(std::vector<Value>& values, double wanted, double least) {
 
 } // namespace
 
+/// Makes room for the first few lines, which then tell how many fields are to be expected.
+void SampleWriter::make_first_room() {
+    constexpr std::size_t first_fields = 4 * spare_fields;
+    const auto units = static_cast<std::size_t>(end_ - begin_);
+    const bool is_short = units < first_fields; // and cannot hold more fields
+    array_.fields.reserve(is_short ? units : first_fields);
+    array_.line_ends.reserve(std::min(is_short ? units : first_fields / 2, rows_));
+    roomy_fields_ = is_short ? SIZE_MAX : array_.fields.capacity() - spare_fields;
+}
+
 void SampleWriter::add_line_ends(std::size_t count, const char16_t* next) {
     std::vector<std::size_t>& line_ends = array_.line_ends;
     if (line_ends.capacity() - line_ends.size() < count) {
@@ -91,7 +102,7 @@ const char16_t* SampleWriter::make_room_within_record(const char16_t* at) {
 
 /// How many times as much as the text up to `at` the whole text gives, if it goes on as it began.
 double SampleWriter::expected_growth(const char16_t* at) const noexcept {
-    constexpr double margin = 1.05; // lines are not all alike
+    constexpr double margin = 1.25; // lines are not all alike
     const auto share = [](std::size_t whole, std::size_t part) {
         return static_cast<double>(whole) / static_cast<double>(part);
     };

@@ -19,8 +19,10 @@ namespace textio::parser {
 class SampleWriter {
 public:
     /// Fills `array`, which outlives it, with what is read of `text`: at most `rows` rows.
-    SampleWriter(FieldArray& array, const Field& text, std::size_t rows) noexcept
-        : array_(array), begin_(text.data), end_(text.data + text.size), rows_(rows) {}
+    SampleWriter(FieldArray& array, const Field& text, std::size_t rows)
+        : array_(array), begin_(text.data), end_(text.data + text.size), rows_(rows) {
+        make_first_room();
+    }
 
     /// Adds the field from `begin` up to `end` to the record at hand.
     void add_field(const char16_t* begin, const char16_t* end) {
@@ -67,6 +69,7 @@ private:
     /// A record of more units asks for room now and then.
     static constexpr std::ptrdiff_t long_record = 4096;
 
+    void make_first_room();
     void add_line_ends(std::size_t count, const char16_t* next);
     [[nodiscard]] double expected_growth(const char16_t* at) const noexcept;
     void make_room(const char16_t* at);

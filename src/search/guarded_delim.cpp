@@ -1,34 +1,39 @@
 #include "search/guarded_delim.hpp"
 
-#include <algorithm>
-#include <iterator>
-#include <utility>
+#include "textio/platform/delimiter_set.hpp"
 
 namespace textio::parser {
 
 namespace {
 
-/// `end_of_text` is left out: whether it matches depends on what is left of the text.
-std::u16string units_that_match_alone(const Delim& delim) {
-    std::u16string starts_of_longer;
-    for (const std::u16string& string : delim.strings) {
-        if (string.size() > 1) {
-            starts_of_longer.push_back(string.front());
+/// The first units of the strings of at least `least_size` units, and of at most `most_size`.
+std::u16string first_units_of(const std::vector<std::u16string>& strings, std::size_t least_size,
+                              std::size_t most_size) {
+    std::u16string units;
+    for (const std::u16string& string : strings) {
+        if (string.size() >= least_size && string.size() <= most_size) {
+            units.push_back(string.front());
         }
     }
-    const UnitSet not_alone(starts_of_longer);
-    std::u16string units;
-    std::copy_if(
-        delim.first_units.begin(), delim.first_units.end(), std::back_inserter(units),
-        [&not_alone](char16_t unit) { return !not_alone.contains(unit) && unit != end_of_text; });
+    return units;
+}
+
+/// `end_of_text` is left out: whether it matches depends on what is left of the text.
+std::u16string units_that_match_alone(const std::vector<std::u16string>& strings) {
+    const UnitSet not_alone(first_units_of(strings, 2, SIZE_MAX) + end_of_text);
+    std::u16string units = first_units_of(strings, 1, 1);
+    std::erase_if(units, [&not_alone](char16_t unit) { return not_alone.contains(unit); });
     return units;
 }
 
 } // namespace
 
-GuardedDelim::GuardedDelim(const std::shared_ptr<Delim>& delim)
-    : strings_(delim),
-      first_units_(std::u16string(delim->first_units.begin(), delim->first_units.end())),
-      lone_units_(units_that_match_alone(*delim)) {}
+GuardedDelim::GuardedDelim(const std::vector<std::u16string>& strings)
+    : first_units_(first_units_of(strings, 1, SIZE_MAX)),
+      lone_units_(units_that_match_alone(strings)) {
+    if (!only_lone_units()) {
+        strings_ = SetInText(get_or_create_delim(strings));
+    }
+}
 
 } // namespace textio::parser

@@ -5,11 +5,10 @@
 #include "search/long_string.hpp"
 #include "search/unit_search.hpp"
 #include "textio/field.hpp"
-#include "textio/platform/delimiter_set.hpp"
 
 #include <cstddef>
-#include <memory>
 #include <string>
+#include <vector>
 
 namespace textio::parser {
 
@@ -17,9 +16,10 @@ namespace textio::parser {
 /// one text, and for one thread at a time.
 class GuardedDelim {
 public:
-    explicit GuardedDelim(const std::shared_ptr<Delim>& delim);
+    GuardedDelim() = default; ///< a set without strings, which matches nowhere
+    explicit GuardedDelim(const std::vector<std::u16string>& strings);
 
-    /// As `Delim::match_at`.
+    /// As `Delim::match_at` of the same strings.
     [[nodiscard]] std::size_t match_at(const Field& text, std::size_t position) const noexcept {
         const char16_t unit = text.unit_at(position);
         if (!first_units_.contains(unit)) {
@@ -41,10 +41,13 @@ public:
         return lone_units_.units() == first_units_.units();
     }
 
+    /// To be called before another text is asked.
+    void forget_text() const noexcept { strings_.forget_text(); }
+
 private:
-    SetInText strings_;
     UnitSet first_units_;
     UnitSet lone_units_; ///< units that are a string of the set and begin no other
+    SetInText strings_;  ///< unless these are all
 };
 
 } // namespace textio::parser

@@ -5,6 +5,7 @@
 #include "textio/field.hpp"
 #include "textio/platform/delimiter_set.hpp"
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <string>
@@ -27,6 +28,9 @@ public:
     /// Whether the string stands at `at`, in front of `end`.
     [[nodiscard]] bool stands_at(const char16_t* at, const char16_t* end) noexcept;
 
+    /// To be called before another text is asked.
+    void forget_text() noexcept { begin_ = end_ = nullptr; }
+
 private:
     std::u16string units_;
     std::vector<std::size_t> repeats_; ///< how many units from each on are those of the beginning
@@ -37,11 +41,18 @@ private:
 /// A set of strings as one text is asked for it, by one thread at a time.
 class SetInText {
 public:
+    SetInText() = default; ///< of no set, which must not be asked
     explicit SetInText(std::shared_ptr<Delim> set);
 
     /// As `Delim::match_at`.
     [[nodiscard]] std::size_t match_at(const Field& text, std::size_t position) const noexcept {
         return long_strings_.empty() ? set_->match_at(text, position) : match_any(text, position);
+    }
+
+    /// To be called before another text is asked, which may stand where this one stood.
+    void forget_text() const noexcept {
+        std::for_each(long_strings_.begin(), long_strings_.end(),
+                      [](LongString& string) { string.forget_text(); });
     }
 
 private:

@@ -60,10 +60,6 @@ Bytes familiar_units(const Known& known, const char16_t* units) noexcept {
     return familiar;
 }
 
-bool all_set(Bytes bytes) noexcept {
-    return bytes.bits() == 0xFFFF;
-}
-
 } // namespace
 
 template <std::size_t count>
@@ -77,13 +73,13 @@ const char16_t* PunctuationSearch::skip_blocks(const Known& known, const char16_
         return familiar(units).both(familiar(units + step));
     };
     while (end - begin >= 4 * step &&
-           all_set(both_familiar(begin).both(both_familiar(begin + 2 * step)))) {
+           both_familiar(begin).both(both_familiar(begin + 2 * step)).are_all_set()) {
         begin += 4 * step;
     }
-    while (end - begin >= step && all_set(familiar(begin))) {
+    while (end - begin >= step && familiar(begin).are_all_set()) {
         begin += step;
     }
-    return end - begin < step && all_set(familiar(end - step)) ? end : begin;
+    return end - begin < step && familiar(end - step).are_all_set() ? end : begin;
 }
 
 const char16_t* PunctuationSearch::skip_familiar_blocks(const char16_t* begin,

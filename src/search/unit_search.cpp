@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <utility>
-#include <vector>
 
 namespace textio::parser {
 
@@ -16,27 +14,17 @@ UnitSet::UnitSet(std::u16string_view units) : units_(units) {
     std::sort(units_.begin(), units_.end());
     units_.erase(std::unique(units_.begin(), units_.end()), units_.end());
     for (const char16_t unit : units_) {
-        if (unit < low_units) {
-            low_[unit / 64U] |= std::uint64_t{1} << (unit % 64U);
-        } else {
-            high_.push_back(unit);
+        if (unit >= low_units) {
+            break;
         }
+        low_[unit / 64U] |= std::uint64_t{1} << (unit % 64U);
+        ++low_count_;
     }
 }
 
-bool are_disjoint(std::initializer_list<std::u16string_view> sets) {
-    std::vector<std::pair<char16_t, std::size_t>> units; // each with the number of its set
-    std::size_t number = 0;
-    for (const std::u16string_view set : sets) {
-        for (const char16_t unit : set) {
-            units.emplace_back(unit, number);
-        }
-        ++number;
-    }
-    std::sort(units.begin(), units.end());
-    return std::adjacent_find(units.begin(), units.end(), [](const auto& left, const auto& right) {
-               return left.first == right.first && left.second != right.second;
-           }) == units.end();
+bool are_disjoint(const UnitSet& a, const UnitSet& b) {
+    return std::none_of(a.units().begin(), a.units().end(),
+                        [&b](char16_t unit) { return b.contains(unit); });
 }
 
 UnitSearch::UnitSearch(std::u16string_view units, Wanted wanted)
@@ -93,37 +81,43 @@ std::uint64_t UnitSearch::looked_up_mask(const UnitSearch& search, const char16_
     return hits;
 }
 
+namespace {
+
+/// One bit for each unit of a block, from what `answers_of` says of each 16 of them.
+template <class AnswersOf>
+std::uint64_t mask_of(const char16_t* units, const AnswersOf& answers_of) noexcept {
+    const auto answers = [&](std::size_t part) {
+        const char16_t* const begin = units + part * Bytes::count;
+        return answers_of(Units::load(begin), Units::load(begin + Units::count));
+    };
+    return Bytes::bits({answers(0), answers(1), answers(2), answers(3)});
+}
+
+} // namespace
+
 // The units are narrowed to bytes first, which halves the comparing. A unit below 0x7F stays what
 // it is, 0xFFFF becomes 0xFF, and nothing else becomes one of these bytes. So it is exact for a set
 // of such units, which nearly all sets are.
 template <std::size_t count>
 std::uint64_t UnitSearch::byte_mask(const UnitSearch& search, const char16_t* units) noexcept {
-    std::uint64_t mask = 0;
-    for (std::size_t at = 0; at < block_units; at += Bytes::count) {
-        const Bytes text =
-            Bytes::narrowed(Units::load(units + at), Units::load(units + at + Units::count));
+    return mask_of(units, [&search](Units low, Units high) {
+        const Bytes text = Bytes::narrowed(low, high);
         Bytes hits = text.equal(Bytes::load(search.compared_[0].data()));
         for (std::size_t i = 1; i < count; ++i) {
             hits = hits.either(text.equal(Bytes::load(search.compared_[i].data())));
         }
-        mask |= hits.bits() << at;
-    }
-    return mask;
+        return hits;
+    });
 }
 
 std::uint64_t UnitSearch::unit_mask(const UnitSearch& search, const char16_t* units) noexcept {
-    std::uint64_t mask = 0;
-    for (std::size_t at = 0; at < block_units; at += Bytes::count) {
-        const Units low = Units::load(units + at);
-        const Units high = Units::load(units + at + Units::count);
+    return mask_of(units, [&search](Units low, Units high) {
         Bytes hits = Bytes::all(0);
         for (std::size_t i = 0; i < search.set_.units().size(); ++i) {
-            const Units wanted = Units::load(search.compared_[i].data());
-            hits = hits.either(Bytes::narrowed(low.equal(wanted), high.equal(wanted)));
+            hits = hits.either(Bytes::equal(low, high, Units::load(search.compared_[i].data())));
         }
-        mask |= hits.bits() << at;
-    }
-    return mask;
+        return hits;
+    });
 }
 
 void UnitSearch::choose_mask() noexcept {

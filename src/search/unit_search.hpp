@@ -12,7 +12,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <initializer_list>
 #include <string>
 #include <string_view>
 
@@ -40,20 +39,21 @@ private:
 
     [[nodiscard]] bool contains_high(char16_t unit) const noexcept {
         constexpr std::size_t few_units = 8;
-        if (high_.empty() || unit < high_.front() || unit > high_.back()) {
+        const std::u16string_view high = std::u16string_view(units_).substr(low_count_);
+        if (high.empty() || unit < high.front() || unit > high.back()) {
             return false;
         }
-        return high_.size() <= few_units ? high_.find(unit) != std::u16string::npos
-                                         : std::binary_search(high_.begin(), high_.end(), unit);
+        return high.size() <= few_units ? high.find(unit) != std::u16string_view::npos
+                                        : std::binary_search(high.begin(), high.end(), unit);
     }
 
     std::array<std::uint64_t, low_units / 64> low_{}; ///< one bit for each unit below 256
-    std::u16string high_;                             ///< the other units, ascending
+    std::size_t low_count_ = 0;                       ///< how many these are
     std::u16string units_;
 };
 
-/// Whether no unit stands in two of the sets.
-[[nodiscard]] bool are_disjoint(std::initializer_list<std::u16string_view> sets);
+/// Whether no unit stands in both sets.
+[[nodiscard]] bool are_disjoint(const UnitSet& a, const UnitSet& b);
 
 /// Finds the units of a set, or those outside it.
 class UnitSearch {

@@ -1,21 +1,29 @@
 /// \file
-/// The few operations on vectors that the searches are made of: with SSE2, and in plain C++ for all
-/// other processors, or where `TEXTIO_PLAIN_VECTORS` asks for it. A further set of instructions is
-/// one more pair of these two classes, chosen below.
+/// The few operations on vectors that the searches are made of: with SSE2, with NEON, and with
+/// whole numbers of 64 bits for all other processors, or where `TEXTIO_PLAIN_VECTORS` asks for it.
+/// A further set of instructions is one more pair of these two classes, chosen below.
 #pragma once
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
 
-#if defined(__SSE2__) && !defined(TEXTIO_PLAIN_VECTORS)
+#if !defined(TEXTIO_PLAIN_VECTORS)
+#if defined(__SSE2__) || defined(_M_X64)
+#define TEXTIO_SSE2
 #include <emmintrin.h>
+#elif (defined(__aarch64__) && defined(__ARM_NEON) && !defined(__ARM_BIG_ENDIAN)) ||               \
+    defined(_M_ARM64)
+#define TEXTIO_NEON
+#include <arm_neon.h>
+#endif
 #endif
 
 namespace textio::vector {
 
-#if defined(__SSE2__) && !defined(TEXTIO_PLAIN_VECTORS)
+#if defined(TEXTIO_SSE2)
 
 /// Eight code units.
 class Units {
@@ -37,22 +45,19 @@ public:
         return Units(_mm_sub_epi16(units_, other.units_));
     }
 
-    /// 0xFFFF where both have the same unit, else 0.
-    [[nodiscard]] Units equal(Units other) const noexcept {
-        return Units(_mm_cmpeq_epi16(units_, other.units_));
-    }
-
 private:
     friend class Bytes;
     explicit Units(__m128i units) noexcept : units_(units) {}
     __m128i units_;
 };
 
-/// Sixteen bytes. A byte of 0xFF stands for yes, one of 0 for no.
+/// Sixteen bytes, in an order of their own. Where they are answers, the highest bit of each says
+/// yes.
 class Bytes {
 public:
     static constexpr std::size_t count = 16;
 
+    /// What `all` gave and `store` left at `memory`.
     static Bytes load(const void* memory) noexcept {
         return Bytes(_mm_loadu_si128(static_cast<const __m128i*>(memory)));
     }
@@ -67,6 +72,12 @@ public:
     /// 0xFF80 to 0xFFFF keep their last byte, others become 0x7F or 0x80.
     static Bytes narrowed(Units low, Units high) noexcept {
         return Bytes(_mm_packs_epi16(low.units_, high.units_));
+    }
+
+    /// Yes for each unit of both that is the same in `wanted`.
+    static Bytes equal(Units low, Units high, Units wanted) noexcept {
+        return Bytes(_mm_packs_epi16(_mm_cmpeq_epi16(low.units_, wanted.units_),
+                                     _mm_cmpeq_epi16(high.units_, wanted.units_)));
     }
 
     [[nodiscard]] Bytes either(Bytes other) const noexcept {
@@ -85,54 +96,46 @@ public:
         return Bytes(_mm_cmpgt_epi8(moved, _mm_set1_epi8(static_cast<char>(0x7F - length))));
     }
 
-    /// A bit for each byte, its highest; that of the first byte is the lowest.
-    [[nodiscard]] std::uint64_t bits() const noexcept {
-        return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(bytes_)));
+    /// Whether all say yes.
+    [[nodiscard]] bool are_all_set() const noexcept { return bits() == 0xFFFF; }
+
+    /// A bit for each unit that four times sixteen answers are about, in the order of the units;
+    /// that of the first is the lowest.
+    static std::uint64_t bits(const std::array<Bytes, 4>& answers) noexcept {
+        return answers[0].bits() | answers[1].bits() << 16U | answers[2].bits() << 32U |
+               answers[3].bits() << 48U;
     }
 
 private:
     explicit Bytes(__m128i bytes) noexcept : bytes_(bytes) {}
+    [[nodiscard]] std::uint64_t bits() const noexcept {
+        return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(bytes_)));
+    }
     __m128i bytes_;
 };
 
-#else
+#elif defined(TEXTIO_NEON)
 
 class Units {
 public:
     static constexpr std::size_t count = 8;
 
     static Units load(const void* memory) noexcept {
-        Units units;
-        std::memcpy(units.units_.data(), memory, sizeof units.units_);
-        return units;
+        return Units(vreinterpretq_u16_u8(vld1q_u8(static_cast<const std::uint8_t*>(memory))));
     }
-    static Units all(char16_t unit) noexcept {
-        Units units;
-        units.units_.fill(unit);
-        return units;
+    static Units all(char16_t unit) noexcept { return Units(vdupq_n_u16(unit)); }
+    void store(void* memory) const noexcept {
+        vst1q_u8(static_cast<std::uint8_t*>(memory), vreinterpretq_u8_u16(units_));
     }
-    void store(void* memory) const noexcept { std::memcpy(memory, units_.data(), sizeof units_); }
 
     [[nodiscard]] Units minus(Units other) const noexcept {
-        return with(other, [](int left, int right) { return left - right; });
-    }
-    [[nodiscard]] Units equal(Units other) const noexcept {
-        return with(other, [](int left, int right) { return left == right ? 0xFFFF : 0; });
+        return Units(vsubq_u16(units_, other.units_));
     }
 
 private:
     friend class Bytes;
-
-    template <class Operation>
-    [[nodiscard]] Units with(Units other, Operation operation) const noexcept {
-        Units result;
-        for (std::size_t i = 0; i < count; ++i) {
-            result.units_[i] = static_cast<std::uint16_t>(operation(units_[i], other.units_[i]));
-        }
-        return result;
-    }
-
-    std::array<std::uint16_t, count> units_{};
+    explicit Units(uint16x8_t units) noexcept : units_(units) {}
+    uint16x8_t units_;
 };
 
 class Bytes {
@@ -140,64 +143,183 @@ public:
     static constexpr std::size_t count = 16;
 
     static Bytes load(const void* memory) noexcept {
-        Bytes bytes;
-        std::memcpy(bytes.bytes_.data(), memory, sizeof bytes.bytes_);
-        return bytes;
+        return Bytes(vld1q_u8(static_cast<const std::uint8_t*>(memory)));
     }
-    static Bytes all(unsigned char byte) noexcept {
-        Bytes bytes;
-        bytes.bytes_.fill(byte);
-        return bytes;
+    static Bytes all(unsigned char byte) noexcept { return Bytes(vdupq_n_u8(byte)); }
+    void store(void* memory) const noexcept {
+        vst1q_u8(static_cast<std::uint8_t*>(memory), bytes_);
     }
-    void store(void* memory) const noexcept { std::memcpy(memory, bytes_.data(), sizeof bytes_); }
 
     static Bytes narrowed(Units low, Units high) noexcept {
-        Bytes bytes;
-        for (std::size_t i = 0; i < Units::count; ++i) {
-            bytes.bytes_[i] = narrowed(low.units_[i]);
-            bytes.bytes_[Units::count + i] = narrowed(high.units_[i]);
-        }
-        return bytes;
+        return Bytes(vreinterpretq_u8_s8(vqmovn_high_s16(
+            vqmovn_s16(vreinterpretq_s16_u16(low.units_)), vreinterpretq_s16_u16(high.units_))));
+    }
+    static Bytes equal(Units low, Units high, Units wanted) noexcept {
+        return Bytes(vmovn_high_u16(vmovn_u16(vceqq_u16(low.units_, wanted.units_)),
+                                    vceqq_u16(high.units_, wanted.units_)));
     }
 
     [[nodiscard]] Bytes either(Bytes other) const noexcept {
-        return with(other, [](int left, int right) { return left | right; });
+        return Bytes(vorrq_u8(bytes_, other.bytes_));
     }
     [[nodiscard]] Bytes both(Bytes other) const noexcept {
-        return with(other, [](int left, int right) { return left & right; });
+        return Bytes(vandq_u8(bytes_, other.bytes_));
     }
     [[nodiscard]] Bytes equal(Bytes other) const noexcept {
-        return with(other, [](int left, int right) { return left == right ? 0xFF : 0; });
+        return Bytes(vceqq_u8(bytes_, other.bytes_));
     }
     [[nodiscard]] Bytes in_range(unsigned char last, unsigned char length) const noexcept {
-        return with(all(last), [length](int byte, int end) {
-            return ((end - byte) & 0xFF) < length ? 0xFF : 0;
-        });
+        return Bytes(vcltq_u8(vsubq_u8(vdupq_n_u8(last), bytes_), vdupq_n_u8(length)));
     }
-    [[nodiscard]] std::uint64_t bits() const noexcept {
-        std::uint64_t bits = 0;
-        for (std::size_t i = 0; i < count; ++i) {
-            bits |= std::uint64_t{bytes_[i]} >> 7U << i;
-        }
-        return bits;
+    [[nodiscard]] bool are_all_set() const noexcept { return vminvq_u8(bytes_) == 0xFF; }
+
+    /// Each answer keeps the bit of its place among eight, and neighbours are added up three times.
+    static std::uint64_t bits(const std::array<Bytes, 4>& answers) noexcept {
+        const uint8x16_t places = vreinterpretq_u8_u64(vdupq_n_u64(0x8040201008040201));
+        const auto placed = [&](std::size_t i) { return vandq_u8(answers[i].bytes_, places); };
+        const uint8x16_t halves =
+            vpaddq_u8(vpaddq_u8(placed(0), placed(1)), vpaddq_u8(placed(2), placed(3)));
+        return vgetq_lane_u64(vreinterpretq_u64_u8(vpaddq_u8(halves, halves)), 0);
     }
 
 private:
-    static unsigned char narrowed(std::uint16_t unit) noexcept {
-        const bool fits = unit < 0x80 || unit >= 0xFF80;
-        return static_cast<unsigned char>(fits ? unit & 0xFF : unit < 0x8000 ? 0x7F : 0x80);
+    explicit Bytes(uint8x16_t bytes) noexcept : bytes_(bytes) {}
+    uint8x16_t bytes_;
+};
+
+#else
+
+/// Four units in each of two numbers, as they stand in memory.
+class Units {
+public:
+    static constexpr std::size_t count = 8;
+
+    static Units load(const void* memory) noexcept {
+        Units units;
+        std::memcpy(units.words_.data(), memory, sizeof units.words_);
+        return units;
+    }
+    static Units all(char16_t unit) noexcept { return {each * unit, each * unit}; }
+    void store(void* memory) const noexcept { std::memcpy(memory, words_.data(), sizeof words_); }
+
+    [[nodiscard]] Units minus(Units other) const noexcept {
+        return {minus(words_[0], other.words_[0]), minus(words_[1], other.words_[1])};
     }
 
-    template <class Operation>
-    [[nodiscard]] Bytes with(Bytes other, Operation operation) const noexcept {
-        Bytes result;
-        for (std::size_t i = 0; i < count; ++i) {
-            result.bytes_[i] = static_cast<unsigned char>(operation(bytes_[i], other.bytes_[i]));
+private:
+    friend class Bytes;
+    static constexpr std::uint64_t each = 0x0001000100010001;
+    static constexpr std::uint64_t highest = each << 15U; ///< the highest bit of each unit
+
+    Units() = default;
+    Units(std::uint64_t first, std::uint64_t second) noexcept : words_{first, second} {}
+
+    /// Highest bits are taken apart, so that no unit borrows from the next.
+    static std::uint64_t minus(std::uint64_t left, std::uint64_t right) noexcept {
+        return ((left | highest) - (right & ~highest)) ^ ((left ^ ~right) & highest);
+    }
+
+    /// Sets the highest bit of each unit that is not 0, and leaves the others' clear.
+    static std::uint64_t not_zero(std::uint64_t units) noexcept {
+        return (((units & ~highest) + ~highest) | units) & highest;
+    }
+
+    std::array<std::uint64_t, 2> words_{};
+};
+
+/// Eight bytes in each of two numbers. To put two numbers of four units each together, one is moved
+/// by a byte: so their bytes alternate, and `bits` takes them apart again.
+class Bytes {
+public:
+    static constexpr std::size_t count = 16;
+
+    static Bytes load(const void* memory) noexcept {
+        Bytes bytes;
+        std::memcpy(bytes.words_.data(), memory, sizeof bytes.words_);
+        return bytes;
+    }
+    static Bytes all(unsigned char byte) noexcept { return {each * byte, each * byte}; }
+    void store(void* memory) const noexcept { std::memcpy(memory, words_.data(), sizeof words_); }
+
+    static Bytes narrowed(Units low, Units high) noexcept {
+        return {narrowed(low.words_), narrowed(high.words_)};
+    }
+    static Bytes equal(Units low, Units high, Units wanted) noexcept {
+        return {equal(low.words_, wanted.words_[0]), equal(high.words_, wanted.words_[0])};
+    }
+
+    [[nodiscard]] Bytes either(Bytes other) const noexcept {
+        return {words_[0] | other.words_[0], words_[1] | other.words_[1]};
+    }
+    [[nodiscard]] Bytes both(Bytes other) const noexcept {
+        return {words_[0] & other.words_[0], words_[1] & other.words_[1]};
+    }
+    [[nodiscard]] Bytes equal(Bytes other) const noexcept {
+        return {zero(words_[0] ^ other.words_[0]), zero(words_[1] ^ other.words_[1])};
+    }
+    [[nodiscard]] Bytes in_range(unsigned char last, unsigned char length) const noexcept {
+        const auto is_in = [=](std::uint64_t bytes) {
+            const std::uint64_t end = each * last;
+            const std::uint64_t distance =
+                ((end | highest) - (bytes & ~highest)) ^ ((end ^ ~bytes) & highest);
+            return ~(((distance & ~highest) + each * (0x80U - length)) | distance);
+        };
+        return {is_in(words_[0]), is_in(words_[1])};
+    }
+    [[nodiscard]] bool are_all_set() const noexcept {
+        return (words_[0] & words_[1] & highest) == highest;
+    }
+
+    static std::uint64_t bits(const std::array<Bytes, 4>& answers) noexcept {
+        std::uint64_t all_bits = 0;
+        for (std::size_t i = 0; i < answers.size(); ++i) {
+            all_bits |= (bits(answers[i].words_[0]) | bits(answers[i].words_[1]) << 8U) << (16 * i);
         }
-        return result;
+        return all_bits;
     }
 
-    std::array<unsigned char, count> bytes_{};
+private:
+    static constexpr std::uint64_t each = 0x0101010101010101;
+    static constexpr std::uint64_t highest = each << 7U; ///< the highest bit of each byte
+
+    Bytes() = default;
+    Bytes(std::uint64_t first, std::uint64_t second) noexcept : words_{first, second} {}
+
+    static std::uint64_t narrowed(const std::array<std::uint64_t, 2>& units) noexcept {
+        constexpr std::uint64_t beyond_ascii = Units::each * 0xFF80;
+        return ((units[0] | units[1]) & beyond_ascii) == 0
+                   ? units[0] | units[1] << 8U
+                   : cut_to_byte(units[0]) | cut_to_byte(units[1]) << 8U;
+    }
+
+    /// Four units with what `narrowed` makes of them.
+    static std::uint64_t cut_to_byte(std::uint64_t units) noexcept {
+        constexpr std::uint64_t beyond_ascii = Units::each * 0xFF80;
+        const std::uint64_t lost =
+            Units::not_zero(units & beyond_ascii) & Units::not_zero(~units & beyond_ascii);
+        const std::uint64_t lost_bytes = (lost >> 15U) * 0xFF;
+        return (units & ~lost_bytes & (Units::each * 0xFF)) | (lost_bytes & (Units::each * 0x7F));
+    }
+
+    static std::uint64_t equal(const std::array<std::uint64_t, 2>& units,
+                               std::uint64_t wanted) noexcept {
+        return ~(Units::not_zero(units[0] ^ wanted) >> 8U | Units::not_zero(units[1] ^ wanted));
+    }
+
+    /// Sets the highest bit of each byte that is 0, and clears that of the others.
+    static std::uint64_t zero(std::uint64_t bytes) noexcept {
+        return ~(((bytes & ~highest) + ~highest) | bytes);
+    }
+
+    /// A bit for each of eight units. The multiplication moves each highest bit to its place among
+    /// the eight highest of all; no two of its sums meet in one bit.
+    static std::uint64_t bits(std::uint64_t answers) noexcept {
+        constexpr std::uint64_t places =
+            std::endian::native == std::endian::little ? 0x0110022004400880 : 0x0880044002200110;
+        return (((answers & highest) >> 7U) * places) >> 56U;
+    }
+
+    std::array<std::uint64_t, 2> words_{};
 };
 
 #endif

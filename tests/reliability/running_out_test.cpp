@@ -29,16 +29,20 @@ TEST(RunningOut, LosesNothing) {
             ASSERT_EQ(test::answer(selector, layout.text), expected) << layout.name << number;
             failures += outcome == Outcome::out_of_memory ? 1 : 0;
         }
-        EXPECT_GT(failures, 30U) << layout.name;
+        EXPECT_GT(failures, 15U) << layout.name;
     }
 }
 
 TEST(RunningOut, AReadThatRunsOutHoldsTheLinesBefore) {
     std::u16string text = u"a,b\n\n";
-    for (int fields = 1; fields < 300; ++fields) {
-        text += u"c,";
-    }
-    text += u"\nd,e,,,\n";
+    const auto add_line = [&text](int fields, std::u16string_view field) {
+        for (int number = 1; number < fields; ++number) {
+            text += field;
+        }
+        text += u"\nd,e,,,\n";
+    };
+    add_line(300, u"c,");
+    add_line(5000, u"xc,");
     for (const char16_t* const delimiter : {u",", u"c,"}) {
         const options options{.delimiters = {delimiter}, .trailing_delimiters_rule = trailing_delimiters::drop};
         textio::FieldArray whole;
@@ -150,7 +154,7 @@ TEST(RunningOut, WhileAdvisingLosesNothing) {
             failures += outcome == Outcome::out_of_memory ? 1 : 0;
         }
         EXPECT_EQ(advice_on(text), expected) << test::shown(text);
-        EXPECT_GT(failures, 30U) << test::shown(text);
+        EXPECT_GT(failures, 20U) << test::shown(text);
     }
 }
 

@@ -1,11 +1,13 @@
 #include "search/unit_search.hpp"
 
+#include "search/punctuation_search.hpp"
 #include "search/search_walk.hpp"
 #include "support/plain_search.hpp"
 #include "support/text.hpp"
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <memory>
 #include <random>
 #include <vector>
@@ -64,6 +66,95 @@ TEST(UnitSearch, GivesWhatThePlainLoopGives) {
             ASSERT_EQ(outside.skip(text, from), found) << from << " behind a run outside";
         }
     }
+}
+
+/// All units that there are, wherever a block begins among them.
+TEST(UnitSearch, TellsEveryUnitFromEveryOther) {
+    std::u16string all;
+    for (int unit = 0; unit < 0x10000; ++unit) {
+        all.push_back(static_cast<char16_t>(unit));
+    }
+    for (const std::u16string& units : sets) {
+        const UnitSearch search(units);
+        for (const std::size_t offset : {0U, 1U, 37U}) {
+            const Field text(all.data() + offset, all.size() - offset);
+            for (std::size_t at = 0, hit = 0; at <= text.size; at = hit + 1) {
+                hit = search.next(text, at);
+                ASSERT_EQ(hit, test::plain_next(search.set(), text, at)) << test::shown(units) << " behind " << offset;
+            }
+        }
+    }
+    for (const std::u16string_view known : {u"", u" \x1A\x7F", u"!#%&'*+,-./"}) {
+        textio::detection::PunctuationSearch search(known);
+        const char16_t* const end = all.data() + all.size();
+        const char16_t* at = search.next(all.data(), end);
+        for (int unit = 0; unit < 0x10000; ++unit) {
+            const bool is_letter_or_digit = std::isalnum(unit) != 0 && unit < 0x80;
+            const bool is_known = known.find(static_cast<char16_t>(unit)) != std::u16string_view::npos;
+            if (unit == 0xFFFF || (unit < 0x80 && !is_letter_or_digit && !is_known)) {
+                ASSERT_EQ(at, all.data() + unit);
+                at = search.next(at + 1, end);
+            }
+        }
+        EXPECT_EQ(at, end);
+    }
+}
+
+/// The stops outside quoted parts, each part found by looking at one unit after the other, up to the
+/// first quote that does not open one where it may.
+std::vector<std::size_t> plain_unquoted_stops(std::u16string_view text, std::size_t from) {
+    std::vector<std::size_t> stops;
+    bool may_open = true;
+    for (std::size_t at = from; at < text.size(); ++at) {
+        if (text[at] == u'"') {
+            if (!may_open) {
+                stops.push_back(at);
+                return stops;
+            }
+            at = text.find(u'"', at + 1);
+            if (at == std::u16string_view::npos) {
+                return stops;
+            }
+        }
+        const bool is_stop = text[at] == u',' || text[at] == u'\n';
+        may_open = is_stop || text[at] == u'"';
+        if (is_stop) {
+            stops.push_back(at);
+        }
+    }
+    return stops;
+}
+
+TEST(UnquotedWalk, FindsTheStopsOutsideQuotedParts) {
+    const UnitSearch stops(u",\n\"");
+    const UnitSearch quotes(u"\"");
+    std::mt19937 random(3);
+    const std::vector<std::u16string> parts{u"x", u",", u",\"", u"\",", u"\"\"", u"\n", u"\"a,b\"", u"\"\n\"", u"yyyyyyyyyyyy"};
+    std::size_t irregular = 0;
+    for (int round = 0; round < 3000; ++round) {
+        std::u16string text;
+        const std::size_t least = random() % 400;
+        while (text.size() < least) {
+            text += random() % 200 == 0 ? u"\"" : random() % 3 == 0 ? parts[random() % parts.size()] : u",\"z,z\"\"\"";
+        }
+        const char16_t* const end = text.data() + text.size();
+        UnquotedWalk walk({stops, quotes}, text.data(), end);
+        for (std::size_t from = 0; from < text.size();) {
+            const std::vector<std::size_t> expected = plain_unquoted_stops(text, from);
+            const std::size_t wanted = expected.empty() ? 1 : 1 + random() % expected.size();
+            const char16_t* found = walk.next(text.data() + from);
+            for (std::size_t i = 0; i < wanted; ++i) {
+                ASSERT_EQ(found, i < expected.size() ? text.data() + expected[i] : end) << test::shown(text) << " from " << from;
+                found = i + 1 < wanted ? walk.next() : found;
+            }
+            if (found == end || *found == u'"') {
+                irregular += found == end ? 0 : 1;
+                break;
+            }
+            from = static_cast<std::size_t>(found - text.data()) + 1;
+        }
+    }
+    EXPECT_GT(irregular, 300U);
 }
 
 } // namespace

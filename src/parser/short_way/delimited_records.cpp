@@ -2,10 +2,10 @@
 // walk from stop to stop, that is from one delimiter, line ending, quote or end of text to the
 // next, and look at nothing in between. A field is added where its last stop is found.
 #include "parser/delimited_reader.hpp"
-#include "search/run_walk.hpp"
 #include "search/search_walk.hpp"
 
 #include <algorithm>
+#include <type_traits>
 
 namespace textio::parser {
 
@@ -16,7 +16,7 @@ template <class Walk>
 class PlainFields {
 public:
     PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records, const Walk& stops)
-        : blanks_(reader.blanks().set()), delimiters_(reader.delimiter_units),
+        : blanks_(reader.blanks().set()), delimiters_(reader.guarded_delimiters.first_units()),
           line_ends_(reader.guarded_line_ends.first_units()), quote_(reader.options->quote),
           usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1), stops_(stops),
@@ -40,6 +40,11 @@ public:
     const char16_t* end_of_field(const char16_t* begin, const char16_t* stop) {
         return stop == text_end_ || !is_quote_or_end(*stop) ? stop : end_of_odd_field(begin, stop);
     }
+
+    /// The quoted parts met so far, as long as the walk does not pass them by itself.
+    [[nodiscard]] std::size_t quoted_parts() const { return quoted_parts_; }
+
+    [[nodiscard]] const Walk& walk() const { return stops_; }
 
     /// Whether `unit` is the delimiter that nearly all layouts have alone. It is no quote then.
     [[nodiscard]] bool is_usual_delimiter(char16_t unit) const { return unit == usual_delimiter_; }
@@ -67,11 +72,15 @@ private:
     /// The same for a field whose first stop is a quote or an end of text. Either means something
     /// only where the field begins, behind blanks; anywhere else it is text.
     const char16_t* end_of_odd_field(const char16_t* begin, const char16_t* stop) {
+        if constexpr (std::is_same_v<Walk, UnquotedWalk>) {
+            return nullptr; // from an irregular quote on, the walk cannot tell
+        }
         if (std::all_of(begin, stop, [this](char16_t unit) { return blanks_.contains(unit); })) {
             if (*stop == end_of_text) {
                 return nullptr;
             }
             const char16_t* const behind = behind_quoted_part(stop);
+            ++quoted_parts_;
             if (behind != text_end_ && *behind == end_of_text) {
                 return nullptr;
             }
@@ -102,6 +111,7 @@ private:
     const char32_t usual_delimiter_;
     const bool has_more_delimiters_;
     Walk stops_;
+    std::size_t quoted_parts_ = 0;
     const char16_t* const text_end_;
 };
 
@@ -126,7 +136,8 @@ private:
 /// Takes the fields that end at the usual delimiter, up to a block's end behind `checkpoint`. The
 /// first begins at `begin` and has its first stop at `end`, and so does then the field that was not
 /// taken.
-void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, RunEnds& runs,
+template <class Walk>
+void take_usual_fields(PlainRecords& records, PlainFields<Walk>& fields, RunEnds& runs,
                        const char16_t* checkpoint, const char16_t*& begin, const char16_t*& end) {
     while (end < checkpoint && fields.is_usual_delimiter(*end)) {
         records.sample().add_field(begin, end);
@@ -152,7 +163,8 @@ void take_usual_fields(PlainRecords& records, PlainFields<SearchWalk>& fields, R
 
 /// Whether nothing but empty fields that are dropped, perhaps millions, stands from `begin` up to
 /// the end of the record.
-bool drops_rest_of_line(const DelimitedRecordReader& reader, const PlainFields<SearchWalk>& fields,
+template <class Walk>
+bool drops_rest_of_line(const DelimitedRecordReader& reader, const PlainFields<Walk>& fields,
                         RunEnds& runs, const char16_t* begin) {
     return reader.options->trailing_delimiters_rule == trailing_delimiters::drop &&
            fields.may_end_line(runs.end_of_run(begin));
@@ -160,8 +172,9 @@ bool drops_rest_of_line(const DelimitedRecordReader& reader, const PlainFields<S
 
 /// Takes the record at which `records` stands, where every delimiter ends a field. Gives whether it
 /// was plain.
-inline bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
-                                 PlainFields<SearchWalk>& fields, RunEnds& runs) {
+template <class Walk>
+bool take_separate_record(const DelimitedRecordReader& reader, PlainRecords& records,
+                          PlainFields<Walk>& fields, RunEnds& runs) {
     const char16_t* begin = records.start();
     const char16_t* checkpoint = records.sample().checkpoint(begin);
     const char16_t* end = fields.next_stop(begin);
@@ -231,32 +244,70 @@ inline bool take_merged_record(const DelimitedRecordReader& reader, PlainRecords
            take_merged_fields(reader, records, fields, begin, stop);
 }
 
-/// Takes records, each with `take_record`, until one is not plain. The walks are local, so that
-/// what they keep can stay in registers.
-template <auto take_record, class... Walks>
-void take_records(const DelimitedRecordReader& reader, PlainRecords& records, Walks... walks) {
+/// Takes merged records until one is not plain. The walks here and below are local, so that what
+/// they keep can stay in registers.
+void take_merged_records(const DelimitedRecordReader& reader, PlainRecords& records) {
+    const RunWalk edges({reader.stops, reader.other_units}, records.start(), records.end());
+    PlainFields fields(reader, records, edges);
     while (records.at_record()) {
-        if (!take_record(reader, records, walks...)) {
+        if (!take_merged_record(reader, records, fields)) {
             records.give_record_back();
             return;
         }
     }
 }
 
+/// Takes separate records until one is not plain or, behind the first `least`, one had a quoted
+/// part. Gives whether all were plain.
+bool take_records_to_quotes(const DelimitedRecordReader& reader, PlainRecords& records,
+                            std::size_t least) {
+    const SearchWalk stops(reader.stops, records.start(), records.end());
+    RunEnds runs(SearchWalk(reader.other_units, records.start(), records.end()));
+    PlainFields fields(reader, records, stops);
+    for (std::size_t taken = 0; taken < least || fields.quoted_parts() == 0; ++taken) {
+        if (!records.at_record()) {
+            break;
+        }
+        if (!take_separate_record(reader, records, fields, runs)) {
+            records.give_record_back();
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Takes separate records until one is not plain, has a quote that is not regular, or there has
+/// been no quote for long. Gives whether the last is the reason.
+bool take_records_with_quotes(const DelimitedRecordReader& reader, PlainRecords& records) {
+    constexpr std::size_t many_blocks = 32;
+    const UnquotedWalk stops({reader.stops, reader.quotes}, records.start(), records.end());
+    RunEnds runs(SearchWalk(reader.other_units, records.start(), records.end()));
+    PlainFields fields(reader, records, stops);
+    while (records.at_record() && fields.walk().source().blocks_without_quotes() < many_blocks) {
+        if (!take_separate_record(reader, records, fields, runs)) {
+            records.give_record_back();
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Takes separate records until one is not plain. To look for quotes apart pays where there are
+/// some, and where they are regular; behind one that is not, it is left alone for a while.
+void take_separate_records(const DelimitedRecordReader& reader, PlainRecords& records) {
+    constexpr std::size_t a_while = 16; // records
+    std::size_t least = 1;
+    while (records.at_record() && take_records_to_quotes(reader, records, least)) {
+        least = take_records_with_quotes(reader, records) ? 1 : a_while;
+    }
+}
+
 } // namespace
 
 void take_plain_records(const DelimitedRecordReader& reader, PlainRecords& records) {
-    const char16_t* const begin = records.start();
-    const char16_t* const end = records.end();
-    if (reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge) {
-        const RunWalk edges(reader.stops, reader.other_units, begin, end);
-        take_records<take_merged_record>(reader, records, PlainFields(reader, records, edges));
-    } else {
-        const SearchWalk stops(reader.stops, begin, end);
-        const SearchWalk others(reader.other_units, begin, end);
-        take_records<take_separate_record>(reader, records, PlainFields(reader, records, stops),
-                                           RunEnds(others));
-    }
+    const bool merges =
+        reader.options->consecutive_delimiters_rule == consecutive_delimiters::merge;
+    (merges ? take_merged_records : take_separate_records)(reader, records);
 }
 
 } // namespace textio::parser

@@ -10,23 +10,28 @@ namespace textio::parser {
 
 namespace {
 
-constexpr std::u16string_view text_end(&end_of_text, 1);
-
-/// Whether blanks, line endings, the end of text and the other sets have no unit in common.
-template <class Reader, class... Sets>
-bool are_told_apart(const Reader& reader, const Sets&... others) {
-    return are_disjoint({reader.blanks().set().units(),
-                         reader.guarded_line_ends.first_units().units(), text_end, others...});
+/// Whether blanks, line endings and the end of text have no unit in common.
+template <class Reader>
+bool are_told_apart(const Reader& reader) {
+    const UnitSet& blanks = reader.blanks().set();
+    const UnitSet& line_ends = reader.guarded_line_ends.first_units();
+    return are_disjoint(blanks, line_ends) && !blanks.contains(end_of_text) &&
+           !line_ends.contains(end_of_text);
 }
 
 } // namespace
 
 bool has_plain_records(const DelimitedRecordReader& reader) {
-    const GuardedDelim delimiters(reader.delimiters);
-    const std::u16string_view quote(&reader.options->quote, 1);
+    const UnitSet& blanks = reader.blanks().set();
+    const UnitSet& line_ends = reader.guarded_line_ends.first_units();
+    const UnitSet& delimiters = reader.guarded_delimiters.first_units();
+    const char16_t quote = reader.options->quote;
+    const bool quote_is_nothing_else = quote != end_of_text && !blanks.contains(quote) &&
+                                       !line_ends.contains(quote) && !delimiters.contains(quote);
     return reader.options->consecutive_delimiters_rule != consecutive_delimiters::error &&
-           delimiters.only_lone_units() &&
-           are_told_apart(reader, delimiters.first_units().units(), quote);
+           reader.guarded_delimiters.only_lone_units() && quote_is_nothing_else &&
+           are_told_apart(reader) && are_disjoint(delimiters, blanks) &&
+           are_disjoint(delimiters, line_ends);
 }
 
 bool has_plain_records(const FixedWidthRecordReader& reader) {
@@ -43,7 +48,7 @@ std::u16string_view unplain_starts(const DelimitedRecordReader& reader) {
     const options& options = *reader.options;
     const bool are_plain = options.leading_delimiters_rule == leading_delimiters::keep ||
                            options.consecutive_delimiters_rule == consecutive_delimiters::merge;
-    return are_plain ? std::u16string_view() : reader.delimiter_units.units();
+    return are_plain ? std::u16string_view() : reader.guarded_delimiters.first_units().units();
 }
 
 std::u16string_view unplain_starts(const FixedWidthRecordReader& /*reader*/) {

@@ -5,7 +5,7 @@ namespace textio::parser {
 
 void take_plain_records(const LineRecordReader& reader, PlainRecords& records) {
     const char16_t* const text_end = records.end();
-    SearchWalk stops(reader.scanner.search, records.start(), text_end);
+    SearchWalk stops(reader.marks->line_end_starts(), records.start(), text_end);
     SampleWriter& sample = records.sample();
     while (records.at_record()) {
         const char16_t* const line_end = stops.next(records.start());

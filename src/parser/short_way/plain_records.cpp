@@ -34,7 +34,7 @@ PlainRecords::PlainRecords(const LineShape& shape, ReadLimits limits, Field& tex
                            ReadCounts& counts, SampleWriter& sample)
     : blanks_(shape.blanks), line_ends_(shape.line_ends), usual_line_end_(line_ends_.usual_unit()),
       unplain_rests_(blanks_.set().units() + std::u16string(shape.unplain_starts)),
-      unplain_behind_blanks_(std::u16string(shape.unplain_starts) + shape.comment_start +
+      unplain_behind_blanks_(std::u16string(shape.unplain_starts).append(shape.comment_start) +
                              end_of_text),
       unplain_starts_(unplain_behind_blanks_.units() + blanks_.set().units() +
                       line_ends_.first_units().units()),

@@ -31,7 +31,7 @@ struct ReadLimits {
 struct LineShape {
     const UnitSearch& blanks;
     const GuardedDelim& line_ends;
-    std::u16string comment_start;       ///< the unit with which comments start, if there are any
+    std::u16string_view comment_start;  ///< the unit with which comments start, if there are any
     std::u16string_view unplain_starts; ///< what else no plain record starts with
     bool keeps_empty_lines;             ///< an empty line becomes a line without fields
     bool blank_lines_are_empty;         ///< so does a line of blanks

@@ -38,7 +38,27 @@ private:
         return values[random_() % values.size()];
     }
 
+    /// Quoted parts that begin right behind a delimiter or line ending, and now and then other quotes.
+    std::u16string quoted_text() {
+        const std::vector<std::u16string> usual{u"\"a,b\",",     u"\"\"\"x\"\n", u"\"a\nb\",", u"\"\",",
+                                                u"xxxxxxxxxxx,", u",",           u"\r\n"};
+        const std::vector<std::u16string> odd{
+            u" \"a,b\",", u"x\"y,", u"\"a\"b\",\n", u"\"\uFFFF,\"\uFFFF,",
+            u"\n#\"\n",   u"\"",    u"\n \n",       u"\n" + std::u16string(2'200, u'x') + u"\n"};
+        const std::size_t odd_share = one_of<std::size_t>({5, 30, 200});
+        const std::size_t units = random_() % one_of<std::size_t>({40, 200, 700});
+        std::u16string text;
+        while (text.size() < units) {
+            const std::vector<std::u16string>& parts = random_() % odd_share == 0 ? odd : usual;
+            text += parts[random_() % parts.size()];
+        }
+        return text;
+    }
+
     std::u16string some_text() {
+        if (random_() % 4 == 0) {
+            return quoted_text();
+        }
         const bool is_blank = random_() % 4 == 0;
         const std::u16string odd = is_blank ? u"\n\r\n,xx#" : u",,,;\n\n\r \t\"\"##\u00A0\uFFFF";
         const char16_t usual = is_blank ? u' ' : one_of<char16_t>({u'x', u'x', u',', u'\n'});
