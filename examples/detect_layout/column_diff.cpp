@@ -3,6 +3,8 @@
 #include "advice_words.hpp"
 #include "column_names.hpp"
 
+#include <textio/names.hpp>
+
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -103,8 +105,8 @@ void compare(const Proposal& before, std::size_t i, const Proposal& after, std::
     const FieldClass was = before.columns[i].type;
     const FieldClass is = after.columns[match].type;
     if (was != is && was != FieldClass::unknown && is != FieldClass::unknown) {
-        lines.push_back(
-            fmt::format("values of '{}': {} -> {}", name, textio::name_of(was), textio::name_of(is)));
+        lines.push_back(fmt::format("values of '{}': {} -> {}", name, textio::name_of(was),
+                                    textio::name_of(is)));
     }
 }
 

@@ -19,8 +19,8 @@ using Digits = std::array<char, 40>;
 std::string shortest(double value) {
     Digits digits{};
     for (int precision = 15; precision <= 17; ++precision) {
-        // NOLINTNEXTLINE(*-type-vararg): older standard libraries have no std::to_chars for such
-        // numbers.
+        // Older standard libraries have no std::to_chars for such numbers.
+        // NOLINTNEXTLINE(*-vararg): and a stream is much code to take along.
         std::snprintf(digits.data(), digits.size(), "%.*g", precision, value);
         if (std::strtod(digits.data(), nullptr) == value) {
             break;
