@@ -40,17 +40,6 @@ std::string place_phrase(const Proposal& proposal) {
                : fmt::format("{}, names on line {}", data, proposal.names_line + 1);
 }
 
-/// Whether a field is quoted somewhere, so that the quote is more than a habit.
-bool has_quotes(const textio::GenericStrategy& layout) {
-    const char16_t quote = layout.options().quote;
-    const auto& fields = layout.field_array()->fields;
-    return quote != 0 && std::any_of(fields.begin(), fields.end(), [quote](const auto& field) {
-               const auto text = field.view();
-               return text.substr(std::min(text.find_first_not_of(u" \t"), text.size()))
-                   .starts_with(quote);
-           });
-}
-
 /// The signs that a reader of the table has to know.
 std::string sign_lines(const Proposal& proposal) {
     const auto& options = proposal.strategy->options();
@@ -109,6 +98,16 @@ std::string rules_phrase(const textio::GenericStrategy& layout) {
 }
 
 } // namespace
+
+bool has_quotes(const textio::GenericStrategy& layout) {
+    const char16_t quote = layout.options().quote;
+    const auto& fields = layout.field_array()->fields;
+    return quote != 0 && std::any_of(fields.begin(), fields.end(), [quote](const auto& field) {
+               const auto text = field.view();
+               return text.substr(std::min(text.find_first_not_of(u" \t"), text.size()))
+                   .starts_with(quote);
+           });
+}
 
 std::string describe(const Advised& advised) {
     const Proposal& best = advised.best();

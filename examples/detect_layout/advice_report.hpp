@@ -2,9 +2,14 @@
 
 #include "advised.hpp"
 
+#include "textio/strategy.hpp"
+
 #include <string>
 
 namespace detect_layout {
+
+/// Whether a field of the sample is quoted, so that the layout's quote is more than a habit.
+[[nodiscard]] bool has_quotes(const textio::GenericStrategy& layout);
 
 /// The best proposal in words, some lines, each with its line end. Lines of the text count from 1.
 [[nodiscard]] std::string describe(const Advised& advised);

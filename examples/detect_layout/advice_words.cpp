@@ -129,11 +129,15 @@ std::string columns_by_kind(const std::vector<Column>& columns) {
 
 } // namespace
 
+bool is_doubtful(const textio::advice::Advice& advice) noexcept {
+    return advice.confidence < probable;
+}
+
 std::string confidence_phrase(const textio::advice::Advice& advice) {
     if (advice.confidence >= sure) {
         return "sure";
     }
-    if (advice.confidence >= probable) {
+    if (!is_doubtful(advice)) {
         return "probable";
     }
     const Proposal* rival = rival_of_best(advice);

@@ -11,6 +11,9 @@ namespace detect_layout {
 /// How far an answer can be relied on, and what it could be instead.
 [[nodiscard]] std::string confidence_phrase(const textio::advice::Advice& advice);
 
+/// Whether a person should look at an answer before it is relied on.
+[[nodiscard]] bool is_doubtful(const textio::advice::Advice& advice) noexcept;
+
 /// A class of values for a program: `number`, `date`, `short_duration`.
 [[nodiscard]] std::string_view
 class_name(zentor::io::text::typedetection::FieldClass type) noexcept;

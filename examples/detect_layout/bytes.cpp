@@ -3,6 +3,7 @@
 #include "user_error.hpp"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 #include <zlib.h>
 
@@ -40,6 +41,10 @@ public:
             throw std::bad_alloc();
         }
         gzbuffer(file_.get(), buffer_bytes);
+        struct stat status {};
+        if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
+            total_ = static_cast<std::size_t>(status.st_size);
+        }
     }
 
     std::size_t read(char* begin, std::size_t size) override {
@@ -63,6 +68,13 @@ public:
 
     [[nodiscard]] bool is_unpacked() const noexcept override { return gzdirect(file_.get()) == 0; }
 
+    [[nodiscard]] std::size_t total() const noexcept override { return total_; }
+
+    [[nodiscard]] std::size_t place() const noexcept override {
+        const auto offset = gzoffset(file_.get());
+        return offset < 0 ? 0 : static_cast<std::size_t>(offset);
+    }
+
 private:
     static constexpr unsigned buffer_bytes = 65536;
 
@@ -70,6 +82,7 @@ private:
         void operator()(gzFile file) const { gzclose(file); }
     };
     std::unique_ptr<gzFile_s, Closer> file_;
+    std::size_t total_ = 0;
 };
 
 } // namespace

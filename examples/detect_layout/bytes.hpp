@@ -20,6 +20,12 @@ public:
 
     /// Whether the bytes read so far came out of gzip's compression.
     [[nodiscard]] virtual bool is_unpacked() const noexcept { return false; }
+
+    /// How many bytes there are, before they are unpacked; 0 if nobody knows.
+    [[nodiscard]] virtual std::size_t total() const noexcept { return 0; }
+
+    /// How many of these have been read.
+    [[nodiscard]] virtual std::size_t place() const noexcept { return 0; }
 };
 
 /// Opens the file at `path`, or standard input for `-`. What gzip compressed is unpacked as it is

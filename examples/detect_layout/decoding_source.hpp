@@ -1,7 +1,7 @@
 #pragma once
 
 #include "bytes.hpp"
-#include "textio/platform/text_stream.hpp"
+#include "counting_source.hpp"
 
 #include <unicode/localpointer.h>
 #include <unicode/ucnv.h>
@@ -14,7 +14,7 @@ namespace detect_layout {
 /// Decodes bytes to UTF-16, piece by piece, as far as somebody reads. A byte order mark at the
 /// start is left out. Each byte sequence that means nothing in the character set becomes one U+FFFD
 /// and is counted.
-class DecodingSource : public zentor::io::text::stream::TextSource {
+class DecodingSource : public CountingSource {
 public:
     /// Decodes `head`, the bytes already taken from `bytes`, and then what `bytes` still has, of
     /// which it takes `piece_bytes` at a time. `bytes` must outlive the source.
@@ -24,8 +24,7 @@ public:
     /// Throws `UserError` if the bytes cannot be read.
     std::size_t read(char16_t* begin, char16_t* end) override;
 
-    /// Byte sequences replaced by U+FFFD in what has been read so far.
-    [[nodiscard]] std::size_t undecodable() const noexcept { return undecodable_; }
+    [[nodiscard]] std::size_t undecodable() const noexcept override { return undecodable_; }
 
 private:
     char16_t* decode(char16_t* begin, char16_t* end);

@@ -10,6 +10,7 @@
 #include "output.hpp"
 #include "picture.hpp"
 #include "report.hpp"
+#include "subcommands.hpp"
 #include "table.hpp"
 #include "terminal.hpp"
 #include "user_error.hpp"
@@ -24,9 +25,6 @@
 namespace {
 
 using namespace detect_layout;
-
-constexpr int all_went_well = 0;
-constexpr int something_went_wrong = 2;
 
 /// All that is to be printed about one input. `Answer` is either kind of answer.
 template <typename Answer>
@@ -88,6 +86,9 @@ int report_all(const Settings& settings) {
 int main(int count, char** arguments) {
     hold_standard_streams();
     try {
+        if (const Subcommand* subcommand = subcommand_of(count, arguments); subcommand != nullptr) {
+            return subcommand->run(count - 1, arguments + 1);
+        }
         const Settings settings = read_command_line(count, arguments);
         if (!settings.help.empty()) {
             write_out(settings.help);

@@ -1,6 +1,8 @@
 #include "text_input.hpp"
 
+#include "decoding_source.hpp"
 #include "textio/fixed_stream.hpp"
+#include "utf8_source.hpp"
 
 #include <utility>
 
@@ -17,6 +19,14 @@ std::string read_head(ByteSource& bytes) {
     return head;
 }
 
+std::unique_ptr<CountingSource> decoded(ByteSource& bytes, std::string head,
+                                        const std::string& character_set) {
+    if (character_set == "UTF-8") {
+        return std::make_unique<Utf8Source>(bytes, std::move(head));
+    }
+    return std::make_unique<DecodingSource>(bytes, std::move(head), character_set);
+}
+
 } // namespace
 
 TextInput::TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encoding,
@@ -25,7 +35,7 @@ TextInput::TextInput(std::unique_ptr<ByteSource> bytes, const std::string& encod
     std::string head = read_head(*bytes_);
     character_set_ = encoding.empty() ? detect_character_set(head, head.size() < head_bytes)
                                       : CharacterSet{encoding, {}};
-    source_ = std::make_unique<DecodingSource>(*bytes_, std::move(head), character_set_.name);
+    source_ = decoded(*bytes_, std::move(head), character_set_.name);
     stream_ = std::make_unique<zentor::io::text::stream::TextStream>(*source_);
     text_ = textio::get_fixed_stream(*stream_, line_endings);
 }

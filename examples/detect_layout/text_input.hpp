@@ -2,7 +2,7 @@
 
 #include "bytes.hpp"
 #include "character_set.hpp"
-#include "decoding_source.hpp"
+#include "counting_source.hpp"
 #include "textio/field.hpp"
 #include "textio/platform/text_stream.hpp"
 
@@ -26,7 +26,13 @@ public:
 
     [[nodiscard]] const CharacterSet& character_set() const noexcept { return character_set_; }
 
-    /// Byte sequences that meant nothing in that character set.
+    /// The whole text, from its start on. Whoever reads from it makes `text()` invalid.
+    [[nodiscard]] zentor::io::text::stream::TextStream& stream() noexcept { return *stream_; }
+
+    /// The bytes, for how much of them has been read.
+    [[nodiscard]] const ByteSource& bytes() const noexcept { return *bytes_; }
+
+    /// Byte sequences in what has been read that meant nothing in that character set.
     [[nodiscard]] std::size_t undecodable() const noexcept { return source_->undecodable(); }
 
     /// Whether the text's bytes were unpacked out of gzip's compression.
@@ -38,7 +44,7 @@ public:
 private:
     std::unique_ptr<ByteSource> bytes_;
     CharacterSet character_set_;
-    std::unique_ptr<DecodingSource> source_;
+    std::unique_ptr<CountingSource> source_;
     std::unique_ptr<zentor::io::text::stream::TextStream> stream_;
     textio::Field text_;
 };

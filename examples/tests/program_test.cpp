@@ -54,7 +54,7 @@ TEST(Program, tells_what_is_wrong_with_an_input) {
              {"$program --no-comments --comment % stock.txt", "--comment excludes --no-comments"},
              {"$program --widths 3,4 --delimiter , stock.txt", "--delimiter excludes --widths"},
              {"$program --expect-variables 5 stock.txt", "--expect-variables requires --rules"},
-             {"$program --rules --names-line 1 stock.txt", "--rules excludes --names-line"},
+             {"$program --rules --names-line 1 stock.txt", "--names-line excludes --rules"},
              {"gzip -c stock.txt | head -c 90 | $program -", "standard input: ends in the middle of its compressed data"},
              {"printf '\\037\\213\\007ab' | $program -", "standard input: has damaged compressed data"},
          }) {
@@ -145,7 +145,15 @@ TEST(Completion, offers_what_can_follow) {
              {"--json --comment-", "--comment-end"},
              {"--show ''", ""},
              {"--rows = 1", ""},
-             {"sto", ""},
+             {"stock", "stock.txt"},
+             {"conv", "convert"},
+             {"x conv", ""},
+             {"convert --iso", "--iso-dates"},
+             {"convert --to = js", "jsonl"},
+             {"convert --irregular s", "skip stop"},
+             {"convert --rul", ""},
+             {"diff --fo", ""},
+             {"--fo", ""},
          }) {
         const Outcome result =
             run_script("bash -c \"source ../detect_layout/detect_layout.bash; COMP_WORDS=(detect_layout " + words +
