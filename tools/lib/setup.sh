@@ -7,7 +7,8 @@ project_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 build_packages=(
     g++ cmake ninja-build
     libicu-dev libcli11-dev libfmt-dev nlohmann-json3-dev zlib1g-dev libmagic-dev # the example host
-    libgtest-dev                                          # the tests
+    libsqlite3-dev                                        # the loader among the examples
+    libgtest-dev python3                                  # the tests
 )
 
 missing_packages() {
