@@ -3,7 +3,7 @@
 #include "advice_words.hpp"
 #include "column_names.hpp"
 
-#include <textio/names.hpp>
+#include "textio/names.hpp"
 
 #include <fmt/format.h>
 
