@@ -2,6 +2,7 @@
 
 #include "convert_command.hpp"
 #include "diff_command.hpp"
+#include "import_command.hpp"
 
 #include <fmt/format.h>
 
@@ -11,9 +12,10 @@
 namespace detect_layout {
 
 std::span<const Subcommand> subcommands() noexcept {
-    static constexpr std::array<Subcommand, 2> all{{
+    static constexpr std::array<Subcommand, 3> all{{
         {"convert", "writes the table of a file in a plain format", run_convert},
         {"diff", "tells whether two files are laid out alike", run_diff},
+        {"import", "prints the statement that reads a file in a tool", run_import},
     }};
     return all;
 }
