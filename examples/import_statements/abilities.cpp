@@ -77,9 +77,9 @@ std::vector<Demand> demands_of_rows(const Table& table, const Abilities& can) {
         {has.skipped_quotes, can.skipped_quotes, "an open quote above the data"},
         {has.padded_cells, can.padded_cells, "blanks around the values"},
         {has.line_breaks, can.line_breaks, "line breaks in cells"},
+        {has_extra_cells(table), can.extra_cells, "rows with too many cells"},
         {has.blank_lines, can.blank_lines, "blank lines between the rows"},
         {has.short_rows, can.short_rows, "rows that lack cells"},
-        {has.long_rows, can.long_rows, "rows with too many cells"},
         {has.lone_returns, can.lone_returns, "line endings of a carriage return alone"},
     };
 }
@@ -107,7 +107,11 @@ std::string comment_to_tell(const Table& table, Comments comments) {
     return table.block_comments || does_harm ? std::string() : table.comment;
 }
 
-Table converted(const Table& table) {
+bool has_extra_cells(const Table& table) {
+    return !table.columns.empty() && table.columns.back().is_extra;
+}
+
+Table converted(const Table& table, const Abilities& abilities) {
     Table plain;
     plain.file = table.file;
     plain.skipped_lines = 1;
@@ -118,6 +122,12 @@ Table converted(const Table& table) {
     plain.troubles.doubled_quotes = true;
     plain.troubles.beyond_ascii = true;
     plain.troubles.line_breaks = table.troubles.line_breaks;
+    if (!abilities.extra_cells && has_extra_cells(table)) {
+        plain.convert.insert(plain.convert.end(), {"--irregular", "skip"});
+        std::erase_if(plain.columns, [](const Column& column) { return column.is_extra; });
+    }
+    // The command fills rows up to the columns of the table, but not to the extra ones.
+    plain.troubles.short_rows = has_extra_cells(plain);
     for (Column& column : plain.columns) {
         column.is_grouped = false;
     }

@@ -44,7 +44,7 @@ struct Abilities {
     bool line_breaks = true;
     bool blank_lines = false;
     bool short_rows = false;
-    bool long_rows = false;
+    bool extra_cells = false; ///< in some rows, in columns behind those of the table
     bool lone_returns = false;
 };
 
@@ -54,7 +54,11 @@ struct Abilities {
 /// The sign of comments, if a tool that takes them in that way is to know it; otherwise nothing.
 [[nodiscard]] std::string comment_to_tell(const Table& table, Comments comments);
 
-/// The table as the command `Table::convert` writes it.
-[[nodiscard]] Table converted(const Table& table);
+/// The table as the command `Table::convert` writes it. For a tool that cannot have extra cells,
+/// the command leaves out the rows that have some.
+[[nodiscard]] Table converted(const Table& table, const Abilities& abilities);
+
+/// Whether some rows have more cells than the table has columns.
+[[nodiscard]] bool has_extra_cells(const Table& table);
 
 } // namespace import_statements

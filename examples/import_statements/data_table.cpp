@@ -67,7 +67,7 @@ Abilities data_table_abilities(const Table& table) {
     can.other_quotes = true;
     can.decimal_mark = table.decimal == ",";
     can.thousands = true;
-    can.padded_cells = can.blank_lines = can.short_rows = true;
+    can.padded_cells = can.blank_lines = can.short_rows = can.extra_cells = true;
     can.skipped_quotes = true;
     return can;
 }

@@ -63,7 +63,7 @@ Abilities duckdb_abilities(const Table& table) {
     can.decimal_mark = table.decimal == ",";
     can.thousands = (table.decimal == "," || table.decimal == ".") && table.thousands.size() == 1;
     can.comments = Comments::to_end_of_line;
-    can.short_rows = true;
+    can.short_rows = can.extra_cells = true;
     return can;
 }
 

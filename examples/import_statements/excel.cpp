@@ -91,7 +91,7 @@ Abilities excel_abilities(const Table& table) {
     can.byte_order_mark = true;
     can.fixed_width = can.fixed_width_beyond_ascii = true;
     can.decimal_mark = can.thousands = culture(table) != nullptr;
-    can.short_rows = true;
+    can.short_rows = can.extra_cells = true;
     return can;
 }
 

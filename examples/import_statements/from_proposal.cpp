@@ -57,15 +57,26 @@ void describe_layout(Table& table, const Proposal& proposal) {
     }
 }
 
+/// Rows can have more cells than the table has columns; no cell is to be lost.
+std::size_t most_cells(const Proposal& proposal, const textio::Field& text) {
+    std::size_t most = std::max<std::size_t>(proposal.columns.size(), 1);
+    textio::reading::Reader reader(proposal, text);
+    while (reader.next()) {
+        most = std::max(most, reader.fields().size());
+    }
+    return most;
+}
+
 /// The columns of the proposal with their names and, of fixed widths, their places.
-std::vector<Column> columns_of(const Proposal& proposal, Kind kind) {
+std::vector<Column> columns_of(const Proposal& proposal, Kind kind, std::size_t count) {
     const auto& widths = proposal.strategy->options().field_widths;
-    std::vector<Column> columns(std::max<std::size_t>(proposal.columns.size(), 1));
+    std::vector<Column> columns(count);
     std::size_t place = 0;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (i < proposal.columns.size()) {
             columns[i].name = utf8_of(proposal.columns[i].name);
         }
+        columns[i].is_extra = i > 0 && i >= proposal.columns.size();
         if (kind == Kind::fixed_width && i < widths.size()) {
             columns[i].begin = place;
             place += widths[i];
@@ -160,7 +171,7 @@ std::string utf8_of(std::u16string_view text) {
 Table table_from(const Proposal& proposal, const textio::Field& text) {
     Table table;
     describe_layout(table, proposal);
-    table.columns = columns_of(proposal, table.kind);
+    table.columns = columns_of(proposal, table.kind, most_cells(proposal, text));
     Judging judging(proposal, table.columns.size());
     Survey survey(table, proposal.strategy->options(), text.view());
     textio::reading::Reader reader(proposal, text);

@@ -111,7 +111,7 @@ Abilities pandas_abilities(const Table& table) {
     can.comments = Comments::to_end_of_line;
     can.decimal_mark = table.decimal.size() == 1;
     can.thousands = can.decimal_mark && table.thousands.size() == 1;
-    can.blank_lines = can.short_rows = can.lone_returns = true;
+    can.blank_lines = can.short_rows = can.extra_cells = can.lone_returns = true;
     return can;
 }
 

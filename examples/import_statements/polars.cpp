@@ -58,7 +58,7 @@ Abilities polars_abilities(const Table& table) {
     can.other_quotes = true;
     can.comments = Comments::whole_lines;
     can.decimal_mark = table.decimal == ",";
-    can.short_rows = true;
+    can.short_rows = can.extra_cells = true;
     return can;
 }
 
@@ -71,8 +71,15 @@ std::string write_polars(const Table& table, bool is_piped) {
     arguments.add("quote_char",
                   is_lines || table.quote.empty() ? "None" : python_text(table.quote));
     arguments.add("has_header", "False");
-    if (table.skipped_lines > 0) {
-        arguments.add("skip_lines", std::to_string(table.skipped_lines));
+    // Lines are skipped whatever stands in them, and so are those inside the names that are
+    // written.
+    std::size_t skipped = table.skipped_lines;
+    for (const Column& column : table.columns) {
+        const auto breaks = std::count(column.name.begin(), column.name.end(), '\n');
+        skipped += is_piped ? static_cast<std::size_t>(breaks) : 0;
+    }
+    if (skipped > 0) {
+        arguments.add("skip_lines", std::to_string(skipped));
     }
     arguments.add("schema", schema(table, names));
     if (const auto comment = comment_to_tell(table, Comments::whole_lines); !comment.empty()) {

@@ -67,14 +67,14 @@ std::string conversions(const Table& table, const std::vector<std::string>& name
     for (std::size_t i = 0; i < names.size(); ++i) {
         const Column& column = table.columns[i];
         if (!goes_straight(table, column)) {
-            const std::string name = sql_name(names[i]);
+            const std::string name = postgres_name(names[i]);
             const std::string type(type_name(column));
             changes.push_back("  ALTER COLUMN " + name + " TYPE " + type + " USING (" +
                               value_of(table, column, name) + ")::" + type);
         }
     }
     return changes.empty() ? std::string()
-                           : "ALTER TABLE " + sql_name(table_name(table)) + "\n" +
+                           : "ALTER TABLE " + postgres_name(table_name(table)) + "\n" +
                                  joined(changes, ",\n") + ";\n";
 }
 
@@ -97,7 +97,7 @@ std::string forced_nulls(const Table& table, const std::vector<std::string>& nam
     std::vector<std::string> columns;
     for (std::size_t i = 0; i < names.size(); ++i) {
         if (table.columns[i].type != Type::text) {
-            columns.push_back(sql_name(names[i]));
+            columns.push_back(postgres_name(names[i]));
         }
     }
     return columns.empty() || !table.troubles.quoted_cells
@@ -122,10 +122,11 @@ std::string write_postgres(const Table& table, bool is_piped) {
     Arguments columns(" ");
     for (std::size_t i = 0; i < names.size(); ++i) {
         const Column& column = table.columns[i];
-        columns.add(sql_name(names[i]), goes_straight(table, column) ? type_name(column) : "text");
+        columns.add(postgres_name(names[i]),
+                    goes_straight(table, column) ? type_name(column) : "text");
     }
     bool has_header = false;
-    const std::string name = sql_name(table_name(table));
+    const std::string name = postgres_name(table_name(table));
     std::string copy =
         "\\copy " + name + " FROM " + source(table, is_piped, has_header) + " WITH (FORMAT csv";
     const bool is_lines = table.kind == Kind::lines;

@@ -118,7 +118,8 @@ Abilities python_csv_abilities(const Table& table) {
     can.indented_comments = true;
     can.decimal_mark = table.decimal.size() == 1;
     can.thousands = can.decimal_mark && table.thousands.size() == 1;
-    can.skipped_quotes = can.blank_lines = can.short_rows = can.lone_returns = true;
+    can.skipped_quotes = can.blank_lines = can.short_rows = can.extra_cells = can.lone_returns =
+        true;
     return can;
 }
 

@@ -96,7 +96,7 @@ Abilities readr_abilities(const Table& table) {
     can.byte_order_mark = can.character_set;
     can.gzip = true;
     can.aligned = can.fixed_width = true;
-    can.other_quotes = can.stray_quotes = true;
+    can.other_quotes = true;
     can.comments = Comments::to_end_of_line;
     can.decimal_mark = table.decimal.size() == 1;
     can.thousands = true;

@@ -53,7 +53,7 @@ Abilities spark_abilities(const Table& table) {
     can.other_quotes = true;
     can.comments = table.comment.size() == 1 ? Comments::whole_lines : Comments::none;
     can.many_skipped_lines = false;
-    can.padded_cells = can.blank_lines = can.short_rows = true;
+    can.padded_cells = can.blank_lines = can.short_rows = can.extra_cells = true;
     return can;
 }
 

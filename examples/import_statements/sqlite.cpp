@@ -33,6 +33,7 @@ Abilities sqlite_abilities(const Table& table) {
     can.byte_order_mark = is_utf8(table.encoding) && table.skipped_lines > 0;
     // Only with lines that have no quotes, as rows are skipped.
     can.stray_quotes = true;
+    can.short_rows = can.extra_cells = true; // it fills them up, and says so
     return can;
 }
 

@@ -63,13 +63,15 @@ constexpr std::array<Maker, 10> makers{{
 }};
 
 /// Why the statement does not read the file itself, as a comment.
-std::string explained(const Maker& maker, const std::vector<std::string>& obstacles) {
-    std::string text =
-        std::string(maker.comment).append(maker.title).append(" cannot be told of this file:\n");
+std::string explained(std::string_view comment, std::string_view title,
+                      const std::vector<std::string>& obstacles, bool loses_rows) {
+    std::string text = std::string(comment).append(title).append(" cannot be told of this file:\n");
     for (const std::string& obstacle : obstacles) {
-        text.append(maker.comment).append("  ").append(obstacle).append("\n");
+        text.append(comment).append("  ").append(obstacle).append("\n");
     }
-    return text.append(maker.comment).append("So detect_layout rewrites it.\n");
+    return text.append(comment)
+        .append("So detect_layout rewrites it")
+        .append(loses_rows ? "; rows that do not fit are left out, and told of.\n" : ".\n");
 }
 
 } // namespace
@@ -90,11 +92,16 @@ Statement statement_for(std::string_view name, const Table& table) {
     if (maker == makers.end()) {
         throw std::invalid_argument("no tool is named '" + std::string(name) + "'");
     }
+    const Abilities abilities = maker->abilities(table);
     Statement statement;
-    statement.obstacles = obstacles(table, maker->abilities(table));
-    statement.text = statement.obstacles.empty() ? maker->write(table, false)
-                                                 : explained(*maker, statement.obstacles) +
-                                                       maker->write(converted(table), true);
+    statement.obstacles = obstacles(table, abilities);
+    if (statement.obstacles.empty()) {
+        statement.text = maker->write(table, false);
+        return statement;
+    }
+    const bool loses_rows = has_extra_cells(table) && !abilities.extra_cells;
+    statement.text = explained(maker->comment, maker->title, statement.obstacles, loses_rows) +
+                     maker->write(converted(table, abilities), true);
     return statement;
 }
 

@@ -59,7 +59,6 @@ void Survey::add(std::span<const textio::Field> fields) {
         look_at_cell(field.view());
     }
     troubles_.short_rows = troubles_.short_rows || (fields.size() < columns_ && !has_positions_);
-    troubles_.long_rows = troubles_.long_rows || fields.size() > columns_;
     place_ = static_cast<std::size_t>(fields.back().data - text_.data()) + fields.back().size;
     at_line_start_ = false;
 }

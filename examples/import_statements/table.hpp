@@ -37,6 +37,7 @@ struct Column {
     const DateFormat* format = nullptr; ///< of dates; good for ever
     bool is_grouped = false;            ///< numbers with thousands separators
     bool has_missing = false;           ///< some cells are empty, or hold a missing text
+    bool is_extra = false;              ///< behind those of the table: a few rows have it
     std::size_t begin = 0;              ///< fixed widths: the first place, from 0, in UTF-16 units
     std::size_t end = 0;                ///< and the one behind the last
 };

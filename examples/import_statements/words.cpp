@@ -119,6 +119,22 @@ std::string sql_name(std::string_view name) {
     return doubled(name, '"');
 }
 
+std::string postgres_name(std::string_view name) {
+    const auto is_control = [](char unit) { return static_cast<unsigned char>(unit) < 0x20; };
+    if (std::none_of(name.begin(), name.end(), is_control)) {
+        return sql_name(name);
+    }
+    std::string escaped;
+    for (const char unit : name) {
+        if (is_control(unit)) {
+            escaped.append("\\00").append(hexadecimal(static_cast<unsigned char>(unit)));
+        } else {
+            escaped.append(unit == '\\' ? 2 : 1, unit);
+        }
+    }
+    return "U&" + sql_name(escaped);
+}
+
 std::string m_text(std::string_view text) {
     std::string result = "\"";
     for (std::size_t i = 0; i < text.size(); ++i) {

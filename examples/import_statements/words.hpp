@@ -27,6 +27,9 @@ namespace import_statements {
 [[nodiscard]] std::string sql_text(std::string_view text);
 [[nodiscard]] std::string sql_name(std::string_view name);
 
+/// A name that stays on one line, as commands of psql have to.
+[[nodiscard]] std::string postgres_name(std::string_view name);
+
 /// A text of Power Query.
 [[nodiscard]] std::string m_text(std::string_view text);
 

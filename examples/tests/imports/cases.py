@@ -1,5 +1,6 @@
 """The files whose import is proved: the example files, and some that are made to be hard."""
 
+import gzip
 import os
 
 # What has to be said of an example file so that it is read as a table.
@@ -61,6 +62,18 @@ HARD = {
     "signs.csv": ("# head\na,b\n" + rows("room #{i},{j}\n", 6) + "# pause\n" + rows("r#{i},{j}\n"), "utf-8"),
     "only_numbers.csv": (rows("{i},{j},{k}.5\n"), "utf-8"),
     "empty_cells.csv": ("a,b,c\n" + rows("{i},,\n", 4) + ",,\n" + rows("{i},x,2.5\n"), "utf-8"),
+    "long_rows.csv": ("a,b\n" + rows("w{i},{j}\n", 9) + "x,1,note\n" + rows("v{i},{j}\n"), "utf-8"),
+    "wide_units.csv": ("name,place\n" + rows("Ж{i},{j}\n"), "utf-16"),
+    "unmarked_units.csv": ("name,place\r\n" + rows("größe {i},{j}\r\n"), "utf-16-be"),
+    "broken_names.csv": ('a,"b\nc",d\n' + rows("w{i},{j},{k}.5\n"), "utf-8"),
+    "crlf_inside.csv": ('a,b\r\n' + rows('{i},"x {j}\r\ny"\r\n'), "utf-8"),
+    "exponents.tsv": ("a\tb\tc\n" + rows("{i}e{k}\t-{j}\t-0.{j}E-1{k}\n"), "utf-8"),
+    "escapes.csv": ("a;b;c\n" + rows("\\N;w{i};\\.\n", 6) + rows("\\t{i};%s{j};${k}\n", 6), "utf-8"),
+    "blanks_in_numbers.csv": ("a;b\n" + rows("w{i};{i} {j:03d},5\n"), "utf-8"),
+    "euro.csv": ("Größe;Preis €\n" + rows("ß{i};{j} €\n"), "cp1252"),
+    "packed.csv.gz": ("a,b\n" + rows("w{i},{j}\n"), "utf-8"),
+    "one_column.txt": (rows("{i}.{j}\n"), "utf-8"),
+    "bars.txt": ("a|b|c\n" + rows("'{i}|{k}\"|{j}\n"), "utf-8"),
     "double_colons.txt": ("a::b::c\n" + rows("{i}::x{j}::{k}.5\n"), "utf-8"),
 }
 
@@ -68,6 +81,7 @@ HARD = {
 def write_hard(folder):
     """Writes the hard files; gives their names."""
     for name, (text, encoding) in HARD.items():
-        with open(os.path.join(folder, name), "w", encoding=encoding, newline="") as file:
+        opener = gzip.open if name.endswith(".gz") else open
+        with opener(os.path.join(folder, name), "wt", encoding=encoding, newline="") as file:
             file.write(text)
     return list(HARD)

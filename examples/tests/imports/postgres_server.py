@@ -71,15 +71,15 @@ class Server:
     def cells(self, job):
         """Runs a job's statement and gives the cells of the table that it makes."""
         name = job.table_name("CREATE TABLE ")
-        done = self.ask(f'DROP TABLE IF EXISTS "{name}";\n{job.statement}', job.folder)
+        done = self.ask(
+            f'SET client_min_messages = warning; DROP TABLE IF EXISTS "{name}";\n{job.statement}\n'
+            "SELECT jsonb_agg(jsonb_build_array(column_name, data_type) ORDER BY ordinal_position) "
+            f"FROM information_schema.columns WHERE table_name = '{name}' AND table_schema = 'public';\n"
+            f'SET timezone = \'UTC\'; SELECT row_to_json("the row") FROM "{name}" "the row";', job.folder)
         if done.returncode != 0:
             return {"error": done.stderr.decode()}
-        columns = json.loads(self.ask(
-            "SELECT json_agg(json_build_array(column_name, data_type) ORDER BY ordinal_position) "
-            f"FROM information_schema.columns WHERE table_name = '{name}' AND table_schema = 'public'").stdout)
-        rows = self.ask(f'SET timezone = \'UTC\'; SELECT row_to_json("the row") FROM "{name}" "the row"')
-        records = [list(json.loads(line, object_pairs_hook=lambda pairs: [value for _, value in pairs]))
-                   for line in rows.stdout.decode().splitlines()]
+        columns, *rows = [json.loads(line, object_pairs_hook=lambda pairs: [value for _, value in pairs])
+                          for line in done.stdout.decode().splitlines()]
         kinds = [kind for _, kind in columns]
         return {"names": [column for column, _ in columns],
-                "rows": [[token(value, kind) for value, kind in zip(row, kinds)] for row in records]}
+                "rows": [[token(value, kind) for value, kind in zip(row, kinds)] for row in rows]}
