@@ -11,6 +11,9 @@ build_packages=(
     libgtest-dev python3                                  # the tests
 )
 
+# shellcheck disable=SC2034
+import_packages=(python3 python3-pandas r-base-core r-cran-data.table r-cran-readr sqlite3 postgresql nodejs)
+
 missing_packages() {
     local package
     for package in "$@"; do
@@ -53,4 +56,16 @@ build_preset() {
         exit 1
     fi
     rm -f "$log"
+}
+
+# Installs what import statements are proved with and Debian does not have, in the versions of the lock, where
+# the tests look for it. Without it, those tests are skipped and say so.
+install_import_tools() {
+    local folder=$project_root/build/import_tools
+    command -v npm >/dev/null || require_packages npm
+    mkdir -p "$folder"
+    cp "$project_root"/examples/tests/imports/package{,-lock}.json "$folder"
+    if ! npm --prefix "$folder" install --no-save --no-audit --no-fund --loglevel error >&2; then
+        echo "Could not install the packages for Node that import statements are proved with" >&2
+    fi
 }
