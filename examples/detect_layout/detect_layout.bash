@@ -3,7 +3,7 @@
 _detect_layout() {
     local current=${COMP_WORDS[COMP_CWORD]}
     local previous=${COMP_WORDS[COMP_CWORD - 1]}
-    local commands='convert diff'
+    local commands='convert diff import'
     local options='--help --rows --encoding --quote --decimal --thousands --whitespace --missing
         --comment --comment-end --no-comments --layout --delimiter --widths --header-lines
         --first-data-line --names-line'
@@ -11,6 +11,7 @@ _detect_layout() {
     case ${COMP_WORDS[1]} in
     convert) options+=' --output --force --to --iso-dates --irregular --reports --longest-record' ;;
     diff) ;;
+    import) options+=' --for' ;;
     *)
         options+=' --json --explain --show --recursive --version --rules --exclude-delimiter
             --expect-variables'
@@ -29,6 +30,11 @@ _detect_layout() {
         ;;
     --to)
         mapfile -t COMPREPLY < <(compgen -W 'csv tsv jsonl' -- "$current")
+        return
+        ;;
+    --for)
+        mapfile -t COMPREPLY < <(compgen -W 'data.table duckdb excel pandas polars postgres python-csv r
+            spark sqlite' -- "$current")
         return
         ;;
     --irregular)

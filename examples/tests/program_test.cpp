@@ -143,6 +143,8 @@ TEST(Completion, offers_what_can_follow) {
              {"--first-data-line =", ""},
              {"--encoding = KO", "KOI8-R"},
              {"--json --comment-", "--comment-end"},
+             {"import x.csv --for p", "pandas polars postgres python-csv"},
+             {"import --fo", "--for"},
              {"--show ''", ""},
              {"--rows = 1", ""},
              {"stock", "stock.txt"},
