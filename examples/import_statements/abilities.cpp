@@ -80,6 +80,7 @@ std::vector<Demand> demands_of_rows(const Table& table, const Abilities& can) {
         {has_extra_cells(table), can.extra_cells, "rows with too many cells"},
         {has.blank_lines, can.blank_lines, "blank lines between the rows"},
         {has.short_rows, can.short_rows, "rows that lack cells"},
+        {has.mixed_endings, can.mixed_endings, "line endings of several kinds"},
         {has.lone_returns, can.lone_returns, "line endings of a carriage return alone"},
     };
 }

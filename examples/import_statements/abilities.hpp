@@ -46,6 +46,7 @@ struct Abilities {
     bool short_rows = false;
     bool extra_cells = false; ///< in some rows, in columns behind those of the table
     bool lone_returns = false;
+    bool mixed_endings = true;
 };
 
 /// What of `table` a tool with these abilities cannot be told, each in a few words.

@@ -6,12 +6,19 @@ namespace import_statements {
 
 namespace {
 
+/// Numbers are made of texts where they have separators, or where cells without a value may be in
+/// quotes, which fread takes for values.
+bool is_made_of_text(const Table& table, const Column& column) {
+    const bool is_number = column.type == Type::integer || column.type == Type::number;
+    return column.is_grouped || (is_number && column.has_missing && table.troubles.quoted_cells);
+}
+
 /// Numbers are read as doubles: R has no whole numbers of more than 32 bits.
 std::string classes(const Table& table) {
     std::vector<std::string> items;
     for (const Column& column : table.columns) {
         const bool is_number = column.type == Type::integer || column.type == Type::number;
-        items.emplace_back(is_number && !column.is_grouped ? "numeric" : "character");
+        items.emplace_back(is_number && !is_made_of_text(table, column) ? "numeric" : "character");
     }
     return r_vector(items);
 }
@@ -44,7 +51,7 @@ std::string afterwards(const Table& table, const std::vector<std::string>& names
         } else if (column.type == Type::date_time) {
             change = "as.POSIXct(" + values + ", format = \"" + column.format->strptime +
                      "\", tz = \"UTC\")";
-        } else if (column.is_grouped) {
+        } else if (is_made_of_text(table, column)) {
             change = r_numbers(table, values);
         } else if (column.type == Type::text && table.troubles.doubled_quotes) {
             change = "gsub(" + r_text(table.quote + table.quote) + ", " + r_text(table.quote) +

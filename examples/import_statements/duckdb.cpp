@@ -64,6 +64,7 @@ Abilities duckdb_abilities(const Table& table) {
     can.thousands = (table.decimal == "," || table.decimal == ".") && table.thousands.size() == 1;
     can.comments = Comments::to_end_of_line;
     can.short_rows = can.extra_cells = true;
+    can.mixed_endings = false; // the first one decides
     return can;
 }
 

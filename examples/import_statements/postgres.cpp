@@ -114,6 +114,7 @@ Abilities postgres_abilities(const Table& table) {
     can.thousands = can.decimal_mark && table.thousands.size() == 1;
     can.other_quotes = !table.quote.empty() && table.quote.size() == 1;
     can.byte_order_mark = is_utf8(table.encoding) && table.skipped_lines > 0;
+    can.mixed_endings = false; // the first one decides
     return can;
 }
 

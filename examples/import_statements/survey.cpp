@@ -14,11 +14,6 @@ std::size_t next_line(std::u16string_view text, std::size_t place) {
     return std::min(end + (text.substr(end).starts_with(line_ends) ? 2 : 1), text.size());
 }
 
-bool has_lone_return(std::u16string_view text) {
-    const std::size_t place = text.find(u'\r');
-    return place != std::u16string_view::npos && !text.substr(place).starts_with(line_ends);
-}
-
 } // namespace
 
 Survey::Survey(Table& table, const textio::parser::options& options, std::u16string_view text)
@@ -41,7 +36,7 @@ void Survey::look_at_lines_above(Table& table) {
         const auto skipped = text_.substr(place_, next - place_);
         const auto quotes = std::count(skipped.begin(), skipped.end(), options_.quote);
         troubles_.skipped_quotes = troubles_.skipped_quotes || quotes % 2 != 0;
-        troubles_.lone_returns = troubles_.lone_returns || has_lone_return(skipped);
+        look_at_ends(skipped);
         if (!opener_.empty() && skipped.starts_with(opener_)) {
             ++table.skipped_comments;
         }
@@ -63,9 +58,21 @@ void Survey::add(std::span<const textio::Field> fields) {
     at_line_start_ = false;
 }
 
+void Survey::look_at_ends(std::u16string_view text) {
+    for (std::size_t at = text.find_first_of(line_ends); at < text.size();
+         at = text.find_first_of(line_ends, at)) {
+        const bool is_pair = text.substr(at).starts_with(line_ends);
+        troubles_.lone_returns = troubles_.lone_returns || (!is_pair && text[at] == u'\r');
+        has_pairs_ = has_pairs_ || is_pair;
+        has_lone_feeds_ = has_lone_feeds_ || (!is_pair && text[at] == u'\n');
+        at += is_pair ? 2 : 1;
+    }
+    troubles_.mixed_endings = has_pairs_ && has_lone_feeds_;
+}
+
 /// `gap` is from the end of a row, line ending included, to the first cell of the next.
 void Survey::look_between(std::u16string_view gap) {
-    troubles_.lone_returns = troubles_.lone_returns || has_lone_return(gap);
+    look_at_ends(gap);
     for (std::size_t at = at_line_start_ ? 0 : next_line(gap, 0); at < gap.size();) {
         const std::size_t next = next_line(gap, at);
         const auto line = gap.substr(at, next - at);

@@ -24,6 +24,7 @@ public:
 
 private:
     void look_at_lines_above(Table& table);
+    void look_at_ends(std::u16string_view text);
     void look_between(std::u16string_view gap);
     void look_at_cell(std::u16string_view cell);
     void look_at_quoted(std::u16string_view cell);
@@ -36,7 +37,9 @@ private:
     std::u16string_view text_;
     std::u16string_view opener_; ///< of comments; empty for none
     std::size_t place_ = 0;      ///< behind the row before, or the lines above
-    bool at_line_start_ = true;  ///< no row has been looked at yet
+    bool has_pairs_ = false;     ///< lines end with a carriage return and a line feed
+    bool has_lone_feeds_ = false;
+    bool at_line_start_ = true; ///< no row has been looked at yet
 };
 
 } // namespace import_statements

@@ -57,6 +57,7 @@ struct Troubles {
     bool long_rows = false;         ///< rows with more cells than columns
     bool skipped_quotes = false;    ///< above the data, a quote that its line does not close
     bool lone_returns = false;      ///< lines that end with a carriage return alone
+    bool mixed_endings = false;     ///< some lines end with a carriage return, some do not
     bool beyond_ascii = false;      ///< characters that are none of ASCII
     bool surrogates = false;        ///< characters that are two UTF-16 units
     bool odd_delimiters = false;    ///< runs of delimiters that count as one, or several delimiters

@@ -142,6 +142,7 @@ TEST(Obstacles, are_found_in_the_text) {
              {"a quote inside", plain + u"z,5\"\n", "data.table duckdb excel polars postgres r spark"},
              {"blanks around", plain + u"z, y \n", "duckdb excel pandas polars postgres python-csv sqlite"},
              {"lone returns", u"id,name\r" + numbered(u"@,x@\r"), "data.table duckdb excel polars postgres r spark sqlite"},
+             {"endings of two kinds", u"Report\n\nid,name\r\n" + numbered(u"@,x@\r\n"), "duckdb postgres spark"},
              {"an open quote above", u"7\" wide\nid,name\n" + numbered(u"@,x@\n"),
               "duckdb excel pandas polars postgres r spark sqlite"},
              {"lines above", u"Report\nid,name\n" + numbered(u"@,x@\n"), "spark"},

@@ -1,7 +1,10 @@
 """The files whose import is proved: the example files, and some that are made to be hard."""
 
+import csv
 import gzip
+import io
 import os
+import random
 
 # What has to be said of an example file so that it is read as a table.
 HINTS = {
@@ -78,10 +81,48 @@ HARD = {
 }
 
 
-def write_hard(folder):
-    """Writes the hard files; gives their names."""
-    for name, (text, encoding) in HARD.items():
+WORDS = ["bolt", "Größe", "x y", "it's", 'say "so"', "a,b;c", "two\nlines", "C:\\new", "100 %", "é", "", "#3", "-"]
+
+
+def random_value(source, kind, mark):
+    """One value of a column of that kind, with that decimal mark."""
+    if source.random() < 0.05 and kind != "word":
+        return source.choice(["", "", "NA"])
+    number = source.randrange(-5000, 200000)
+    return {
+        "whole": lambda: str(number),
+        "decimal": lambda: f"{number / 100:.2f}".replace(".", mark),
+        "code": lambda: f"{abs(number):07d}",
+        "date": lambda: f"20{source.randrange(10, 25)}-{source.randrange(1, 13):02}-{source.randrange(1, 29):02}",
+        "german": lambda: f"{source.randrange(1, 29):02}.{source.randrange(1, 13):02}.20{source.randrange(10, 25)}",
+        "word": lambda: source.choice(WORDS),
+    }[kind]()
+
+
+def random_file(seed):
+    """A table of random columns, as Python's csv writes it; gives text and character set."""
+    source = random.Random(seed)
+    delimiter = source.choice(",;\t|")
+    mark = source.choice(".,") if delimiter != "," else "."
+    kinds = [source.choice(["whole", "decimal", "code", "date", "german", "word"]) for _ in range(source.randrange(2, 7))]
+    text = io.StringIO()
+    writer = csv.writer(text, delimiter=delimiter, lineterminator=source.choice(["\n", "\n", "\r\n"]),
+                        quoting=source.choice([csv.QUOTE_MINIMAL, csv.QUOTE_MINIMAL, csv.QUOTE_ALL]))
+    if source.random() < 0.3:
+        text.write("Report of the day\n")
+    if source.random() < 0.8:
+        writer.writerow([f"{kind} {i}" for i, kind in enumerate(kinds)])
+    for _ in range(source.randrange(8, 30)):
+        writer.writerow([random_value(source, kind, mark) for kind in kinds])
+    return text.getvalue(), source.choice(["utf-8", "utf-8", "utf-8-sig", "cp1252", "utf-16"])
+
+
+def write_hard(folder, random_files, seed):
+    """Writes the hard files and so many random ones; gives their names."""
+    files = dict(HARD)
+    files.update({f"random_{seed + i}.csv": random_file(seed + i) for i in range(random_files)})
+    for name, (text, encoding) in files.items():
         opener = gzip.open if name.endswith(".gz") else open
         with opener(os.path.join(folder, name), "wt", encoding=encoding, newline="") as file:
             file.write(text)
-    return list(HARD)
+    return list(files)
