@@ -58,6 +58,7 @@ test("bytes that are no text are replaced alike in the sample and in the rows", 
   const layout = await detect(bytes, { delimiter: ";", first_data_line: 1 });
   const lines = ["a;b", ...(await fieldsOf(rows(bytes, layout))).map((fields) => fields.join(";"))];
   assert.equal(`${lines.join("\n")}\n`, beginning.text);
+  assert.equal((await sample(Uint8Array.of(97, 0xe2, 0x82))).text, "a\uFFFD");
 });
 
 test("only whole lines of the beginning are looked at", async () => {
