@@ -74,13 +74,19 @@ bool measure(LineEnds line_ends, HeaderSearch search, StrategyValuation& record)
                : measure_counts(fields_per_line(line_ends), search, record);
 }
 
+/// The record of `strategy`, with the header that the strategy has now.
+StrategyValuation record_to_fill(const GenericStrategy& strategy) {
+    StrategyValuation record = strategy.valuation_record();
+    record.header_lines = strategy.header_lines();
+    return record;
+}
+
 } // namespace
 
-LineFigures::LineFigures(const GenericStrategy& strategy) : record(strategy.valuation_record()) {
-    record.header_lines = strategy.header_lines();
-    has_data_lines = measure(without_empty_tail(strategy.field_array()->line_ends),
-                             {strategy.auto_header_lines(), strategy.space_separated()}, record);
-}
+LineFigures::LineFigures(const GenericStrategy& strategy)
+    : record(record_to_fill(strategy)),
+      has_data_lines(measure(without_empty_tail(strategy.field_array()->line_ends),
+                             {strategy.auto_header_lines(), strategy.space_separated()}, record)) {}
 
 StrategyValuation& LineFigures::settle(GenericStrategy& strategy) const {
     strategy.fields_->line_ends.resize(record.num_lines);
