@@ -17,9 +17,9 @@ namespace {
 /// Of a lone surrogate Python makes U+FFFD, as it does when it decodes.
 py::object python_text(const char16_t* units, std::size_t count) {
     int order = std::endian::native == std::endian::little ? -1 : 1;
-    PyObject* text = PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(units),
-                                           static_cast<Py_ssize_t>(count * sizeof(char16_t)),
-                                           "replace", &order);
+    PyObject* text =
+        PyUnicode_DecodeUTF16(reinterpret_cast<const char*>(units),
+                              static_cast<Py_ssize_t>(count * sizeof(char16_t)), "replace", &order);
     if (text == nullptr) {
         throw py::error_already_set();
     }
@@ -52,7 +52,9 @@ py::list Rows::next(std::size_t count) {
     return taken();
 }
 
-std::string Rows::end() const { return textio_reader_end(reader_.get()); }
+std::string Rows::end() const {
+    return textio_reader_end(reader_.get());
+}
 
 std::size_t Rows::deliver(void* context, char* buffer, std::size_t size) noexcept {
     auto& rows = *static_cast<Rows*>(context);

@@ -19,7 +19,8 @@ class Rows {
 public:
     /// `read` is called with a number and gives at most so many bytes, none at the end. Throws
     /// `std::invalid_argument` for a proposal or a policy that there is not.
-    Rows(const Answer& answer, std::size_t proposal, pybind11::object read, const std::string& policy);
+    Rows(const Answer& answer, std::size_t proposal, pybind11::object read,
+         const std::string& policy);
 
     /// Up to `count` records, each a tuple of its values, its line and the word for its fault;
     /// none at the end. What `read` throws passes through, behind the records before it.
@@ -31,8 +32,8 @@ public:
 private:
     /// Records that were read while other Python threads were running.
     struct Batch {
-        std::u16string units;           ///< the values of all fields, one behind the other
-        std::vector<std::size_t> ends;  ///< where in `units` each field ends
+        std::u16string units;          ///< the values of all fields, one behind the other
+        std::vector<std::size_t> ends; ///< where in `units` each field ends
         struct Record {
             std::size_t fields_end; ///< in `ends`
             std::size_t line;
