@@ -24,6 +24,19 @@ struct UnitSigns {
 constexpr std::size_t gap_blanks = 3;
 constexpr std::size_t longest_look = 200; ///< units of a text; what begins like this goes on so
 
+constexpr bool is_punctuation(char16_t unit) {
+    return unit == u',' || unit == u';' || unit == u'|' || unit == u'\t' || unit == u':';
+}
+
+/// Whether the unit at a place mostly separates fields: a comma does unless a blank follows.
+constexpr bool separates(std::u16string_view text, std::size_t at, char16_t quote) {
+    const char16_t unit = text[at];
+    if (unit == u',') {
+        return at + 1 < text.size() && !is_blank(text[at + 1]);
+    }
+    return unit == u';' || unit == u'|' || unit == u'\t' || (unit == quote && quote != 0);
+}
+
 UnitSigns look_at(std::u16string_view text, char16_t quote) {
     UnitSigns signs;
     std::size_t blanks = 0;
@@ -40,12 +53,8 @@ UnitSigns look_at(std::u16string_view text, char16_t quote) {
         signs.has_blank = signs.has_blank || unit == u' ';
         signs.has_gap = signs.has_gap || blanks == gap_blanks;
         signs.has_date_sign = signs.has_date_sign || stands_in_dates(unit);
-        const bool is_comma = unit == u',';
-        const bool is_other = unit == u';' || unit == u'|' || unit == u'\t';
-        const bool is_inner_comma = is_comma && at + 1 < text.size() && !is_blank(text[at + 1]);
-        signs.has_separator =
-            signs.has_separator || is_inner_comma || is_other || (unit == quote && quote != 0);
-        signs.is_punctuation = signs.is_punctuation && (is_comma || is_other || unit == u':');
+        signs.has_separator = signs.has_separator || separates(text, at, quote);
+        signs.is_punctuation = signs.is_punctuation && is_punctuation(unit);
     }
     return signs;
 }
@@ -71,6 +80,23 @@ bool holds_numbers_alone(std::u16string_view text) {
         text = text.substr(std::min(end + 1, text.size()));
     }
     return true;
+}
+
+/// The kind of a text that is no number and no date.
+CellKind kind_of_text(std::u16string_view text, const UnitSigns& signs) {
+    if (signs.is_punctuation) {
+        return CellKind::broken;
+    }
+    if (signs.has_gap) {
+        return CellKind::gap;
+    }
+    if (signs.has_separator) {
+        return CellKind::separated;
+    }
+    if (!signs.has_blank) {
+        return CellKind::word;
+    }
+    return holds_numbers_alone(text) ? CellKind::separated : CellKind::words;
 }
 
 } // namespace
@@ -155,19 +181,7 @@ CellKind CellJudge::judge_filled(std::u16string_view text) {
     if (signs.has_digit && signs.has_date_sign && memory_->dates().is_date(text)) {
         return CellKind::date;
     }
-    if (signs.is_punctuation) {
-        return CellKind::broken;
-    }
-    if (signs.has_gap) {
-        return CellKind::gap;
-    }
-    if (signs.has_separator) {
-        return CellKind::separated;
-    }
-    if (!signs.has_blank) {
-        return CellKind::word;
-    }
-    return holds_numbers_alone(text) ? CellKind::separated : CellKind::words;
+    return kind_of_text(text, signs);
 }
 
 } // namespace textio::advice

@@ -75,8 +75,7 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
     return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts.begin());
 }
 
-/// What most of the looked-at values of a column are. Of a column with few values more is looked
-/// at.
+/// What most of the looked-at values of a column are; where none was looked at, all are.
 FieldClass class_of(const Grid& grid, std::size_t column, char16_t quote,
                     const TypeAnalyzer<false>& analyzer, const TypeAnalyzerOptions& type_options) {
     const std::size_t step = grid.rows() / (classified_cells + 1) + 1;

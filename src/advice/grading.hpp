@@ -23,8 +23,8 @@ struct GradingContext {
 void grade_rows(Reading& reading, double prior, const GradingContext& context);
 
 /// Grades a delimited reading with its sample whose rows do not agree: its table is all of it, as
-/// wide as most rows are. The score stays 0 if these have one
-/// field, or if nearly all rows are as wide.
+/// wide as most rows are. The score stays 0 if these have one field, or if nearly all rows are as
+/// wide.
 void grade_ragged_rows(Reading& reading, const GradingContext& context);
 
 /// Begins to grade columns at fixed positions: all but the look at their cells, so that the score
