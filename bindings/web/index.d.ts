@@ -174,6 +174,8 @@ export interface Sample {
   text: string;
   /** null for a string. */
   encoding: string | null;
+  /** Whether a byte order mark stood before it. */
+  mark: boolean;
   /** Whether there is more behind it. Then it ends with the last whole line, if there is one. */
   cut: boolean;
 }
@@ -194,6 +196,8 @@ export class Detector {
   /** Whether this machine has the vector instructions that the build "simd" needs. */
   static readonly simd: boolean;
   readonly version: string;
+  /** The names of the tools that `importStatement` knows. */
+  readonly tools: string[];
   detect(input: string | Uint8Array | ArrayBuffer, hints?: Hints, options?: { limit?: number }): Layout;
   /** The same for what `sample` gave. */
   detectSample(sample: Sample, hints?: Hints): Layout;
@@ -212,3 +216,18 @@ export function rows(input: Input, layout: Layout, options?: RowOptions): AsyncR
 
 /** The beginning of an input as `detect` takes it, for hosts that show it and detect anew as hints change. */
 export function sample(input: Input, options?: SampleOptions): Promise<Sample>;
+
+export interface ImportStatement {
+  /** Whole lines of the tool's language. */
+  text: string;
+  /** What the tool cannot be told of the file. Then the statement has the command detect_layout rewrite it. */
+  obstacles: string[];
+}
+
+/** The statement with which a tool reads the file of that name under a layout, of `proposal` or the best. */
+export function importStatement(
+  layout: Layout,
+  tool: string,
+  file: string,
+  options?: { proposal?: number },
+): ImportStatement;

@@ -3,6 +3,7 @@ import { sample, sampleOf } from "./input.js";
 import { Layout } from "./layout.js";
 import { Instance, compile, simd } from "./module.js";
 import { rowsOf } from "./rows.js";
+import { toolsOf } from "./statement.js";
 
 const loaded = new Map();
 
@@ -24,6 +25,7 @@ export class Detector {
   constructor(instance) {
     this.#instance = instance;
     this.version = instance.utf8At(instance.calls.textio_version());
+    this.tools = toolsOf(instance);
   }
 
   static load({ build = simd ? "simd" : "plain" } = {}) {
@@ -46,8 +48,9 @@ export class Detector {
   }
 
   /** The same for what `sample` gave. */
-  detectSample({ text, encoding }, { encoding: _, ...hints } = {}) {
+  detectSample(sample, { encoding: _, ...hints } = {}) {
     const instance = this.#instance;
+    const { text } = sample;
     const { calls } = instance;
     const at = instance.putText(text);
     let address;
@@ -59,7 +62,7 @@ export class Detector {
       calls.free(at);
     }
     const json = calls.textio_layout_json(address, 0);
-    return new Layout(instance, address, { ...JSON.parse(instance.utf8At(json)), encoding });
+    return new Layout(instance, address, sample, JSON.parse(instance.utf8At(json)));
   }
 
   rows(input, layout, options) {

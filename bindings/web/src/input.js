@@ -25,12 +25,15 @@ export function bytesOf(input) {
   throw new TypeError("a text is a string, an array of bytes, or a Blob where it can be waited for");
 }
 
-/** The character set that the first bytes are marked with. */
+const marks = [
+  ["utf-8", [0xef, 0xbb, 0xbf]],
+  ["utf-16le", [0xff, 0xfe]],
+  ["utf-16be", [0xfe, 0xff]],
+];
+
+/** The character set that the first bytes are marked with, if they are. */
 function markedEncoding(bytes) {
-  if (bytes[0] === 0xff && bytes[1] === 0xfe) {
-    return "utf-16le";
-  }
-  return bytes[0] === 0xfe && bytes[1] === 0xff ? "utf-16be" : "utf-8";
+  return marks.find(([, mark]) => mark.every((byte, at) => bytes[at] === byte))?.[0];
 }
 
 /** Up to the last end of a line of a text that goes on; all of it if there is none. */
@@ -40,17 +43,19 @@ function wholeLines(text) {
 }
 
 function sampleOfBytes(bytes, isCut, encoding) {
-  const decoder = decoderOf(encoding ?? markedEncoding(bytes));
+  const marked = markedEncoding(bytes);
+  const decoder = decoderOf(encoding ?? marked);
   // In two steps even where one would do: in one, some versions of Node take Windows-1252 for Latin-1.
   const text = decoder.decode(bytes, { stream: true }) + (isCut ? "" : decoder.decode());
-  return { text: isCut ? wholeLines(text) : text, encoding: decoder.encoding, cut: isCut };
+  const mark = decoder.encoding === marked;
+  return { text: isCut ? wholeLines(text) : text, encoding: decoder.encoding, mark, cut: isCut };
 }
 
 /** The same as `sample` for what is in memory. */
 export function sampleOf(input, { encoding, limit = usualLimit } = {}) {
   if (typeof input === "string") {
     const cut = input.length > limit;
-    return { text: cut ? wholeLines(input.slice(0, limit)) : input, encoding: null, cut };
+    return { text: cut ? wholeLines(input.slice(0, limit)) : input, encoding: null, mark: false, cut };
   }
   const bytes = bytesOf(input);
   return sampleOfBytes(bytes.subarray(0, limit), bytes.length > limit, encoding);

@@ -7,9 +7,10 @@ const dropped = new FinalizationRegistry(({ instance, address }) => instance.cal
 
 /** The answer. Its data are copies; to read with it needs the module's memory. */
 export class Layout {
-  constructor(instance, address, data) {
-    Object.assign(this, data);
-    const handle = { instance, address };
+  /** `sample` is what it was found in. */
+  constructor(instance, address, sample, data) {
+    Object.assign(this, data, { encoding: sample.encoding });
+    const handle = { instance, address, sample };
     handles.set(this, handle);
     dropped.register(this, handle, this);
   }

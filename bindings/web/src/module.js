@@ -105,18 +105,18 @@ export class Instance {
     return fromUtf8.decode(bytes.subarray(begin, size === undefined ? bytes.indexOf(0, begin) : begin + size));
   }
 
-  /** Throws what a status tells, if it does not tell that all is well. */
-  check(status) {
+  /** Throws what a status tells, if it does not tell that all is well: the complaint, or what the library says. */
+  check(status, complaint) {
     if (status !== ok) {
-      throw new TextioError(status, this.utf8At(this.calls.textio_last_error()));
+      throw new TextioError(status, complaint ?? this.utf8At(this.calls.textio_last_error()));
     }
   }
 
   /** Calls with the address of a place for one number, and gives what stands there afterwards. */
-  resultOf(call) {
+  resultOf(call, complaint) {
     const address = this.allocate(4);
     try {
-      this.check(call(address));
+      this.check(call(address), complaint);
       return this.numbers[address >>> 2];
     } finally {
       this.calls.free(address);

@@ -70,10 +70,10 @@ test("only whole lines of the beginning are looked at", async () => {
   ];
   for (const [whole, limit, begin, cut] of cases) {
     for (const input of [new TextEncoder().encode(whole), new Blob([whole])]) {
-      assert.deepEqual(await sample(input, { limit }), { text: begin, encoding: "utf-8", cut });
+      assert.deepEqual(await sample(input, { limit }), { text: begin, encoding: "utf-8", mark: false, cut });
     }
   }
-  assert.deepEqual(await sample("one\ntwo\n", { limit: 6 }), { text: "one\n", encoding: null, cut: true });
+  assert.deepEqual(await sample("one\ntwo\n", { limit: 6 }), { text: "one\n", encoding: null, mark: false, cut: true });
 });
 
 test("what is no input, no encoding, no layout is refused by name", async () => {

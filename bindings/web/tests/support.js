@@ -16,11 +16,12 @@ export const wasmFile = (build) => readFile(`${packageFolder}/textio-${build}.wa
 export const exampleFiles = (await readdir(new URL("examples/data/", tree))).filter((name) => name !== "README.md");
 export const examplePath = (name) => new URL(`examples/data/${name}`, tree);
 
-/** What detect_layout tells of a file, as an object. */
-export async function nativeAnswer(file, ...options) {
-  const { stdout } = await promisify(execFile)(program, ["--json", ...options, file.pathname]);
-  return JSON.parse(stdout);
-}
+/** What detect_layout prints. */
+export const nativeOutput = async (...words) => (await promisify(execFile)(program, words)).stdout;
+
+/** What it tells of a file, as an object. */
+export const nativeAnswer = async (file, ...options) =>
+  JSON.parse(await nativeOutput("--json", ...options, file.pathname));
 
 export const sharedCases = async () => JSON.parse(await readFile(new URL("bindings/cases.json", tree), "utf8"));
 
