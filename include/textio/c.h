@@ -89,24 +89,30 @@ TEXTIO_EXPORT textio_hints* textio_hints_new(void);
 /// Frees hints. Layouts that were found with them stay as they are.
 TEXTIO_EXPORT void textio_hints_free(textio_hints* hints);
 
+// clang-format off
 /// The names of all hints, one for each index from 0 on; `NULL` behind the last. Valid for ever.
 ///
 /// | name | value |
 /// |---|---|
-/// | `method` | `advice`, which weighs readings, and is usual; or `rules`, which decide by rules
-/// told in full | | `rows` | rows to sample, usually 250 | | `kind` | `delimited`, `space_aligned`,
-/// `fixed_width` or `line` | | `delimiter` | what separates the fields; implies the kind | |
-/// `widths` | list: widths of the columns in UTF-16 code units; implies the kind | | `quote` | one
-/// code unit; empty for none | | `comment` | what opens a comment; empty for none | | `comment_end`
-/// | what closes it, unless that is the end of the line; only with `comment` | | `decimal` | one
-/// code unit: the decimal mark | | `thousands` | one code unit: the thousands separator; empty for
-/// none | | `whitespace` | the code units that count as blank | | `missing` | list: texts of cells
-/// that count as no value | | `first_data_line` | the first line of the text with data, from 0 | |
-/// `names_line` | the line of the text with the names of the columns, from 0; `none` |
+/// | `method` | `advice`, which weighs readings, and is usual; or `rules`, which decide by rules told in full |
+/// | `rows` | rows to sample, usually 250 |
+/// | `kind` | `delimited`, `space_aligned`, `fixed_width` or `line` |
+/// | `delimiter` | what separates the fields; implies the kind |
+/// | `widths` | list: widths of the columns in UTF-16 code units; implies the kind |
+/// | `quote` | one code unit; empty for none |
+/// | `comment` | what opens a comment; empty for none |
+/// | `comment_end` | what closes it, unless that is the end of the line; only with `comment` |
+/// | `decimal` | one code unit: the decimal mark |
+/// | `thousands` | one code unit: the thousands separator; empty for none |
+/// | `whitespace` | the code units that count as blank |
+/// | `missing` | list: texts of cells that count as no value |
+/// | `first_data_line` | the first line of the text with data, from 0 |
+/// | `names_line` | the line of the text with the names of the columns, from 0; `none` |
 ///
 /// The method `rules` cannot be told of a delimiter, a line of names, or a kind other than
 /// `fixed_width`.
 TEXTIO_EXPORT const char* textio_hint_name(size_t index);
+// clang-format on
 
 /// Says the value of the hint `name`; `NULL` takes it back. Both end with a 0. The value of a list
 /// is its only member, but of `widths` numbers with commas between them. Values are copied. Gives
