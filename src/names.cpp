@@ -53,6 +53,18 @@ constexpr Names<End, 5> ends{{
     {End::too_long, "too_long"},
 }};
 
+constexpr Names<std::string_view, 9> doubts{{
+    {"consistency", "rows of other widths"},
+    {"coverage", "text around the table"},
+    {"alignment", "cells out of line"},
+    {"types", "cells that prove little"},
+    {"columns", "few columns"},
+    {"rows", "few rows"},
+    {"first", "the first line does not fit"},
+    {"quotes", "the quotes are ignored"},
+    {"context", "the text looks like something else"},
+}};
+
 constexpr Names<Policy, 4> policies{{
     {Policy::keep, "keep"},
     {Policy::pad, "pad"},
@@ -81,6 +93,18 @@ std::optional<Value> value_in(const Names<Value, count>& names, std::string_view
     return std::nullopt;
 }
 
+/// How often what makes the columns is there without a table.
+constexpr std::string_view doubt_about_kind(StrategyMode kind) noexcept {
+    switch (kind) {
+    case StrategyMode::fixed_width:
+        return "positions may be chance";
+    case StrategyMode::line_reader:
+        return "every text has lines";
+    default:
+        return "ordinary texts have such separators too";
+    }
+}
+
 } // namespace
 
 std::string_view name_of(StrategyMode kind) noexcept {
@@ -105,6 +129,18 @@ std::optional<StrategyMode> kind_named(std::string_view name) noexcept {
 
 std::optional<Policy> policy_named(std::string_view name) noexcept {
     return value_in(policies, name);
+}
+
+std::string_view doubt_about(std::string_view term, StrategyMode kind) noexcept {
+    if (term == "prior") {
+        return doubt_about_kind(kind);
+    }
+    for (const auto& [name, doubt] : doubts) {
+        if (name == term) {
+            return doubt;
+        }
+    }
+    return term;
 }
 
 } // namespace textio

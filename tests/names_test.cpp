@@ -21,4 +21,14 @@ TEST(Names, LeadBackToWhatTheyName) {
     EXPECT_EQ(name_of(FieldClass{}), "unknown");
 }
 
+TEST(Names, TellWhatALowFactorMeans) {
+    using namespace textio;
+    using enums::StrategyMode;
+    EXPECT_EQ(doubt_about("first", StrategyMode::delimited), "the first line does not fit");
+    EXPECT_EQ(doubt_about("prior", StrategyMode::delimited), "ordinary texts have such separators too");
+    EXPECT_EQ(doubt_about("prior", StrategyMode::fixed_width), "positions may be chance");
+    EXPECT_EQ(doubt_about("prior", StrategyMode::line_reader), "every text has lines");
+    EXPECT_EQ(doubt_about("beauty", StrategyMode::delimited), "beauty");
+}
+
 } // namespace

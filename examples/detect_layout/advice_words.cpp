@@ -9,7 +9,6 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <array>
 #include <initializer_list>
 #include <utility>
 #include <vector>
@@ -28,40 +27,6 @@ constexpr double probable = 1.5;
 
 /// A factor above this takes nothing away that is worth a word.
 constexpr double no_doubt = 0.995;
-
-/// How often what makes the columns is there without a table.
-std::string_view doubt_of_kind(StrategyMode mode) {
-    switch (mode) {
-    case StrategyMode::fixed_width:
-        return "positions may be chance";
-    case StrategyMode::line_reader:
-        return "every text has lines";
-    default:
-        return "ordinary texts have such separators too";
-    }
-}
-
-/// What it means that a factor is low.
-std::string_view doubt_of(std::string_view term, StrategyMode mode) {
-    const std::array<std::pair<std::string_view, std::string_view>, 10> doubts{{
-        {"consistency", "rows of other widths"},
-        {"coverage", "text around the table"},
-        {"alignment", "cells out of line"},
-        {"types", "cells that prove little"},
-        {"columns", "few columns"},
-        {"rows", "few rows"},
-        {"prior", doubt_of_kind(mode)},
-        {"first", "the first line does not fit"},
-        {"quotes", "the quotes are ignored"},
-        {"context", "the text looks like something else"},
-    }};
-    for (const auto& [name, doubt] : doubts) {
-        if (name == term) {
-            return doubt;
-        }
-    }
-    return term;
-}
 
 std::size_t count_of(const std::vector<Column>& columns, std::initializer_list<FieldClass> types) {
     return static_cast<std::size_t>(
@@ -186,7 +151,7 @@ std::string doubts_phrase(const Proposal& proposal) {
     std::vector<std::string> doubts;
     for (const auto& [name, value] : proposal.terms) {
         if (value < no_doubt) {
-            doubts.push_back(fmt::format("{} ({:.2f})", doubt_of(name, mode), value));
+            doubts.push_back(fmt::format("{} ({:.2f})", textio::doubt_about(name, mode), value));
         }
     }
     return doubts.empty() ? "nothing" : fmt::format("{}", fmt::join(doubts, ", "));

@@ -24,55 +24,14 @@
 #ifndef TEXTIO_C_H
 #define TEXTIO_C_H
 
+#include "textio/c_types.h"
 #include "textio/export.hpp" // nothing but macros
 
 #include <stddef.h>
-#include <stdint.h>
 
 #ifdef __cplusplus
 extern "C" {
 #endif
-
-/// One code unit of UTF-16.
-#ifdef __cplusplus
-typedef char16_t textio_unit;
-#else
-typedef uint16_t textio_unit;
-#endif
-
-/// How a call ended: one of the `TEXTIO_...` constants that follow.
-typedef int textio_status;
-
-enum {
-    TEXTIO_OK = 0,        ///< it did what it is for
-    TEXTIO_NO_MEMORY = 1, ///< memory ran out; the call can be repeated
-    TEXTIO_BAD_ARGUMENT =
-        2, ///< a null pointer, a proposal that is not there, a call at a wrong time
-    TEXTIO_UNKNOWN_NAME = 3,  ///< there is no hint of that name
-    TEXTIO_BAD_VALUE = 4,     ///< the hint cannot have that value, or contradicts another
-    TEXTIO_SOURCE_FAILED = 5, ///< the callback that delivers bytes said so; it can be asked again
-    TEXTIO_INTERNAL = 6       ///< anything else, which is not meant to happen
-};
-
-/// Stands for a line that is not there.
-#define TEXTIO_NO_LINE ((size_t)-1)
-
-/// What a callback gives that cannot deliver.
-#define TEXTIO_READ_FAILED ((size_t)-1)
-
-/// Delivers the next bytes of a text: puts up to `size` of them, which is at least 1, to `buffer`
-/// and gives their number; 0 means that there are no more, `TEXTIO_READ_FAILED` that they cannot be
-/// had. `context` is what was handed over along with the callback. It must not throw.
-typedef size_t (*textio_read)(void* context, char* buffer, size_t size);
-
-/// What is known about a text beforehand.
-typedef struct textio_hints textio_hints;
-
-/// What was found. It keeps copies of all that it tells, and nothing of the text.
-typedef struct textio_layout textio_layout;
-
-/// Goes through the records of a text.
-typedef struct textio_reader textio_reader;
 
 /// The version of the library, such as "1.0.0"; valid for ever.
 TEXTIO_EXPORT const char* textio_version(void);
@@ -89,24 +48,30 @@ TEXTIO_EXPORT textio_hints* textio_hints_new(void);
 /// Frees hints. Layouts that were found with them stay as they are.
 TEXTIO_EXPORT void textio_hints_free(textio_hints* hints);
 
+// clang-format off
 /// The names of all hints, one for each index from 0 on; `NULL` behind the last. Valid for ever.
 ///
 /// | name | value |
 /// |---|---|
-/// | `method` | `advice`, which weighs readings, and is usual; or `rules`, which decide by rules
-/// told in full | | `rows` | rows to sample, usually 250 | | `kind` | `delimited`, `space_aligned`,
-/// `fixed_width` or `line` | | `delimiter` | what separates the fields; implies the kind | |
-/// `widths` | list: widths of the columns in UTF-16 code units; implies the kind | | `quote` | one
-/// code unit; empty for none | | `comment` | what opens a comment; empty for none | | `comment_end`
-/// | what closes it, unless that is the end of the line; only with `comment` | | `decimal` | one
-/// code unit: the decimal mark | | `thousands` | one code unit: the thousands separator; empty for
-/// none | | `whitespace` | the code units that count as blank | | `missing` | list: texts of cells
-/// that count as no value | | `first_data_line` | the first line of the text with data, from 0 | |
-/// `names_line` | the line of the text with the names of the columns, from 0; `none` |
+/// | `method` | `advice`, which weighs readings, and is usual; or `rules`, which decide by rules told in full |
+/// | `rows` | rows to sample, usually 250 |
+/// | `kind` | `delimited`, `space_aligned`, `fixed_width` or `line` |
+/// | `delimiter` | what separates the fields; implies the kind |
+/// | `widths` | list: widths of the columns in UTF-16 code units; implies the kind |
+/// | `quote` | one code unit; empty for none |
+/// | `comment` | what opens a comment; empty for none |
+/// | `comment_end` | what closes it, unless that is the end of the line; only with `comment` |
+/// | `decimal` | one code unit: the decimal mark |
+/// | `thousands` | one code unit: the thousands separator; empty for none |
+/// | `whitespace` | the code units that count as blank |
+/// | `missing` | list: texts of cells that count as no value |
+/// | `first_data_line` | the first line of the text with data, from 0 |
+/// | `names_line` | the line of the text with the names of the columns, from 0; `none` |
 ///
 /// The method `rules` cannot be told of a delimiter, a line of names, or a kind other than
 /// `fixed_width`.
 TEXTIO_EXPORT const char* textio_hint_name(size_t index);
+// clang-format on
 
 /// Says the value of the hint `name`; `NULL` takes it back. Both end with a 0. The value of a list
 /// is its only member, but of `widths` numbers with commas between them. Values are copied. Gives

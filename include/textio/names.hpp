@@ -26,6 +26,11 @@ name_of(zentor::io::text::typedetection::FieldClass type) noexcept;
 /// `not_yet`, `of_text`, ...: as the values are called in C++.
 [[nodiscard]] TEXTIO_EXPORT std::string_view name_of(reading::End end) noexcept;
 
+/// What speaks against a reading of that kind if the factor `term` of its score is low, for people:
+/// `few rows`. A term of no known name is given back as it is.
+[[nodiscard]] TEXTIO_EXPORT std::string_view doubt_about(std::string_view term,
+                                                         enums::StrategyMode kind) noexcept;
+
 /// The kind of layout of that name; nothing for another word.
 [[nodiscard]] TEXTIO_EXPORT std::optional<enums::StrategyMode>
 kind_named(std::string_view name) noexcept;

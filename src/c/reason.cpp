@@ -1,4 +1,5 @@
 #include "c/layout.hpp"
+#include "textio/names.hpp"
 
 #include <algorithm>
 #include <array>
@@ -25,40 +26,6 @@ constexpr std::size_t most_doubts = 3;
 
 std::string counted(std::size_t count, const char* noun) {
     return std::to_string(count) + ' ' + noun + (count == 1 ? "" : "s");
-}
-
-/// How often what makes the columns is there without a table.
-std::string_view doubt_of_kind(StrategyMode kind) {
-    switch (kind) {
-    case StrategyMode::fixed_width:
-        return "positions may be chance";
-    case StrategyMode::line_reader:
-        return "every text has lines";
-    default:
-        return "ordinary texts have such separators too";
-    }
-}
-
-/// What it means that a factor is low.
-std::string_view doubt_of(std::string_view term, StrategyMode kind) {
-    const std::array<std::pair<std::string_view, std::string_view>, 10> doubts{{
-        {"consistency", "rows of other widths"},
-        {"coverage", "text around the table"},
-        {"alignment", "cells out of line"},
-        {"types", "cells that prove little"},
-        {"columns", "few columns"},
-        {"rows", "few rows"},
-        {"prior", doubt_of_kind(kind)},
-        {"first", "the first line does not fit"},
-        {"quotes", "the quotes are ignored"},
-        {"context", "the text looks like something else"},
-    }};
-    for (const auto& [name, doubt] : doubts) {
-        if (name == term) {
-            return doubt;
-        }
-    }
-    return term;
 }
 
 std::string rows_phrase(const Proposal& proposal) {
@@ -114,7 +81,7 @@ std::string doubts_phrase(const Proposal& proposal) {
     std::string phrase;
     for (const Term& term : doubts) {
         phrase += phrase.empty() ? "; against it: " : ", ";
-        phrase += doubt_of(term.name, proposal.strategy->mode());
+        phrase += doubt_about(term.name, proposal.strategy->mode());
         phrase += " (" + percent(term.value) + ')';
     }
     return phrase;

@@ -156,12 +156,16 @@ private:
         }
     }
 
-    [[nodiscard]] Fault fault_of(std::span<const Field> fields, bool is_last_line,
-                                 std::size_t& found) const {
-        const bool is_last = is_last_line && batches_.is_last();
+    /// Whether a quoted part that opens in `last` goes on to the end of the text.
+    [[nodiscard]] bool is_left_open(const Field& last) const {
         const bool has_quotes =
             mode_ == StrategyMode::delimited || mode_ == StrategyMode::space_aligned;
-        if (is_last && has_quotes && has_open_quote(fields.back(), options_)) {
+        return batches_.is_last() && has_quotes && has_open_quote(last, options_);
+    }
+
+    [[nodiscard]] Fault fault_of(std::span<const Field> fields, bool is_last_line,
+                                 std::size_t& found) const {
+        if (is_last_line && is_left_open(fields.back())) {
             return Fault::open_quote;
         }
         if (found < expected_) {

@@ -95,6 +95,20 @@ void measure_table(const std::vector<std::size_t>& counts, std::size_t h_min, He
     record.num_variables = most_fields(counts, record.header_lines);
 }
 
+/// Measures a table whose lines all have the typical count of fields, two or more, or none at all.
+void measure_regular_table(LineEnds line_ends, HeaderSearch search, StrategyValuation& record) {
+    const auto fields = static_cast<std::size_t>(record.median_fields);
+    if (search.is_on) {
+        record.header_lines = lines_before_filled_one(line_ends);
+    } else if (record.header_lines == SIZE_MAX) {
+        record.header_lines = 0;
+    }
+    const bool is_all_header = !search.is_on && record.header_lines == line_ends.back() / fields;
+    record.overall_variation = 0;
+    record.data_variation = is_all_header ? undefined_variation : 0;
+    record.num_variables = record.header_lines < line_ends.size() ? fields : 1;
+}
+
 } // namespace
 
 std::size_t lines_before_filled_one(LineEnds line_ends) {
@@ -111,17 +125,7 @@ bool measure_regular_lines(LineEnds line_ends, std::size_t fields, HeaderSearch 
     if (record.median_fields < 2) {
         return has_data_lines;
     }
-    if (search.is_on) {
-        record.header_lines = lines_before_filled_one(line_ends);
-    } else if (record.header_lines == SIZE_MAX) {
-        record.header_lines = 0;
-    }
-    const std::size_t filled_lines = line_ends.back() / fields;
-    const bool is_all_header = !search.is_on && record.header_lines == filled_lines;
-    record.overall_variation = 0;
-    record.data_variation = is_all_header ? undefined_variation : 0;
-    record.num_variables =
-        record.header_lines < line_ends.size() ? static_cast<std::size_t>(record.median_fields) : 1;
+    measure_regular_table(line_ends, search, record);
     return has_data_lines;
 }
 

@@ -19,17 +19,22 @@ bool are_told_apart(const Reader& reader) {
            !line_ends.contains(end_of_text);
 }
 
+/// Whether the quote has no other meaning.
+bool quote_is_nothing_else(const DelimitedRecordReader& reader) {
+    const char16_t quote = reader.options->quote;
+    return quote != end_of_text && !reader.blanks().set().contains(quote) &&
+           !reader.guarded_line_ends.first_units().contains(quote) &&
+           !reader.guarded_delimiters.first_units().contains(quote);
+}
+
 } // namespace
 
 bool has_plain_records(const DelimitedRecordReader& reader) {
     const UnitSet& blanks = reader.blanks().set();
     const UnitSet& line_ends = reader.guarded_line_ends.first_units();
     const UnitSet& delimiters = reader.guarded_delimiters.first_units();
-    const char16_t quote = reader.options->quote;
-    const bool quote_is_nothing_else = quote != end_of_text && !blanks.contains(quote) &&
-                                       !line_ends.contains(quote) && !delimiters.contains(quote);
     return reader.options->consecutive_delimiters_rule != consecutive_delimiters::error &&
-           reader.guarded_delimiters.only_lone_units() && quote_is_nothing_else &&
+           reader.guarded_delimiters.only_lone_units() && quote_is_nothing_else(reader) &&
            are_told_apart(reader) && are_disjoint(delimiters, blanks) &&
            are_disjoint(delimiters, line_ends);
 }
