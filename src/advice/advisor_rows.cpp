@@ -93,8 +93,7 @@ void Advisor::read_under_quotes(const Separator& separator) {
     for (const char16_t quote : settings_.quotes) {
         const bool may_frame_few = quote == apostrophe;
         if (frames_fields(survey_, quote, separator.text) ||
-            (may_frame_few &&
-             frames_some_fields(*lines_->field_array(), quote, separator.text))) {
+            (may_frame_few && frames_some_fields(*lines_->field_array(), quote, separator.text))) {
             add_delimited(separator, quote);
         }
     }

@@ -79,26 +79,28 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
     return counts;
 }
 
-/// Whether an opener begins with a delimiter that separates the fields of the lines: it stands
-/// within most of those that the opener begins, and in most of the others. Such lines are rows
-/// whose first field is empty.
+/// Whether an opener begins with a delimiter that separates the fields of the lines: it stands in
+/// most of the others, and most of those that it begins have it once more or a value right behind
+/// it. Such lines are rows whose first field is empty.
 bool is_delimiter_of_rows(const FieldArray& lines, std::u16string_view opener) {
     const char16_t sign = opener.front();
     if (common_delimiters_of_files.find(sign) == std::u16string_view::npos) {
         return false;
     }
     std::size_t opened = 0;
-    std::size_t opened_with = 0;
+    std::size_t rows = 0;
     std::size_t others_with = 0;
     for (const Field& field : lines.fields) {
         const std::u16string_view line = from_first_unit(field.view());
         const bool opens = line.starts_with(opener);
         const std::u16string_view rest = line.substr(opens ? opener.size() : 0);
         const bool has_sign = rest.find(sign) != std::u16string_view::npos;
+        const bool is_row = has_sign || rest.empty() || !is_blank(rest.front());
         opened += opens ? 1U : 0U;
-        (opens ? opened_with : others_with) += has_sign ? 1U : 0U;
+        rows += opens && is_row ? 1U : 0U;
+        others_with += !opens && has_sign ? 1U : 0U;
     }
-    return opened_with * 2 > opened && others_with * 2 > lines.fields.size() - opened;
+    return rows * 2 > opened && others_with * 2 > lines.fields.size() - opened;
 }
 
 /// Tells lines of comments from others, one after the other.
