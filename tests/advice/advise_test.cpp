@@ -26,9 +26,8 @@ TEST(Advise, FindsDelimiters) {
          "by '/'; >0; text, number, number"},
         {"empty cells and a full last column", u"a|b|c\n||1\n2||3\n||4\n5|6|7\n",
          "by '|'; 0>1; a number -2, b number -3, c number"},
-        {"days and times, of which some are missing",
-         u"town,hour\n1995-05-01,13:38:46\n2017-06-21,21:28:13\n,09:53:21\n1997-12-26,\n2004-10-08,07:41:21\n",
-         "by ','; 0>1; town date -1, hour duration -1"},
+        {"days and times, which could be one value each",
+         u"town,hour\n1995-05-01,13:38:46\n2017-06-21,21:28:13\n1997-12-26,13:38:41\n", "by ','; 0>1; town date, hour duration"},
         {"times and dates, whose marks are no delimiters",
          u"2024-03-01,06:18:51,1.5\n2024-03-02,07:20:11,2.5\n2024-03-03,08:01:00,3.5\n", "by ','; >0; date, duration, number"},
     });
