@@ -13,6 +13,9 @@ namespace {
 
 constexpr char16_t usual_quote = u'"';
 
+/// The one of the other quotes that some programs write only where a field needs it.
+constexpr char16_t apostrophe = u'\'';
+
 /// Whether a reading shows that its quotes may be none: it is not regular, or cells hold half a
 /// pair.
 bool has_odd_quotes(const Reading& reading) {
@@ -88,7 +91,9 @@ void Advisor::read_under_quotes(const Separator& separator) {
         add_delimited(separator, 0);
     }
     for (const char16_t quote : settings_.quotes) {
-        if (frames_fields(survey_, quote, separator.text)) {
+        const bool may_frame_few = quote == apostrophe;
+        if (frames_fields(survey_, quote, separator.text) ||
+            (may_frame_few && frames_some_fields(*lines_->field_array(), quote, separator.text))) {
             add_delimited(separator, quote);
         }
     }

@@ -31,6 +31,13 @@ CellKind commonest_kind(const Counts& counts) {
     return static_cast<CellKind>(most);
 }
 
+/// How many cells are of the column's commonest kind. Quotes around some texts mix in nothing:
+/// many programs write them only where a text needs them.
+std::size_t cells_alike(const Counts& counts, CellKind commonest) {
+    const bool are_texts = commonest == CellKind::word || commonest == CellKind::words;
+    return counts[index_of(commonest)] + (are_texts ? counts[index_of(CellKind::quoted)] : 0);
+}
+
 /// Mean weight of a column's cells; a column of mixed kinds counts half for what is mixed in.
 double grade_of(const Counts& counts, const ColumnFigures& column, std::size_t rows) {
     double weight = 0;
@@ -39,7 +46,7 @@ double grade_of(const Counts& counts, const ColumnFigures& column, std::size_t r
     }
     const double share = column.filled == 0
                              ? 1
-                             : static_cast<double>(counts[index_of(column.commonest)]) /
+                             : static_cast<double>(cells_alike(counts, column.commonest)) /
                                    static_cast<double>(column.filled);
     return weight / static_cast<double>(rows) * (1 + share) / 2;
 }

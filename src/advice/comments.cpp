@@ -1,6 +1,7 @@
 #include "advice/comments.hpp"
 
 #include "advice/lines.hpp"
+#include "advice/survey.hpp"
 
 #include <algorithm>
 #include <array>
@@ -78,6 +79,30 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
     return counts;
 }
 
+/// Whether an opener begins with a delimiter that separates the fields of the lines: it stands in
+/// most of the others, and most of those that it begins have it once more or a value right behind
+/// it. Such lines are rows whose first field is empty.
+bool is_delimiter_of_rows(const FieldArray& lines, std::u16string_view opener) {
+    const char16_t sign = opener.front();
+    if (common_delimiters_of_files.find(sign) == std::u16string_view::npos) {
+        return false;
+    }
+    std::size_t opened = 0;
+    std::size_t rows = 0;
+    std::size_t others_with = 0;
+    for (const Field& field : lines.fields) {
+        const std::u16string_view line = from_first_unit(field.view());
+        const bool opens = line.starts_with(opener);
+        const std::u16string_view rest = line.substr(opens ? opener.size() : 0);
+        const bool has_sign = rest.find(sign) != std::u16string_view::npos;
+        const bool is_row = has_sign || rest.empty() || !is_blank(rest.front());
+        opened += opens ? 1U : 0U;
+        rows += opens && is_row ? 1U : 0U;
+        others_with += !opens && has_sign ? 1U : 0U;
+    }
+    return rows * 2 > opened && others_with * 2 > lines.fields.size() - opened;
+}
+
 /// Tells lines of comments from others, one after the other.
 class CommentLines {
 public:
@@ -138,7 +163,8 @@ std::u16string_view choose_comment_opener(const FieldArray& lines,
         const bool is_usual = opener == usual_opener;
         const bool is_like_comments = is_usual || count.has_first_line || count.lines >= 2;
         const bool leaves_rows = is_usual ? count.lines < filled : count.lines * 4 <= filled * 3;
-        if (count.lines > most && is_like_comments && leaves_rows) {
+        if (count.lines > most && is_like_comments && leaves_rows &&
+            !is_delimiter_of_rows(lines, opener)) {
             most = count.lines;
             best = opener;
         }

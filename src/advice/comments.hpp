@@ -12,7 +12,8 @@
 namespace textio::advice {
 
 /// The opener that begins most lines, as comments do: the first line, or several lines, but not
-/// all. Empty if none does. `lines` is the text read as one field a line, comments included.
+/// all. One that begins with the delimiter of the rows is none: these have an empty first field.
+/// Empty if there is none. `lines` is the text read as one field a line, comments included.
 [[nodiscard]] std::u16string_view choose_comment_opener(const FieldArray& lines,
                                                         std::span<const std::u16string> openers);
 

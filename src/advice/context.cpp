@@ -107,6 +107,16 @@ void weigh_positions_by_blanks(std::vector<Reading>& readings) {
     }
 }
 
+/// Whether a text is a date or a time; two of them with a delimiter between are two values.
+bool is_single_date(std::u16string_view text, DateShapes& dates) {
+    if (!dates.is_date(text)) {
+        return false;
+    }
+    const std::size_t at = text.find_first_of(common_delimiters_of_files);
+    return at == std::u16string_view::npos || !dates.is_date(text.substr(0, at)) ||
+           !dates.is_date(text.substr(at + 1));
+}
+
 } // namespace
 
 void grade_lines(Reading& reading, const GradingContext& context) {
@@ -127,7 +137,7 @@ void grade_lines(Reading& reading, const GradingContext& context) {
         const bool is_single =
             looks_like_number(text)
                 ? text.size() <= longest_number && text.find(u',') == std::u16string_view::npos
-                : context.memory->dates().is_date(text) || is_single_value(text);
+                : is_single_date(text, context.memory->dates()) || is_single_value(text);
         single += is_single ? 1U : 0U;
     }
     const double share =

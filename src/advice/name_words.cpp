@@ -1,6 +1,8 @@
 #include "advice/name_words.hpp"
 
+#include "advice/cell_kind.hpp"
 #include "advice/lines.hpp"
+#include "advice/number_shape.hpp"
 #include "ascii.hpp"
 
 #include <algorithm>
@@ -83,13 +85,23 @@ public:
         }
     }
 
-    /// The share of the cells that hold something which have a property.
+    /// How many of the cells that hold something have a property.
+    template <class Property>
+    [[nodiscard]] std::size_t count(Property property) const {
+        return static_cast<std::size_t>(std::count_if(texts_.begin(), texts_.end(), [&](auto text) {
+            return !text.empty() && property(text);
+        }));
+    }
+
+    /// The share of them.
     template <class Property>
     [[nodiscard]] double share(Property property) const {
-        const auto with = std::count_if(texts_.begin(), texts_.end(),
-                                        [&](auto text) { return !text.empty() && property(text); });
-        return filled_ == 0 ? 0 : static_cast<double>(with) / static_cast<double>(filled_);
+        return filled_ == 0 ? 0
+                            : static_cast<double>(count(property)) / static_cast<double>(filled_);
     }
+
+    /// How many cells hold something.
+    [[nodiscard]] std::size_t filled() const { return filled_; }
 
     /// Whether few values stand in many rows. Neighbours and the first cell are compared.
     [[nodiscard]] bool repeats() const {
@@ -163,6 +175,19 @@ double likeness_by_form(std::u16string_view name, const ColumnBelow& below) {
     return likeness + (below.share(is_of_another_length) > 0.8 ? 0.5 : 0);
 }
 
+/// Whether a word stands over a column of numbers, which are texts because they are in quotes. One
+/// of these may be another name, and a few may be words for missing values.
+bool is_word_over_numbers(std::u16string_view cell, const ColumnBelow& below) {
+    constexpr std::size_t least_numbers = 3;
+    const std::u16string_view name = bare(cell);
+    if (!has_letter(name) || has_digit(name) || stands_for_nothing(name)) {
+        return false;
+    }
+    const std::size_t numbers = below.count(looks_like_number);
+    const std::size_t others = below.filled() - numbers;
+    return numbers >= least_numbers && others <= std::max<std::size_t>(1, numbers / 20);
+}
+
 /// How much more a text looks like a column's name than like one of its values.
 double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
     const std::u16string_view name = bare(cell);
@@ -211,6 +236,9 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
     const std::size_t columns = std::min(row.size(), grid.columns);
     for (std::size_t column = 0; column < columns; ++column) {
         below.look_at(column);
+        if (is_word_over_numbers(row[column], below)) {
+            return true;
+        }
         likeness += name_likeness(row[column], below);
     }
     return likeness > least_mean * static_cast<double>(columns);

@@ -123,6 +123,30 @@ bool meets_itself(std::u16string_view text, char16_t quote, std::u16string_view 
     return false;
 }
 
+/// Where one quote stands in the lines of a table.
+struct QuotePlaces {
+    std::size_t opening = 0; ///< in front of a field
+    std::size_t closing = 0; ///< behind one
+    std::size_t inside = 0;  ///< alone within one: an apostrophe
+
+    [[nodiscard]] bool is_around_some_fields() const {
+        return opening != 0 && closing != 0 && opening + closing > inside;
+    }
+};
+
+/// Takes in the run of the quote from `at` up to `end`; pairs of it stand for one within a field.
+void add_quote_run(std::u16string_view line, std::size_t at, std::size_t end,
+                   std::u16string_view delimiter, QuotePlaces& places) {
+    if ((end - at) % 2 == 0) {
+        return;
+    }
+    const bool opens = at == 0 || line.substr(0, at).ends_with(delimiter);
+    const bool closes = end == line.size() || line.substr(end).starts_with(delimiter);
+    places.opening += opens && !closes ? 1U : 0U;
+    places.closing += closes && !opens ? 1U : 0U;
+    places.inside += !opens && !closes ? 1U : 0U;
+}
+
 } // namespace
 
 std::vector<Separator> suggested_separators(const Survey& survey) {
@@ -172,6 +196,22 @@ bool frames_fields(const Survey& survey, char16_t quote, std::u16string_view del
                    meets_itself(text, quote, delimiter);
         });
     return static_cast<std::size_t>(framed) * 2 >= survey.lines.size();
+}
+
+bool frames_some_fields(const FieldArray& lines, char16_t quote, std::u16string_view delimiter) {
+    if (delimiter.find(quote) != std::u16string_view::npos) {
+        return false;
+    }
+    QuotePlaces places;
+    for (const Field& field : lines.fields) {
+        const std::u16string_view line = trimmed(field.view());
+        for (std::size_t at = line.find(quote); at != std::u16string_view::npos;) {
+            const std::size_t end = std::min(line.find_first_not_of(quote, at), line.size());
+            add_quote_run(line, at, end, delimiter, places);
+            at = line.find(quote, end);
+        }
+    }
+    return places.is_around_some_fields();
 }
 
 } // namespace textio::advice

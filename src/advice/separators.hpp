@@ -31,4 +31,9 @@ struct Separator {
 [[nodiscard]] bool frames_fields(const Survey& survey, char16_t quote,
                                  std::u16string_view delimiter);
 
+/// Whether `quote` stands around fields of `lines`, be they few: more often at the ends of fields
+/// than alone within them, as an apostrophe does.
+[[nodiscard]] bool frames_some_fields(const FieldArray& lines, char16_t quote,
+                                      std::u16string_view delimiter);
+
 } // namespace textio::advice

@@ -170,12 +170,31 @@ private:
             return;
         }
         keep_first_data();
-        if (reading_.grid.rows() != 0 && names_text_columns(rows_.cells(), reading_.grid)) {
+        if (!could_be_names()) {
+            return;
+        }
+        keep_names();
+        if (!rows_.next()) {
+            return;
+        }
+        keep_first_data();
+        // The first row was a title if names stand below it, with a blank line between.
+        if (is_behind_blank_line() && could_be_names()) {
             keep_names();
             if (rows_.next()) {
                 keep_first_data();
             }
         }
+    }
+
+    [[nodiscard]] bool could_be_names() const {
+        return reading_.grid.rows() != 0 && names_text_columns(rows_.cells(), reading_.grid);
+    }
+
+    /// Whether the row has a blank line above it: what stands above that is a title, not names.
+    [[nodiscard]] bool is_behind_blank_line() const {
+        const std::size_t line = text_line();
+        return line != 0 && trimmed(text_of(raw_lines_, line - 1)).empty();
     }
 
     /// Rows are a head as long as they do not go with the types of the columns; the one with most
@@ -194,7 +213,7 @@ private:
                 return;
             }
             const std::size_t words = cells_with_letters(rows_.cells());
-            if (words > most) {
+            if (words > most || (words == most && words != 0 && is_behind_blank_line())) {
                 most = words;
                 keep_names();
             }
