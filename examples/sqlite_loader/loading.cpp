@@ -28,13 +28,25 @@ std::u16string numbered(const std::u16string& text, std::size_t number) {
     return text + u'_' + std::u16string(digits.begin(), digits.end());
 }
 
+/// A name without the second one of quotes that are written twice, which a view of the text has.
+std::u16string undoubled(std::u16string_view name, char16_t quote) {
+    std::u16string text(name);
+    const std::u16string twice(2, quote);
+    for (std::size_t at = 0; quote != 0 && (at = text.find(twice, at)) != std::u16string::npos;
+         ++at) {
+        text.erase(at, 1);
+    }
+    return text;
+}
+
 /// SQLite tells names apart whatever their case, and wants each to have one.
 std::vector<Column> columns_of(const Proposal& proposal) {
     std::vector<Column> columns;
     std::set<std::u16string> taken;
+    const char16_t quote = proposal.strategy->options().quote;
     for (const auto& [own_name, type, values, missing] : proposal.columns) {
         const std::u16string wanted =
-            own_name.empty() ? numbered(u"column", columns.size() + 1) : std::u16string(own_name);
+            own_name.empty() ? numbered(u"column", columns.size() + 1) : undoubled(own_name, quote);
         std::u16string name = wanted;
         for (std::size_t number = 2; !taken.insert(in_small_letters(name)).second; ++number) {
             name = numbered(wanted, number);

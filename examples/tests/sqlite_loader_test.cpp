@@ -60,6 +60,7 @@ TEST(SqliteLoader, loads_a_file_once_and_whole_or_not_at_all) {
     EXPECT_EQ(load(database, folder).status, 0);
     EXPECT_EQ(load(database, folder).output, "a b.csv: 3 rows of 4 columns\n");
     EXPECT_EQ(answer(database, "SELECT sum(Id), sum(id_2), sum(column_3) FROM a_b"), "15|9|12\n");
+    EXPECT_EQ(answer(database, "SELECT name FROM pragma_table_info('a_b')"), "Id\nid_2\ncolumn_3\nx\"y\n");
 
     std::ofstream open_quote(folder + "a b.csv");
     open_quote << "n,m\n";
