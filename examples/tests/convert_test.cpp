@@ -47,6 +47,10 @@ TEST(Convert, writes_plain_values) {
         {"quotes, blanks, marks of numbers", convert_text(german), 0,
          "Tag,Ort,Preis\n02.03.2021,Ulm; Nord,1234.50\n14.11.2021,\"sagt \"\"ja\"\"\",-0.08\n30.06.2022,,+7.5\n"
          "01.07.2022,Bonn,k. A.\n"},
+        {"decimals after the sample, the mark known",
+         "{ echo 'a;b;c'; seq 300 | sed 's/.*/&;12;3,&/'; echo '1;1,5;2,5'; } | $program convert - | tail -1", 0, "1,1.5,2.5\n"},
+        {"decimals after the sample, the mark told",
+         "{ echo 'a;b'; seq 300 | sed 's/$/;12/'; echo '1;1,5'; } | $program convert - --decimal , | tail -1", 0, "1,1.5\n"},
         {"ISO dates, tabs", convert_text(german, "--iso-dates --to tsv"), 0,
          "Tag\tOrt\tPreis\n2021-03-02\tUlm; Nord\t1234.50\n2021-11-14\t\"sagt \"\"ja\"\"\"\t-0.08\n2022-06-30\t\t+7.5\n"
          "2022-07-01\tBonn\tk. A.\n"},
