@@ -85,7 +85,7 @@ TEST(CDetection, IsTheSameForAllFormsOfAText) {
     size_t length = 0;
     EXPECT_EQ(textio_layout_json(Layout(layout).get(), &length), expected);
     EXPECT_EQ(length, expected.size());
-    for (const std::size_t piece : {1, 7, 1000}) {
+    for (const std::size_t piece : {1U, 7U, 1000U}) {
         Pieces pieces{text, piece};
         ASSERT_EQ(textio_detect_source(Pieces::read, &pieces, nullptr, &layout), TEXTIO_OK);
         EXPECT_EQ(textio_layout_json(Layout(layout).get(), nullptr), expected);
