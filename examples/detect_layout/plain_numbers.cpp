@@ -2,7 +2,6 @@
 
 #include "unicode.hpp"
 
-#include <algorithm>
 #include <cstddef>
 
 namespace detect_layout {
@@ -41,12 +40,18 @@ public:
     Scan(std::string_view text, char* to) : text_(text), to_(to) {}
 
     /// Takes digits over; gives their number.
-    std::size_t take_digits() { return take(digits_at(text_, at_)); }
+    std::size_t take_digits() {
+        const std::size_t begin = at_;
+        while (at_ < text_.size() && is_digit(text_[at_])) {
+            *to_++ = text_[at_++];
+        }
+        return at_ - begin;
+    }
 
-    std::size_t take(std::size_t count) {
-        to_ = std::copy_n(text_.data() + at_, count, to_);
-        at_ += count;
-        return count;
+    void take(std::size_t count) {
+        for (const std::size_t end = at_ + count; at_ < end;) {
+            *to_++ = text_[at_++];
+        }
     }
 
     /// Whether `sign` comes next, which is passed then.
@@ -72,7 +77,7 @@ public:
 private:
     [[nodiscard]] bool is_ahead(std::string_view sign) const {
         return !sign.empty() && at_ < text_.size() && text_[at_] == sign.front() &&
-               text_.substr(at_).starts_with(sign);
+               (sign.size() == 1 || text_.substr(at_).starts_with(sign));
     }
 
     std::string_view text_;
@@ -92,10 +97,15 @@ PlainNumbers::PlainNumbers(char16_t decimal_mark, char16_t thousands_separator)
 
 std::string_view PlainNumbers::plain(std::string_view text, std::string& buffer) const {
     constexpr std::size_t most_leading_digits = 3;
-    buffer.resize(text.size() + 1);
+    if (buffer.size() < text.size() + 1) {
+        buffer.resize(text.size() + 1);
+    }
     Scan scan(text, buffer.data());
     scan.take(sign_at(text, 0));
     std::size_t digits = scan.take_digits();
+    if (scan.at() == text.size()) {
+        return text; // without any mark
+    }
     if (digits >= 1 && digits <= most_leading_digits) {
         scan.take_groups(thousands_);
     }

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,38 +31,44 @@ public:
     /// must outlive the record.
     void replace(std::size_t index, std::string_view value) noexcept {
         cells_[index] = value;
+        plain_[index] = 1;
         joined_ = {};
     }
 
-    /// Whether no value holds a quote, a line ending or the delimiter, or begins or ends with a
-    /// blank. If not, they may or may not.
-    [[nodiscard]] bool is_plain() const noexcept { return is_plain_; }
+    /// Whether the value holds no quote, line ending or delimiter, and neither begins nor ends with
+    /// a blank. If not, it may or may not.
+    [[nodiscard]] bool is_plain(std::size_t index) const noexcept {
+        return static_cast<bool>(plain_[index]);
+    }
 
-    /// The record with its delimiters, to be written over, if each is one byte between two values
-    /// and the values are plain. Otherwise nothing.
-    [[nodiscard]] std::span<char> joined() const noexcept { return joined_; }
+    /// The values with the delimiter between each two, if they are plain and stand so in the
+    /// record, and its delimiters are single ones. Otherwise nothing.
+    [[nodiscard]] std::string_view joined() const noexcept { return joined_; }
 
     /// Whether a value holds U+FFFD.
     [[nodiscard]] bool has_replacement() const noexcept { return has_replacement_; }
 
 private:
-    bool take_narrowed(std::span<const textio::Field> fields);
-    void take_each(std::span<const textio::Field> fields);
-    [[nodiscard]] std::string_view unquoted(const textio::Field& field, std::string_view value);
+    void take_plain(std::span<const textio::Field> fields, char* bytes, std::size_t size);
+    [[nodiscard]] std::string_view trimmed(std::string_view text) const;
+    [[nodiscard]] std::string_view unquoted(const textio::Field& field, std::string_view text);
+    [[nodiscard]] std::string_view encoded(std::u16string_view value);
     [[nodiscard]] std::u16string_view value_of(const textio::Field& field);
     [[nodiscard]] bool is_blank(char16_t unit) const;
 
     const textio::parser::options& options_;
-    char16_t delimiter_;
     std::array<bool, 128> blanks_{}; ///< of ASCII
-    bool has_usual_blanks_;
+    char delimiter_;
+    char sought_; ///< the delimiter, unless it is in none of the cells
+    char quote_;
+    bool has_ascii_quote_;
+    bool has_usual_blanks_ = false;
     std::u16string value_;
-    ByteBuffer bytes_;
-    ByteBuffer unquoted_bytes_;
-    std::vector<std::size_t> ends_;
+    ByteBuffer bytes_;       ///< of the record, as if it were ASCII
+    ByteBuffer other_bytes_; ///< of the values that are not in there
     std::vector<std::string_view> cells_;
-    std::span<char> joined_;
-    bool is_plain_ = false;
+    std::vector<std::uint8_t> plain_; ///< of each cell, whether it is
+    std::string_view joined_;
     bool has_replacement_ = false;
 };
 

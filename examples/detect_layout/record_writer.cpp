@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -22,7 +21,8 @@ public:
 
     void write_names(ByteBuffer& out) const override {
         for (const WrittenColumn& column : columns_) {
-            write_value(column.name, out);
+            char* const at = out.room(most_bytes_of(column.name));
+            out.fill_to(write_value(column.name, at));
             out.append(&column == &columns_.back() ? '\n' : delimiter_);
         }
     }
@@ -32,62 +32,54 @@ public:
         if (values.size() == 1 && values.front().empty()) {
             out.append("\"\"\n"); // or it would be a blank line
         } else if (const auto joined = record.joined(); !joined.empty()) {
-            write_joined(joined, values, out);
-        } else if (record.is_plain()) {
-            write_plain(values, out);
+            out.append(joined);
+            out.append('\n');
         } else {
-            for (const std::string_view& value : values) {
-                write_value(value, out);
-                out.append(&value == &values.back() ? '\n' : delimiter_);
-            }
+            write_each(record, out);
         }
     }
 
 private:
-    void write_joined(std::span<char> joined, std::span<const std::string_view> values,
-                      ByteBuffer& out) const {
-        for (std::size_t i = 0; i + 1 < values.size(); ++i) {
-            const std::string_view value = values[i];
-            joined[static_cast<std::size_t>(value.data() - joined.data()) + value.size()] =
-                delimiter_;
-        }
-        char* const at = out.room(joined.size() + 1);
-        std::memcpy(at, joined.data(), joined.size());
-        at[joined.size()] = '\n';
-        out.fill_to(at + joined.size() + 1);
-    }
-
-    void write_plain(std::span<const std::string_view> values, ByteBuffer& out) const {
-        std::size_t size = values.size();
+    void write_each(const RecordCells& record, ByteBuffer& out) const {
+        const auto values = record.cells();
+        std::size_t size = 0;
         for (const std::string_view value : values) {
-            size += value.size();
+            size += most_bytes_of(value) + 1;
         }
         char* at = out.room(size);
-        for (const std::string_view value : values) {
-            at = std::copy(value.begin(), value.end(), at);
+        for (std::size_t i = 0; i < values.size(); ++i) {
+            at = record.is_plain(i) ? std::copy(values[i].begin(), values[i].end(), at)
+                                    : write_value(values[i], at);
             *at++ = delimiter_;
         }
         at[-1] = '\n';
         out.fill_to(at);
     }
 
-    void write_value(std::string_view value, ByteBuffer& out) const {
+    static std::size_t most_bytes_of(std::string_view value) { return 2 * value.size() + 2; }
+
+    /// Writes `value`, with quotes where it needs them, and gives the end.
+    char* write_value(std::string_view value, char* at) const {
         const auto is_blank = [](char byte) { return byte == ' ' || byte == '\t'; };
-        char* at = out.room(2 * value.size() + 2);
-        const bool is_special = copy_checked(value, delimiter_, at);
-        if (value.empty() || (!is_special && !is_blank(value.front()) && !is_blank(value.back()))) {
-            out.fill_to(at + value.size());
-            return;
+        const Seen seen = copy_checked(value, delimiter_, at);
+        if (value.empty() ||
+            ((seen & seen_special) == 0 && !is_blank(value.front()) && !is_blank(value.back()))) {
+            return at + value.size();
         }
         *at++ = '"';
+        at = (seen & seen_quote) != 0 ? copy_doubling(value, at)
+                                      : std::copy(value.begin(), value.end(), at);
+        *at++ = '"';
+        return at;
+    }
+
+    static char* copy_doubling(std::string_view value, char* at) {
         for (const char byte : value) {
             *at++ = byte;
-            if (byte == '"') {
-                *at++ = '"';
-            }
+            *at = '"';
+            at += byte == '"' ? 1 : 0;
         }
-        *at++ = '"';
-        out.fill_to(at);
+        return at;
     }
 
     const char delimiter_;
