@@ -83,11 +83,38 @@ TEST(Convert, writes_plain_values) {
          0, "first name,second name,third\nabcdefghijkl,mnopqrstuvwxy,z\n0,\"1,2\",3\n"},
         {"beyond ASCII", convert_text(R"(näme;wért\nüber;€ 5\n𝄞;"a""ß"\nx;y\n)", "--names-line 1"), 0,
          "näme,wért\nüber,€ 5\n𝄞,\"a\"\"ß\"\nx,y\n"},
+        {"beyond ASCII, with the low byte of a quote, a line end, a comma",
+         convert_text(R"(a;b;c\n1;Ģ;x\n2;Ċ;"Ĭ"\n3;"Ģ;Ģ";"x, y"\n4;y;z\n)", "--names-line 1 --delimiter ';'"), 0,
+         "a,b,c\n1,Ģ,x\n2,Ċ,Ĭ\n3,Ģ;Ģ,\"x, y\"\n4,y,z\n"},
+        {"a quote beyond ASCII", convert_text(R"(a;b\n1;“x;y“\n2;"z"\n3;“zz“\n)", "--quote '“' --delimiter ';' --names-line 1"),
+         0, "a,b\n1,x;y\n2,\"\"\"z\"\"\"\n3,zz\n"},
+        {"quotes that are not doubled",
+         convert_text(R"(a;b\n1;"x"y"\n2;"x"\n3;"""x"\n4;"x""\n)", "--delimiter ';' --names-line 1 2>/dev/null | head -4"), 0,
+         "a,b\n1,\"xy\"\"\"\n2,x\n3,\"\"\"x\"\n"},
         {"no text", "$program convert empty.txt", 0, ""},
         {"gzip", "gzip -c stock.txt | $program convert - | cksum", 0, run("convert stock.txt | cksum").output},
         {"prose", "$program convert letter.txt | head -2", 0, "column_1\nDear Miriam\n",
          "letter.txt: no table seen; each line becomes a cell\n"},
     });
+}
+
+/// Texts are copied in blocks of several sizes, and nothing in one may be missed.
+TEST(Convert, sees_a_sign_at_each_place_of_each_size) {
+    constexpr std::size_t sizes = 35;
+    for (const std::string sign : {",", "\n", "\r", "\"\"", "é"}) {
+        std::string text = "size;place;cell\n";
+        std::string expected = "size,place,cell\n";
+        for (std::size_t size = 1; size <= sizes; ++size) {
+            for (std::size_t place = 0; place < size; ++place) {
+                const std::string cell = std::string(place, 'a') + sign + std::string(size - 1 - place, 'b');
+                const std::string value = sign == "é" ? cell : '"' + cell + '"';
+                text += std::to_string(size) + ";" + std::to_string(place) + ";" + value + "\n";
+                expected += std::to_string(size) + "," + std::to_string(place) + "," + value + "\n";
+            }
+        }
+        const std::string layout = "--delimiter ';' --names-line 1 --first-data-line 2";
+        EXPECT_EQ(run_script(convert_text(text, layout)).output, expected) << "with " << sign;
+    }
 }
 
 TEST(Convert, tells_what_does_not_fit) {
