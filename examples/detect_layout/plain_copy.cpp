@@ -29,7 +29,7 @@ template <typename Unit, typename Units>
 bool has_any(const Units& units, Unit mask) noexcept {
     using Word = std::conditional_t<sizeof units % 8 == 0, std::uint64_t, std::uint32_t>;
     constexpr Word one_in_each = static_cast<Word>(~Word{0}) / static_cast<Unit>(~Unit{0});
-    std::array<Word, sizeof units / sizeof(Word)> words;
+    std::array<Word, sizeof units / sizeof(Word)> words{};
     std::memcpy(words.data(), &units, sizeof units);
     Word bits = 0;
     for (const Word word : words) {

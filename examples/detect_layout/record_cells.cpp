@@ -17,6 +17,10 @@ bool separates(const textio::parser::options& options, char16_t delimiter) {
            options.delimiters.front() == std::u16string(1, delimiter);
 }
 
+bool has(std::u16string_view text, char16_t unit) {
+    return text.find(unit) != std::u16string_view::npos;
+}
+
 } // namespace
 
 RecordCells::RecordCells(const textio::parser::options& options, char delimiter)
@@ -25,13 +29,13 @@ RecordCells::RecordCells(const textio::parser::options& options, char delimiter)
       sought_(separates(options, static_cast<unsigned char>(delimiter)) ? '"' : delimiter),
       // A quote beyond ASCII is in none of the cells that are.
       quote_(options.quote < blanks_.size() ? static_cast<char>(options.quote) : '"'),
-      has_ascii_quote_(options.quote < blanks_.size()) {
+      has_ascii_quote_(options.quote < blanks_.size()),
+      has_usual_blanks_(has(options.whitespace, u' ') && has(options.whitespace, u'\t')) {
     for (const char16_t unit : options.whitespace) {
         if (unit < blanks_.size()) {
             blanks_[unit] = true;
         }
     }
-    has_usual_blanks_ = blanks_[' '] && blanks_['\t'];
 }
 
 /// Copies the record in one go as if it were ASCII. Cells that are not, or have quotes inside, are
@@ -147,14 +151,13 @@ std::u16string_view RecordCells::value_of(const textio::Field& field) {
         return text;
     }
     const std::u16string_view inside = text.substr(1, text.size() - 2);
-    return text.back() == options_.quote && inside.find(options_.quote) == std::u16string_view::npos
+    return text.back() == options_.quote && !has(inside, options_.quote)
                ? inside
                : textio::reading::cell_value(field, options_, value_);
 }
 
 bool RecordCells::is_blank(char16_t unit) const {
-    return unit < blanks_.size() ? blanks_[unit]
-                                 : options_.whitespace.find(unit) != std::u16string::npos;
+    return unit < blanks_.size() ? blanks_[unit] : has(options_.whitespace, unit);
 }
 
 } // namespace detect_layout

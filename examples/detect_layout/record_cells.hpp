@@ -62,7 +62,7 @@ private:
     char sought_; ///< the delimiter, unless it is in none of the cells
     char quote_;
     bool has_ascii_quote_;
-    bool has_usual_blanks_ = false;
+    bool has_usual_blanks_;
     std::u16string value_;
     ByteBuffer bytes_;       ///< of the record, as if it were ASCII
     ByteBuffer other_bytes_; ///< of the values that are not in there
