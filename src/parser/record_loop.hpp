@@ -93,15 +93,16 @@ private:
         if (is_wanted() && is_short_way_open(reader_, options_, builder_)) {
             plain.emplace(line_shape(), limits_, text_, counts_, sample_);
         }
-        bool behind_comment =
-            false; // what stands here is a record, even if it looks like a comment
-        while (is_wanted()) {
+        // What stands behind a comment is a record, even if it looks like a comment or, as a blank
+        // that is kept for its column, like the end of the text.
+        bool behind_comment = false;
+        while (is_within_limits() && (behind_comment || is_at_text())) {
             if (plain) {
                 plain->resume(behind_comment);
                 take_plain_records(reader_, *plain);
                 plain->pause();
                 behind_comment = plain->is_behind_comment();
-                if (!is_wanted()) {
+                if (!is_within_limits() || !(behind_comment || is_at_text())) {
                     break;
                 }
             }
@@ -113,10 +114,13 @@ private:
         }
     }
 
-    [[nodiscard]] bool is_wanted() const {
-        return counts_.rows < limits_.rows && counts_.lines < limits_.lines &&
-               text_.unit_at(0) != end_of_text;
+    [[nodiscard]] bool is_within_limits() const {
+        return counts_.rows < limits_.rows && counts_.lines < limits_.lines;
     }
+
+    [[nodiscard]] bool is_at_text() const { return text_.unit_at(0) != end_of_text; }
+
+    [[nodiscard]] bool is_wanted() const { return is_within_limits() && is_at_text(); }
 
     [[nodiscard]] LineShape line_shape() const {
         return {reader_.blanks(),

@@ -14,6 +14,7 @@ TEST(FixedWidthReader, CutsLines) {
     const options width_0_and_odd_ending{.line_endings = {u"\n\uFFFF"}, .field_widths = {0, 2}};
     const options marked_at_end{
         .line_endings = {u"\uFFFF"}, .field_widths = {2, 9}, .partial_field_rule = partial_field::drop_mark_2};
+    const options blank_end_of_text{.comment_style = {u"/*", u"*/"}, .whitespace = u" \uFFFF", .field_widths = {2, 1}};
     test::expect_readings<FixedWidthRecordReader>({
         {"exact", u"abcdef\n", "[abc][def]/ 7 1 1", threes},
         {"too long", u"abcdefgh\nijk\n", "[abc][def][gh]/[ijk]/ 13 2 2", threes},
@@ -35,6 +36,7 @@ TEST(FixedWidthReader, CutsLines) {
         {"ends of text end a line if text follows", u"ab\uFFFFcde\uFFFFf\uFFFF\uFFFF", "[ab]/[cd]/[f]/ 9 3 3", marked_at_end},
         {"rule outside the table", u"ab\n", "[ab]/ 3 1 1", cut({3}, 9)},
         {"without blanks any rest is text", u"a \n", "[a][ ]/ 3 1 1", one_wide_and_no_blanks},
+        {"an end of text behind a comment is a blank", u"/*c*/\uFFFFab\n", "[\\uFFFFa][b]/ 9 1 1", blank_end_of_text},
         {"all is one line", u"a \uFFFF b", "[a][ \\uFFFF b]/ 5 1 1", one_line},
     });
 }
