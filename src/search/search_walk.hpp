@@ -183,7 +183,7 @@ private:
         const std::uint64_t unquoted_stops = stops_ & ~quoted;
         const std::uint64_t openers = unquoted_stops | (quotes_ & ~quoted);
         const std::uint64_t irregular = quotes_ & quoted & ~(openers << 1U | may_open_);
-        is_quoted_ = std::uint64_t{0} - (quoted >> 63U);
+        is_quoted_ = (quoted >> 63U) != 0 ? ~std::uint64_t{0} : 0;
         may_open_ = openers >> 63U;
         return unquoted_stops | irregular;
     }
