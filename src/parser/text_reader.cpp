@@ -95,6 +95,13 @@ public:
         return text.size;
     }
 
+    void forget_text() const noexcept override {
+        reader_.marks->forget_text();
+        if constexpr (std::is_same_v<Reader, DelimitedRecordReader>) {
+            reader_.guarded_delimiters.forget_text();
+        }
+    }
+
     [[nodiscard]] bool has_quotes(const Field& text) const override {
         return std::is_same_v<Reader, DelimitedRecordReader> && quotes_.next(text, 0) != text.size;
     }

@@ -52,6 +52,9 @@ public:
     /// Where the next line of `text` starts, counted from `from`; `text.size` if none does.
     [[nodiscard]] virtual std::size_t next_line(const Field& text, std::size_t from) const = 0;
 
+    /// To be called before another text stands where one stood that was asked about.
+    virtual void forget_text() const noexcept = 0;
+
     /// Whether a quote stands in `text`, and so records may be longer than a line.
     [[nodiscard]] virtual bool has_quotes(const Field& text) const = 0;
 

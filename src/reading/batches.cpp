@@ -37,7 +37,7 @@ void Batches::pass_lines(std::size_t& count) {
         if (is_last) {
             count = 0; // no more lines than there are
         } else if (count > 0) {
-            window_.fill(chunk_units_);
+            fill(chunk_units_);
         }
     }
 }
@@ -128,7 +128,13 @@ bool Batches::accept(const Field& ahead, const Field& rest, std::size_t settled)
 /// that a long record is not read anew with every chunk.
 void Batches::get_more(std::size_t held) {
     const std::size_t room = longest_record_ - std::min(held, longest_record_);
-    window_.fill(std::max(chunk_units_, std::min(held, room)));
+    fill(std::max(chunk_units_, std::min(held, room)));
+}
+
+/// Moves the window on, over text that was asked about.
+void Batches::fill(std::size_t units) {
+    reader_->forget_text();
+    window_.fill(units);
 }
 
 } // namespace textio::reading

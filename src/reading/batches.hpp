@@ -51,6 +51,7 @@ private:
     bool read_least(const Field& ahead, std::size_t settled);
     bool accept(const Field& ahead, const Field& rest, std::size_t settled);
     void get_more(std::size_t held);
+    void fill(std::size_t units);
 
     std::unique_ptr<parser::TextReader> reader_;
     const bool has_blocks_; ///< comments are blocks, behind which text may follow

@@ -170,6 +170,36 @@ std::u16string random_text(std::mt19937& random) {
     return text;
 }
 
+/// Where the window moves, another text stands where one was compared with a long string before.
+TEST(Batches, SeeksLongStringsAnew) {
+    const std::u16string long_string(64, u'a');
+    const std::vector<parser::options> cases{
+        {.line_endings = {u"\n", long_string}},
+        {.comment_style = {long_string}},
+        {.comment_style = {u"#", long_string}},
+    };
+    std::mt19937 random(7);
+    for (int round = 0; round < 100; ++round) {
+        std::u16string text;
+        for (int count = 0; count < 30; ++count) {
+            text.append(random() % 130, u"aab"[random() % 3]).append(1, u",b\n#"[random() % 4]);
+        }
+        for (const parser::options& options : cases) {
+            const std::vector<std::shared_ptr<GenericStrategy>> layouts{
+                test::by_comma(options), test::by_widths(options), test::line_by_line(options),
+                std::make_shared<DelimitedStrategy>(options, TypeOptions(), std::vector<std::u16string>{long_string})};
+            for (const auto& layout : layouts) {
+                layout->header_lines(round % 3);
+                const std::string expected = from_sample(layout, text, layout->header_lines(), false);
+                for (const std::size_t chunk : {1U, 40U, 150U, 600U}) {
+                    ASSERT_EQ(fields_of(read_on(*layout, text, chunk)), fields_of(expected))
+                        << "layout " << static_cast<int>(layout->mode()) << ", chunk " << chunk << ": " << test::shown(text);
+                }
+            }
+        }
+    }
+}
+
 TEST(Batches, GivesTheSampleOfRandomTexts) {
     std::mt19937 random(7);
     for (int round = 0; round < 40; ++round) {
