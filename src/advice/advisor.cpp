@@ -49,7 +49,7 @@ std::vector<std::u16string> comments_of(const FieldArray& lines,
 
 Advisor::Advisor(const Field& text, std::size_t sample_lines, const Settings& settings)
     : text_(text), sample_lines_(sample_lines), settings_(settings), options_(options_of(settings)),
-      type_options_(type_options_of(settings)), memory_(type_options_) {
+      type_options_(type_options_of(settings)), memory_(type_options_, text.data) {
     builder_.text = &text_;
     builder_.sample_lines = sample_lines_;
 }

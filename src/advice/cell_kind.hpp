@@ -2,11 +2,11 @@
 /// What a cell looks like, judged from its text alone and in one look.
 #pragma once
 
+#include "address.hpp"
 #include "advice/date_shapes.hpp"
 
 #include <array>
 #include <cstdint>
-#include <functional>
 #include <string_view>
 
 namespace textio::advice {
@@ -46,8 +46,11 @@ inline constexpr std::size_t cell_kinds = 9;
 /// to one thread, and the text must outlive it.
 class CellMemory {
 public:
-    explicit CellMemory(const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options)
-        : dates_(type_options) {}
+    /// `text` is where the text begins. Places in it are counted from there, so that a text gives
+    /// the same answer wherever it lies.
+    CellMemory(const zentor::io::text::typedetection::TypeAnalyzerOptions& type_options,
+               const char16_t* text)
+        : dates_(type_options), text_(text) {}
 
     [[nodiscard]] DateShapes& dates() { return dates_; }
 
@@ -63,10 +66,11 @@ private:
 
     /// Each place in the text has one of these, which others may take over.
     [[nodiscard]] Known& known_at(const char16_t* begin) {
-        return known_[std::hash<const char16_t*>()(begin) / sizeof(char16_t) % known_.size()];
+        return known_[(address_of(begin) - address_of(text_)) / sizeof(char16_t) % known_.size()];
     }
 
     DateShapes dates_;
+    const char16_t* text_;
     std::array<Known, 256> known_;
 };
 

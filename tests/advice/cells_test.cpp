@@ -81,7 +81,7 @@ TEST(Cells, KindsShowWhereACutIsWrong) {
         {CellKind::gap, {u"a   b", u"1    2"}},
         {CellKind::broken, {u"\"", u"\"open", u"\"open\" and", u";", u",,", u"|;", u":"}},
     };
-    CellMemory memory({});
+    CellMemory memory({}, nullptr);
     for (const auto& [kind, texts] : kinds) {
         CellJudge judge(memory, u'"');
         for (const std::u16string_view text : texts) {
@@ -99,7 +99,7 @@ TEST(Cells, KindsShowWhereACutIsWrong) {
 
 TEST(Cells, AJudgeRemembersShapesNotAnswers) {
     // One after the other: a date must not lend its answer to a text of another shape.
-    CellMemory memory({});
+    CellMemory memory({}, nullptr);
     CellJudge judge(memory, u'"');
     EXPECT_EQ(judge.judge(u"2024-01-31"), CellKind::date);
     EXPECT_EQ(judge.judge(u"2024-02-01"), CellKind::date);

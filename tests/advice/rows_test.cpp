@@ -211,7 +211,7 @@ TEST(Records, AreToldByTheirCodes) {
             const Field fields[] = {Field(tag), Field(u"1")};
             sample.add_line(fields, fields + 2, 2);
         }
-        CellMemory memory({});
+        CellMemory memory({}, nullptr);
         CellJudge judge(memory, u'"');
         return find_tagged_records(sample, judge);
     };
