@@ -37,8 +37,9 @@ void add_proposal(Json& answer, const Proposal& proposal) {
 
 Json column_list(const Proposal& proposal) {
     Json list = Json::array();
+    const char16_t quote = proposal.strategy->options().quote;
     for (const auto& column : proposal.columns) {
-        list.push_back({{"name", to_utf8(column.name)},
+        list.push_back({{"name", to_utf8(column_name(column, quote))},
                         {"class", textio::name_of(column.type)},
                         {"values", column.values},
                         {"missing", column.missing}});

@@ -64,10 +64,12 @@ std::string sign_lines(const Proposal& proposal) {
     return text;
 }
 
-std::vector<CellText> shown_names(const std::vector<Column>& columns) {
+std::vector<CellText> shown_names(const Proposal& proposal) {
+    const auto& columns = proposal.columns;
+    const char16_t quote = proposal.strategy->options().quote;
     std::vector<CellText> names;
     for (std::size_t i = 0; i < std::min(columns.size(), most_columns); ++i) {
-        const CellText name = printable(columns[i].name, most_name_width);
+        const CellText name = printable(column_name(columns[i], quote), most_name_width);
         names.push_back(
             name.width > 0 ? name
                            : printable(to_utf16(fmt::format("column {}", i + 1)), most_name_width));
@@ -75,8 +77,9 @@ std::vector<CellText> shown_names(const std::vector<Column>& columns) {
     return names;
 }
 
-std::string column_lines(const std::vector<Column>& columns) {
-    const auto names = shown_names(columns);
+std::string column_lines(const Proposal& proposal) {
+    const auto& columns = proposal.columns;
+    const auto names = shown_names(proposal);
     std::size_t width = least_name_width;
     for (const CellText& name : names) {
         width = std::max(width, name.width);
@@ -119,7 +122,7 @@ std::string describe(const Advised& advised) {
     }
     if (advised.advice.is_table) {
         text += answer_line("table", place_phrase(best));
-        text += column_lines(best.columns);
+        text += column_lines(best);
         text += sign_lines(best);
     }
     text += answer_line("rows sampled", std::to_string(table_of(advised).rows.size()));

@@ -57,17 +57,6 @@ void describe_layout(Table& table, const Proposal& proposal) {
     }
 }
 
-/// The name of a column. The view that a proposal has of it leaves quotes that were written twice.
-std::string name_of(std::u16string_view view, char16_t quote) {
-    std::u16string name(view);
-    const std::u16string twice(2, quote);
-    for (std::size_t at = 0; quote != 0 && (at = name.find(twice, at)) != std::u16string::npos;
-         ++at) {
-        name.erase(at, 1);
-    }
-    return utf8_of(name);
-}
-
 /// Rows can have more cells than the table has columns; no cell is to be lost.
 std::size_t most_cells(const Proposal& proposal, const textio::Field& text) {
     std::size_t most = std::max<std::size_t>(proposal.columns.size(), 1);
@@ -85,7 +74,8 @@ std::vector<Column> columns_of(const Proposal& proposal, Kind kind, std::size_t 
     std::size_t place = 0;
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (i < proposal.columns.size()) {
-            columns[i].name = name_of(proposal.columns[i].name, proposal.strategy->options().quote);
+            columns[i].name = utf8_of(textio::advice::column_name(
+                proposal.columns[i], proposal.strategy->options().quote));
         }
         columns[i].is_extra = i > 0 && i >= proposal.columns.size();
         if (kind == Kind::fixed_width && i < widths.size()) {

@@ -1,6 +1,7 @@
 #include "words.hpp"
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace import_statements {
@@ -190,13 +191,15 @@ std::string joined(const std::vector<std::string>& items, std::string_view betwe
 std::vector<std::string> column_names(const Table& table, std::size_t most_bytes) {
     std::vector<std::string> names;
     std::set<std::string> taken;
+    std::map<std::string, std::size_t> copies;
     for (std::size_t i = 0; i < table.columns.size(); ++i) {
         std::string wanted = table.columns[i].name;
         std::erase(wanted, '\0');
         wanted = wanted.empty() ? "column_" + std::to_string(i + 1) : cut(wanted, most_bytes);
         std::string name = wanted;
-        for (std::size_t copy = 2; !taken.insert(lower(name)).second; ++copy) {
-            const std::string number = "_" + std::to_string(copy);
+        std::size_t& copy = copies.try_emplace(lower(wanted), 1).first->second;
+        while (!taken.insert(lower(name)).second) {
+            const std::string number = "_" + std::to_string(++copy);
             name = cut(wanted, most_bytes - number.size()) + number;
         }
         names.push_back(std::move(name));

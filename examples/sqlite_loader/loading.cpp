@@ -3,6 +3,7 @@
 #include "file_text.hpp"
 
 #include <algorithm>
+#include <map>
 #include <set>
 #include <stdexcept>
 #include <string_view>
@@ -28,30 +29,22 @@ std::u16string numbered(const std::u16string& text, std::size_t number) {
     return text + u'_' + std::u16string(digits.begin(), digits.end());
 }
 
-/// A name without the second one of quotes that are written twice, which a view of the text has.
-std::u16string undoubled(std::u16string_view name, char16_t quote) {
-    std::u16string text(name);
-    const std::u16string twice(2, quote);
-    for (std::size_t at = 0; quote != 0 && (at = text.find(twice, at)) != std::u16string::npos;
-         ++at) {
-        text.erase(at, 1);
-    }
-    return text;
-}
-
 /// SQLite tells names apart whatever their case, and wants each to have one.
 std::vector<Column> columns_of(const Proposal& proposal) {
     std::vector<Column> columns;
     std::set<std::u16string> taken;
+    std::map<std::u16string, std::size_t> copies;
     const char16_t quote = proposal.strategy->options().quote;
-    for (const auto& [own_name, type, values, missing] : proposal.columns) {
+    for (const textio::advice::Column& column : proposal.columns) {
+        const std::u16string own_name = textio::advice::column_name(column, quote);
         const std::u16string wanted =
-            own_name.empty() ? numbered(u"column", columns.size() + 1) : undoubled(own_name, quote);
+            own_name.empty() ? numbered(u"column", columns.size() + 1) : own_name;
         std::u16string name = wanted;
-        for (std::size_t number = 2; !taken.insert(in_small_letters(name)).second; ++number) {
-            name = numbered(wanted, number);
+        std::size_t& copy = copies.try_emplace(in_small_letters(wanted), 1).first->second;
+        while (!taken.insert(in_small_letters(name)).second) {
+            name = numbered(wanted, ++copy);
         }
-        columns.push_back({name, type == FieldClass::number});
+        columns.push_back({name, column.type == FieldClass::number});
     }
     return columns;
 }

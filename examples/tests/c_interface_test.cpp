@@ -169,7 +169,7 @@ TEST(CasesOfAllLanguages, hold_in_cpp) {
         Json names = Json::array();
         Json classes = Json::array();
         for (const auto& column : best.columns) {
-            names.push_back(to_utf8(column.name));
+            names.push_back(to_utf8(column_name(column, best.strategy->options().quote)));
             classes.push_back(textio::name_of(column.type));
         }
         EXPECT_EQ(names, expected["names"]) << name;

@@ -68,7 +68,8 @@ struct Settings {
 
 /// One column of a proposed table.
 struct Column {
-    /// The name, a view of the text without its blanks and quotes; empty where there is none.
+    /// The name, a view of the text without its blanks and quotes; empty where there is none. What
+    /// stands twice in the text stands twice here: `column_name` gives the name itself.
     std::u16string_view name;
     /// What most of its values are; `unknown` for a column without any.
     zentor::io::text::typedetection::FieldClass type =
@@ -117,6 +118,10 @@ struct Advice {
     /// Whether the text holds a table of two columns or more, as far as can be told.
     bool is_table = false;
 };
+
+/// The name of `column` with one quote for each doubled one. `quote` is that of the options of its
+/// proposal. Throws `std::bad_alloc`.
+[[nodiscard]] TEXTIO_EXPORT std::u16string column_name(const Column& column, char16_t quote);
 
 /// Reads up to `sample_lines` rows of `text` under every assumption worth trying, and ranks the
 /// readings.

@@ -24,9 +24,10 @@ OptionalText text_at(const std::vector<std::u16string>& texts, std::size_t index
 std::vector<ToldColumn> columns_of(const Proposal& proposal) {
     std::vector<ToldColumn> columns;
     columns.reserve(proposal.columns.size());
+    const char16_t quote = proposal.strategy->options().quote;
     for (const advice::Column& column : proposal.columns) {
-        columns.push_back(
-            {utf8_of(column.name), name_of(column.type), column.values, column.missing});
+        columns.push_back({utf8_of(column_name(column, quote)), name_of(column.type), column.values,
+                           column.missing});
     }
     return columns;
 }

@@ -179,7 +179,7 @@ TEST(Batches, SeeksLongStringsAnew) {
         {.comment_style = {u"#", long_string}},
     };
     std::mt19937 random(7);
-    for (int round = 0; round < 100; ++round) {
+    for (std::size_t round = 0; round < 100; ++round) {
         std::u16string text;
         for (int count = 0; count < 30; ++count) {
             text.append(random() % 130, u"aab"[random() % 3]).append(1, u",b\n#"[random() % 4]);

@@ -18,13 +18,15 @@ def unique_names(names: list[str]) -> list[str]:
     """The names, made up where there are none, and told apart where they are alike."""
     result: list[str] = []
     taken = set(names)
-    for index, name in enumerate(names):
-        name = name or f"column_{index + 1}"
-        number = 1
-        unique = name
-        while unique in result or (number > 1 and unique in taken):
-            number += 1
-            unique = f"{name}_{number}"
+    uses: dict[str, int] = {}
+    for index, own in enumerate(names):
+        unique = name = own or f"column_{index + 1}"
+        is_its_own = bool(own) and name not in uses
+        uses.setdefault(name, 1)
+        while not is_its_own and unique in taken:
+            uses[name] += 1
+            unique = f"{name}_{uses[name]}"
+        taken.add(unique)
         result.append(unique)
     return result
 
