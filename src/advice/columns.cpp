@@ -106,6 +106,20 @@ TypeAnalyzerOptions without_marks(TypeAnalyzerOptions type_options) {
     return type_options;
 }
 
+/// Whether a column surely holds no numbers: it holds dates, or its first quoted value is none.
+bool holds_no_numbers(const Grid& grid, std::size_t column, char16_t quote, CellKind commonest) {
+    if (commonest != CellKind::quoted) {
+        return commonest == CellKind::date;
+    }
+    for (std::size_t row = 0; row < grid.rows(); ++row) {
+        const std::u16string_view text = bare(grid.cell(row, column), quote);
+        if (!text.empty()) {
+            return !looks_like_number(text);
+        }
+    }
+    return false;
+}
+
 void classify(const Reading& reading, const FieldArray& lines,
               const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
     const Grid ungraded = reading.grid.columns == 0 ? rows_of(reading, lines) : Grid();
@@ -114,12 +128,14 @@ void classify(const Reading& reading, const FieldArray& lines,
     std::optional<TypeAnalyzer<false>> date_analyzer; // few tables have dates
     const auto& figures = reading.figures.columns;
     for (std::size_t column = 0; column < std::min(columns.size(), grid.columns); ++column) {
-        const bool is_date = column < figures.size() && figures[column].commonest == CellKind::date;
-        if (is_date && !date_analyzer) {
+        const bool has_no_numbers =
+            column < figures.size() &&
+            holds_no_numbers(grid, column, reading.quote, figures[column].commonest);
+        if (has_no_numbers && !date_analyzer) {
             date_analyzer.emplace(without_marks(type_options));
         }
         columns[column].type = class_of(grid, column, reading.quote,
-                                        is_date ? *date_analyzer : analyzer, type_options);
+                                        has_no_numbers ? *date_analyzer : analyzer, type_options);
     }
 }
 

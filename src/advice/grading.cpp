@@ -38,10 +38,12 @@ double squared(double value) {
     return value * value;
 }
 
+/// A ruler that frames the table is passed over: it fits as little under any delimiter.
 std::size_t width_of_first_row(const FieldArray& sample) {
     for (std::size_t line = 0; line < sample.line_count(); ++line) {
-        if (!sample.line(line).empty()) {
-            return sample.line(line).size();
+        const auto fields = sample.line(line);
+        if (!fields.empty() && (fields.size() > 1 || !says_nothing(fields.front().view()))) {
+            return fields.size();
         }
     }
     return 0;
@@ -149,6 +151,13 @@ double prior_of(const Positions& positions) {
     return positions.is_padded ? weights::of_padded_positions : weights::of_positions;
 }
 
+/// Whether all that the first of two columns does is stand empty on most lines: source code and
+/// outlines are indented so.
+bool is_indentation(const Reading& reading) {
+    return reading.grid.columns == 2 && !reading.positions.has_ruler &&
+           reading.figures.columns[0].filled * 2 <= reading.grid.rows();
+}
+
 } // namespace
 
 void grade_rows(Reading& reading, double prior, const GradingContext& context) {
@@ -235,6 +244,9 @@ void grade_positions(Reading& reading, const GradingContext& context) {
     reading.grid = grid_of(*context.lines, reading.positions);
     reading.figures = figures_of(reading.grid, judge);
     reading.terms[TermKind::types] = reading.figures.types;
+    if (is_indentation(reading)) {
+        reading.terms[TermKind::context] *= weights::indentation;
+    }
     reading.score = reading.terms.product();
 }
 

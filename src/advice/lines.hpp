@@ -2,6 +2,7 @@
 /// The lines of a text, as readings need them.
 #pragma once
 
+#include "ascii.hpp"
 #include "textio/field.hpp"
 
 #include <algorithm>
@@ -62,6 +63,13 @@ constexpr bool is_letter(char16_t unit) {
 
 [[nodiscard]] inline bool has_letter(std::u16string_view text) noexcept {
     return std::any_of(text.begin(), text.end(), is_letter);
+}
+
+/// Whether a line is a ruler or the like: three or more signs, but no letter and no digit.
+[[nodiscard]] inline bool says_nothing(std::u16string_view line) noexcept {
+    return line.size() > 2 && std::none_of(line.begin(), line.end(), [](char16_t unit) {
+               return ascii::is_digit(unit) || is_letter(unit);
+           });
 }
 
 } // namespace textio::advice

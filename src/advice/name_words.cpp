@@ -3,6 +3,7 @@
 #include "advice/cell_kind.hpp"
 #include "advice/lines.hpp"
 #include "advice/number_shape.hpp"
+#include "advice/numbers_as_names.hpp"
 #include "ascii.hpp"
 
 #include <algorithm>
@@ -37,13 +38,6 @@ bool is_usual_name(std::u16string_view cell) {
     return std::any_of(std::begin(names), std::end(names), [&](std::u16string_view name) {
         return ascii::equals_ignoring_case(text, name);
     });
-}
-
-/// A four-digit year.
-bool is_year(std::u16string_view cell) {
-    const std::u16string_view text = bare(cell);
-    return text.size() == 4 && std::all_of(text.begin(), text.end(), ascii::is_digit) &&
-           (text.substr(0, 2) == u"19" || text.substr(0, 2) == u"20");
 }
 
 /// Whether runs of letters, of digits and the signs between them follow each other alike.
@@ -231,6 +225,9 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
             break;
         }
     }
+    if (names_by_numbering(row, grid)) {
+        return true;
+    }
     double likeness = 0;
     ColumnBelow below(grid);
     const std::size_t columns = std::min(row.size(), grid.columns);
@@ -242,21 +239,6 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
         likeness += name_likeness(row[column], below);
     }
     return likeness > least_mean * static_cast<double>(columns);
-}
-
-bool is_row_of_years(const std::vector<std::u16string_view>& row, const Grid& grid) {
-    std::size_t years = 0;
-    ColumnBelow below(grid);
-    for (std::size_t column = 0; column < std::min(row.size(), grid.columns); ++column) {
-        if (is_year(row[column])) {
-            ++years;
-            below.look_at(column);
-            if (below.share(is_year) > 0.2) {
-                return false;
-            }
-        }
-    }
-    return years >= 2 && years * 2 >= row.size();
 }
 
 } // namespace textio::advice

@@ -19,7 +19,4 @@ namespace textio::advice {
 [[nodiscard]] bool names_text_columns(const std::vector<std::u16string_view>& row,
                                       const Grid& grid);
 
-/// Whether most cells of `row` are years, over columns that hold none.
-[[nodiscard]] bool is_row_of_years(const std::vector<std::u16string_view>& row, const Grid& grid);
-
 } // namespace textio::advice

@@ -4,6 +4,7 @@
 #include "advice/comments.hpp"
 #include "advice/heading.hpp"
 #include "advice/lines.hpp"
+#include "advice/names_over_columns.hpp"
 #include "advice/number_shape.hpp"
 
 #include <algorithm>
@@ -75,28 +76,24 @@ Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment
     return parts.size() == reading.columns ? parts : words_of(text, 1);
 }
 
+/// Parts between other signs, if one cuts a line into as many as the table has columns.
+Words parts_between_signs(const Reading& reading, std::u16string_view text) {
+    constexpr std::size_t least_columns = 3; // a sentence may have a comma
+    if (reading.columns >= least_columns) {
+        for (const std::u16string_view sign : {u"\t", u"|", u";", u","}) {
+            Words parts = split(text, sign);
+            if (parts.size() == reading.columns &&
+                std::count(parts.begin(), parts.end(), std::u16string_view()) == 0) {
+                return parts;
+            }
+        }
+    }
+    return {};
+}
+
 bool are_mostly_numbers(const Words& words) {
     const auto numbers = std::count_if(words.begin(), words.end(), looks_like_number);
     return static_cast<std::size_t>(numbers) * 3 > words.size();
-}
-
-/// The words of a heading over columns at positions: each belongs to the column its middle is over.
-Words words_over_columns(const Positions& positions, std::u16string_view heading) {
-    const auto& starts = positions.starts;
-    std::vector<HeadingWord> places(starts.size());
-    for (const HeadingWord& word : heading_words(heading, 1)) {
-        const auto behind =
-            std::upper_bound(starts.begin(), starts.end(), (word.begin + word.end) / 2);
-        const auto column =
-            static_cast<std::size_t>(behind == starts.begin() ? 0 : behind - starts.begin() - 1);
-        HeadingWord& place = places[column];
-        place = {place.end == 0 ? word.begin : place.begin, word.end};
-    }
-    Words words;
-    for (const HeadingWord& place : places) {
-        words.push_back(heading.substr(place.begin, place.end - place.begin));
-    }
-    return words;
 }
 
 /// What one line above a table says.
@@ -108,7 +105,7 @@ struct HeadingLine {
 };
 
 HeadingLine heading_at(const Reading& reading, const FieldArray& raw_lines,
-                       std::u16string_view opener, std::size_t line) {
+                       std::u16string_view opener, std::size_t line, std::size_t first_data_line) {
     HeadingLine heading;
     const std::u16string_view text = text_of(raw_lines, line);
     heading.is_comment = is_comment(text, opener);
@@ -119,14 +116,21 @@ HeadingLine heading_at(const Reading& reading, const FieldArray& raw_lines,
     }
     Words parts = parts_of(reading, said, heading.is_comment);
     heading.parts = parts.size();
+    if (parts.size() != reading.columns) {
+        const Words between_signs = parts_between_signs(reading, said);
+        parts = between_signs.empty() ? parts : between_signs;
+    }
     const bool fits = parts.size() == reading.columns;
     const bool heads = !reading.is_delimited() && can_head(parts.size(), reading.columns) &&
                        (!heading.is_comment || reading.is_at_positions());
     heading.has_names = (fits || heads) && !are_mostly_numbers(parts);
     if (heading.has_names && fits) {
         heading.names = std::move(parts);
-    } else if (heading.has_names && reading.is_at_positions() && !heading.is_comment) {
-        heading.names = words_over_columns(reading.positions, text);
+    } else if (reading.is_at_positions() && !heading.is_comment) {
+        NamesOverColumns over = cut_heading(reading, raw_lines, first_data_line, text);
+        heading.has_names =
+            (heading.has_names || over.stand_flush) && !are_mostly_numbers(over.names);
+        heading.names = heading.has_names ? std::move(over.names) : Words();
     }
     return heading;
 }
@@ -140,7 +144,7 @@ NamesAbove find_names_above(const Reading& reading, const FieldArray& raw_lines,
     std::size_t line = std::min(first_data_line, raw_lines.line_count());
     for (std::size_t looked_at = 0; line > 0 && looked_at < most_lines; ++looked_at) {
         --line;
-        const HeadingLine heading = heading_at(reading, raw_lines, opener, line);
+        const HeadingLine heading = heading_at(reading, raw_lines, opener, line, first_data_line);
         if (heading.has_names) {
             found.line = line;
             found.names = heading.names;

@@ -14,12 +14,6 @@ constexpr std::size_t most_tables = 6;
 constexpr std::size_t most_rulers = 3;
 constexpr std::size_t least_lines = 3; ///< of a block, or of a run of lines of one length
 
-bool says_nothing(std::u16string_view line) {
-    return line.size() > 2 && std::none_of(line.begin(), line.end(), [](char16_t unit) {
-               return ascii::is_digit(unit) || is_letter(unit);
-           });
-}
-
 class RegionSearch {
 public:
     explicit RegionSearch(const FieldArray& lines) : lines_(lines), end_(lines.line_count()) {}

@@ -36,7 +36,7 @@ struct Survey {
 };
 
 /// The delimiters that are tried wherever they occur.
-inline constexpr std::u16string_view common_delimiters_of_files = u",;\t|";
+inline constexpr std::u16string_view common_delimiters_of_files = u",;\t|│";
 
 /// Surveys a sample that was read as one field a line.
 [[nodiscard]] Survey survey_lines(const FieldArray& lines);

@@ -3,6 +3,8 @@
 #include "advice/lines.hpp"
 #include "advice/name_words.hpp"
 #include "advice/names_above.hpp"
+#include "advice/names_one_short.hpp"
+#include "advice/numbers_as_names.hpp"
 #include "advice/table_rows.hpp"
 
 #include <algorithm>
@@ -206,13 +208,14 @@ private:
         for (std::size_t row = 0; row < longest_head && rows_.next(); ++row) {
             first_line = std::min(first_line, text_line());
             const bool is_first = row == 0;
-            const bool is_head = is_first && (is_row_of_years(rows_.cells(), reading_.grid) ||
-                                              !data_.tells_something(rows_.cells()));
+            const bool has_numbers = is_first && names_by_numbers(rows_.cells(), reading_.grid);
+            const bool is_head = has_numbers || (is_first && !data_.tells_something(rows_.cells()));
             if (!is_head && data_.can_be_data(rows_.cells())) {
                 keep_first_data();
                 return;
             }
-            const std::size_t words = cells_with_letters(rows_.cells());
+            const std::size_t words =
+                has_numbers ? rows_.fields() : cells_with_letters(rows_.cells());
             if (words > most || (words == most && words != 0 && is_behind_blank_line())) {
                 most = words;
                 keep_names();
@@ -237,10 +240,12 @@ TableStart find_table_start(const Reading& reading, const FieldArray& lines,
                             CellJudge& judge) {
     TableStart start = HeadSearch(reading, lines, raw_lines, judge).run();
     if (start.names_line == SIZE_MAX && reading.grid.columns != 0) {
-        const NamesAbove above =
-            find_names_above(reading, raw_lines, opener, start.first_data_line);
+        NamesAbove above = find_names_one_short(reading, raw_lines, start.first_data_line);
+        if (above.line == SIZE_MAX) {
+            above = find_names_above(reading, raw_lines, opener, start.first_data_line);
+        }
         start.names_line = above.line;
-        start.names = above.names;
+        start.names = std::move(above.names);
     }
     return start;
 }

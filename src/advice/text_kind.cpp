@@ -28,6 +28,11 @@ bool is_bracket_line(std::u16string_view line) {
            holds_any(line, u"{}[]()");
 }
 
+/// An object in curly brackets, one a line.
+bool is_object(std::u16string_view line) {
+    return line.front() == u'{' && (line.ends_with(u"}") || line.ends_with(u"},"));
+}
+
 bool has_two_digits(std::u16string_view text, std::size_t at) {
     return at + 1 < text.size() && ascii::is_digit(text[at]) && ascii::is_digit(text[at + 1]);
 }
@@ -88,11 +93,13 @@ struct Counts {
     std::size_t sentences = 0;
     std::size_t code = 0;
     std::size_t brackets = 0;
+    std::size_t objects = 0;
 
     void add(std::u16string_view line) {
         sentences += reads_like_a_sentence(line) ? 1U : 0U;
         code += ends_like_code(line) ? 1U : 0U;
         brackets += is_bracket_line(line) ? 1U : 0U;
+        objects += is_object(line) ? 1U : 0U;
         if (const auto rest = behind_time(line)) {
             messages += is_message(*rest) ? 1U : 0U;
             thousandths += begins_with_thousandths(*rest) ? 1U : 0U;
@@ -112,7 +119,7 @@ TextKind kind_of_text(const Survey& survey) {
         return count * 10 >= lines * tenths;
     };
     return {are(counts.messages, 5), are(counts.thousandths, 5), are(counts.sentences, 5),
-            are(counts.code, 6) && are(counts.brackets, 1)};
+            (are(counts.code, 6) && are(counts.brackets, 1)) || are(counts.objects, 9)};
 }
 
 } // namespace textio::advice

@@ -29,8 +29,9 @@ struct SignPrior {
     char16_t sign;
     double prior;
 };
-inline constexpr std::array<SignPrior, 11> of_signs = {{{u'\t', 1},
+inline constexpr std::array<SignPrior, 12> of_signs = {{{u'\t', 1},
                                                         {u'|', 1},
+                                                        {u'│', 1}, // of drawn tables
                                                         {u';', 1},
                                                         {u',', 0.95},
                                                         {u'^', 0.85},
@@ -65,6 +66,7 @@ inline constexpr double first_line_off = 0.8;       ///< the text's first row do
 inline constexpr double quotes_ignored = 0.8;   ///< the text has quotes that the reading ignores
 inline constexpr double words_at_blanks = 0.5;  ///< nothing but words with single blanks between
 inline constexpr double never_padded = 0.4;     ///< positions at which no cell is padded
+inline constexpr double indentation = 0.4;      ///< two columns, the first mostly empty
 inline constexpr double delimiter_beside = 0.6; ///< positions, though a delimiter is on most lines
 inline constexpr double blanks_will_do = 0.85;  ///< positions that blanks give as well
 inline constexpr double prose = 0.4;            ///< cut at blanks or punctuation of sentences

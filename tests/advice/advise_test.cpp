@@ -105,6 +105,12 @@ TEST(Advise, TakesBarsAtBothEndsOff) {
          "by '|', skip, drop; 0>2; id number, name text"},
         {"a box", u"+----+------+\n| id | name |\n+----+------+\n| 1  | ab   |\n| 2  | cd   |\n| 3  | ef   |\n+----+------+\n",
          "by '|', skip, drop; 1>3; id number, name text"},
+        {"a box of drawn lines",
+         u"\u250C\u2500\u2500\u2500\u2500\u252C\u2500\u2500\u2500\u2500\u2510\n\u2502 id \u2502 of \u2502\n"
+         u"\u251C\u2500\u2500\u2500\u2500\u253C\u2500\u2500\u2500\u2500\u2524\n\u2502 1  \u2502 ab \u2502\n"
+         u"\u2502 2  \u2502 cd \u2502\n\u2502 3  \u2502 ef \u2502\n"
+         u"\u2514\u2500\u2500\u2500\u2500\u2534\u2500\u2500\u2500\u2500\u2518\n",
+         "by '\\u2502', skip, drop; 1>3; id number, of text"},
         {"delimiters at the ends of lines", u"1;2;\n3;4;\n5;6;\n", "by ';'; >0; number, number, nothing -3"},
         {"several delimiters there", u"1;2;;;\n3;4;;;\n5;6;;;\n", "by ';', drop; >0; number, number"},
     });
@@ -147,6 +153,29 @@ TEST(Advise, FindsWhereTheTableBegins) {
         {"text alone without names", u"Ada,Bern\nBo,Chur\nCy,Bern\nDee,Chur\nEd,Bern\n", "by ','; >0; text, text"},
         {"years as names", u"land;2019;2020;2021\nCH;1.5;2.5;3.5\nDE;4.5;5.5;6.5\nFR;7.5;8.5;9.5\n",
          "by ';'; 0>1; land text, 2019 number, 2020 number, 2021 number"},
+        {"numbers that count on as names", u"well;1;2;3\nA;0.5;1.5;2.5\nB;4.5;0.5;6.5\nC;7.5;8.5;0.5\n",
+         "by ';'; 0>1; well text, 1 number, 2 number, 3 number"},
+        {"such numbers in all rows", u"A;1;2;3\nB;4;5;6\nC;7;8;9\n", "by ';'; >0; text, number, number, number"},
+        {"numbered names over text", u"part1,part2\nbolt,pin\nnut,gate\npump,valve\n", "by ','; 0>1; part1 text, part2 text"},
+        {"numbered values", u"bolt1,bolt2\nbolt3,bolt5\nbolt4,bolt9\nbolt7,bolt8\n", "by ','; >0; text, text"},
+        {"names of rows without a name above", u"sum\tleft\nBern\t12\t7.5\nGenf\t15\t8.5\nChur\t11\t9.5\n",
+         "by '\\t'; 0>1; text, sum number, left number"},
+        {"such names with blanks in quotes", u"\"the sum\" \"what is left\"\n\"1\" 12 7.5\n\"2\" 15 8.5\n\"3\" 11 9.5\n",
+         "aligned, skip, drop; 0>1; number, the sum number, what is left number"},
+        {"delimiters at the ends of rows, but not of names", u"t;sum;left\n1;12;7.5;\n2;15;8.5;\n3;11;9.5;\n",
+         "by ';'; 0>1; t number, sum number, left number, nothing -3"},
+        {"a line one short that names nothing", u"12;15\nBern;12;7.5\nGenf;15;8.5\nChur;11;9.5\n",
+         "by ';'; >1; text, number, number"},
+        {"names between other signs", u"# time [s] | depth [m] | rate [m/s]\n1 0.5 2.5\n2 0.7 3.5\n3 0.9 4.5\n4 1.1 5.5\n",
+         "aligned, comment #, skip, drop; 0>1; time [s] number, depth [m] number, rate [m/s] number"},
+        {"names with single blanks that end where the numbers do",
+         u"     open hours north side south side\n"
+         u"Bern      12.50        7.5       12.1\n"
+         u"Genf       5.00       10.5       21.7\n"
+         u"Chur      11.25       12.5        9.3\n"
+         u"Brig      14.75        9.5       13.3\n"
+         u"Thun       8.50       12.0       14.2\n",
+         "widths 10 12 11 4; 0>1; text, open hours number, north side number, south side number"},
         {"names in quotes", u"\"the day\";\"the sum\"\n\"1\";2.5\n\"2\";3.5\n\"3\";4.5\n",
          "by ';'; 0>1; the day number, the sum number"},
         {"blank lines in front", u"\n\n\na;b\n1;2\n3;4\n5;6\n", "by ';'; 3>4; a number, b number"},
@@ -164,6 +193,9 @@ TEST(Advise, TellsColumns) {
     expect_advice({
         {"classes", u"n;d;t;w;h\n1;2024-01-31;06:18:51;ab;0x1F\n2;2024-02-01;07:20:11;cd;0x2A\n3;2024-02-02;08:01:00;ef;0xB\n",
          "by ';'; 0>1; n number, d date, t duration, w text, h hex"},
+        {"days in quotes beside thousands",
+         u"day;sum\n\"02.01.2023\";\"2.000,50\"\n\"03.01.2023\";\"1.900,00\"\n\"04.01.2023\";\"3,50\"\n",
+         "by ';'; 0>1; day date, sum number"},
         {"missing values", u"a,b,c\n1,,NA\n2,x,NA\n,y,NA\n4,z,NA\n", "by ','; 0>1; a number -1, b text -1, c nothing -4"},
         {"a row of data above the regular ones", u"a;b;c\n1;2\n3;4\n5;6;7\n8;;9\n1;2;3\n4;5;6\n7;8;9\n",
          "by ';'; 0>1; a number, b number -1, c number -2"},
@@ -225,6 +257,10 @@ TEST(Advise, SaysThatThereIsNoTable) {
         {"source code", u"int main(int argc, char** argv) {\n    if (argc < 2) {\n        return 1;\n    }\n"
                         u"    for (int i = 0; i < argc; ++i) {\n        print(argv[i], i);\n    }\n    return 0;\n}\n"},
         {"nested values", u"{\n  \"name\": \"ab\",\n  \"sizes\": [\n    1,\n    2,\n    3\n  ],\n  \"open\": true\n}\n"},
+        {"objects", u"{\"a\":1,\"b\":\"x\"}\n{\"a\":2,\"b\":\"y\"}\n{\"a\":3,\"b\":\"z\"}\n"},
+        {"indented code",
+         u"def one(x):\n    y = x + 1\n    return y\n\ndef two(x):\n    z = one(x)\n    w = z * x\n    return w\n\n"
+         u"class Pair:\n    left = None\n    right = None\n"},
         {"dates alone", u"2024-01-31\n2024-02-01\n2024-02-02\n2024-02-05\n"},
         {"addresses of pages", u"https://a.example/x?y=1\nhttps://b.example/z?y=2\nhttps://c.example/v?y=3\n"},
         {"numbers with commas", u"1,05\n2,10\n3,75\n12,00\n"},

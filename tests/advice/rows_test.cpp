@@ -2,6 +2,7 @@
 #include "advice/comments.hpp"
 #include "advice/heading.hpp"
 #include "advice/name_words.hpp"
+#include "advice/numbers_as_names.hpp"
 #include "advice/regular_run.hpp"
 #include "advice/separators.hpp"
 #include "advice/survey.hpp"
@@ -245,10 +246,10 @@ TEST(Names, DifferFromTheValuesBelow) {
     for (const Case& c : cases) {
         EXPECT_EQ(names_text_columns(c.row, {2, c.cells}), c.expected) << c.name;
     }
-    EXPECT_TRUE(is_row_of_years({u"land", u"2019", u"2020"}, {3, {u"CH", u"1.5", u"2.5"}}));
-    EXPECT_FALSE(is_row_of_years({u"land", u"2019", u"2020"}, {3, {u"CH", u"2019", u"2.5"}}));
-    EXPECT_FALSE(is_row_of_years({u"land", u"2019", u"x", u"y"}, {4, {u"CH", u"1", u"2", u"3"}}));
-    EXPECT_TRUE(is_row_of_years({u"land", u"2019", u"2020", u"2021"}, {3, {u"CH", u"1", u"2"}}));
+    EXPECT_TRUE(names_by_numbers({u"land", u"2019", u"2020"}, {3, {u"CH", u"1.5", u"2.5"}}));
+    EXPECT_FALSE(names_by_numbers({u"land", u"2019", u"2020"}, {3, {u"CH", u"2019", u"2.5"}}));
+    EXPECT_FALSE(names_by_numbers({u"land", u"2019", u"x", u"y"}, {4, {u"CH", u"1", u"2", u"3"}}));
+    EXPECT_TRUE(names_by_numbers({u"land", u"2019", u"2020", u"2021"}, {3, {u"CH", u"1", u"2"}}));
 }
 
 } // namespace
