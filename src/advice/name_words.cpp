@@ -241,4 +241,15 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
     return likeness > least_mean * static_cast<double>(columns);
 }
 
+bool begins_with_key(const std::vector<std::u16string_view>& row, const Grid& grid) {
+    if (row.empty() || grid.columns == 0 || !trimmed(row.front()).ends_with(u':')) {
+        return false;
+    }
+    std::size_t keys = 0;
+    for (std::size_t below = 0; below < grid.rows(); ++below) {
+        keys += trimmed(grid.cell(below, 0)).ends_with(u':') ? 1U : 0U;
+    }
+    return keys * 2 > grid.rows();
+}
+
 } // namespace textio::advice

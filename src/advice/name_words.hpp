@@ -19,4 +19,7 @@ namespace textio::advice {
 [[nodiscard]] bool names_text_columns(const std::vector<std::u16string_view>& row,
                                       const Grid& grid);
 
+/// Whether `row` begins with a key and its colon as most rows of `grid` do: it is one of them.
+[[nodiscard]] bool begins_with_key(const std::vector<std::u16string_view>& row, const Grid& grid);
+
 } // namespace textio::advice

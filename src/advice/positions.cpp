@@ -78,6 +78,13 @@ private:
     std::vector<Positions> found_;
 };
 
+/// Whether the two lines above a heading stand in the columns as it does: then it is a row as well.
+bool is_among_rows(const FieldArray& lines, std::size_t heading, const Starts& starts,
+                   const std::vector<ColumnEdges>& edges) {
+    return heading >= 2 && stands_flush(text_of(lines, heading - 1), starts, edges) &&
+           stands_flush(text_of(lines, heading - 2), starts, edges);
+}
+
 /// Adds the columns that blanks on all lines of the region leave, if they are at least two.
 void add_columns_of_region(const FieldArray& lines, Region region, FoundPositions& found) {
     const auto filled = filled_lines(lines, region);
@@ -100,7 +107,8 @@ void add_columns_of_region(const FieldArray& lines, Region region, FoundPosition
         region.first == 0 ? std::u16string_view() : text_of(lines, region.first - 1);
     if (!heading.empty()) {
         edges = edges_of(filled, starts);
-        positions.has_heading = stands_flush(heading, starts, edges);
+        positions.has_heading = stands_flush(heading, starts, edges) &&
+                                !is_among_rows(lines, region.first - 1, starts, edges);
         if (positions.has_heading) {
             join_unnamed(heading, counts, most, starts);
         }

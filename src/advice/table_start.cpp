@@ -190,7 +190,8 @@ private:
     }
 
     [[nodiscard]] bool could_be_names() const {
-        return reading_.grid.rows() != 0 && names_text_columns(rows_.cells(), reading_.grid);
+        return reading_.grid.rows() != 0 && names_text_columns(rows_.cells(), reading_.grid) &&
+               !begins_with_key(rows_.cells(), reading_.grid);
     }
 
     /// Whether the row has a blank line above it: what stands above that is a title, not names.
@@ -210,7 +211,8 @@ private:
             const bool is_first = row == 0;
             const bool has_numbers = is_first && names_by_numbers(rows_.cells(), reading_.grid);
             const bool is_head = has_numbers || (is_first && !data_.tells_something(rows_.cells()));
-            if (!is_head && data_.can_be_data(rows_.cells())) {
+            if ((!is_head && data_.can_be_data(rows_.cells())) ||
+                begins_with_key(rows_.cells(), reading_.grid)) {
                 keep_first_data();
                 return;
             }

@@ -176,6 +176,8 @@ TEST(Advise, FindsWhereTheTableBegins) {
          u"Brig      14.75        9.5       13.3\n"
          u"Thun       8.50       12.0       14.2\n",
          "widths 10 12 11 4; 0>1; text, open hours number, north side number, south side number"},
+        {"keys with their colons", u"Name: Ada\nAge: 31\nName: Bo\nAge: 28\nName: Cy\nAge: 44\n",
+         "aligned, skip, drop; >0; text, number"},
         {"names in quotes", u"\"the day\";\"the sum\"\n\"1\";2.5\n\"2\";3.5\n\"3\";4.5\n",
          "by ';'; 0>1; the day number, the sum number"},
         {"blank lines in front", u"\n\n\na;b\n1;2\n3;4\n5;6\n", "by ';'; 3>4; a number, b number"},
@@ -187,6 +189,19 @@ TEST(Advise, FindsWhereTheTableBegins) {
         {"carriage returns", u"a;b\r\n1;2\r\n3;4\r\n5;6\r\n", "by ';'; 0>1; a number, b number"},
         {"the last line is not ended", u"a;b\n1;2\n3;4\n5;6", "by ';'; 0>1; a number, b number"},
     });
+}
+
+/// Some lines of one length in the middle of a table look as if it began there.
+TEST(Advise, TakesNoRowForAHeading) {
+    const std::u16string names[] = {u"adder  ", u"atlas  ", u"builder", u"cp     ", u"dialer ", u"editor ", u"fonts  "};
+    const std::u16string values[] = {u"3.134 ", u"43-1  ", u"1.0~2 ", u"4.12-2"};
+    const std::u16string texts[] = {u"adds users", u"draws maps at once", u"builds it",  u"copies all that is left",
+                                    u"calls",      u"prints and reads",   u"shows games"};
+    std::u16string text = u"||/ Name    Version Text\n+++-=======-=======-===========\n";
+    for (std::size_t row = 0; row < 28; ++row) {
+        text += u"ii  " + names[row % 7] + u" " + values[row % 4] + u"  " + texts[row < 8 || row > 10 ? row % 7 : 0] + u"\n";
+    }
+    EXPECT_EQ(test::start_of(advice_on(text).proposals.front()), "0>2");
 }
 
 TEST(Advise, TellsColumns) {
