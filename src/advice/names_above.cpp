@@ -126,10 +126,11 @@ HeadingLine heading_at(const Reading& reading, const FieldArray& raw_lines,
     heading.has_names = (fits || heads) && !are_mostly_numbers(parts);
     if (heading.has_names && fits) {
         heading.names = std::move(parts);
-    } else if (reading.is_at_positions() && !heading.is_comment) {
+    } else if (!heading.is_comment &&
+               (reading.is_at_positions() || (heading.has_names && reading.is_blank_separated()))) {
         NamesOverColumns over = cut_heading(reading, raw_lines, first_data_line, text);
         heading.has_names =
-            (heading.has_names || over.stand_flush) && !are_mostly_numbers(over.names);
+            heading.has_names || (over.stand_flush && !are_mostly_numbers(over.names));
         heading.names = heading.has_names ? std::move(over.names) : Words();
     }
     return heading;

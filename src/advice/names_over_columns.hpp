@@ -1,5 +1,5 @@
 /// \file
-/// The words of a heading over columns at fixed positions.
+/// The words of a heading over columns that stand apart.
 #pragma once
 
 #include "advice/reading.hpp"
@@ -13,7 +13,7 @@ namespace textio::advice {
 
 /// A heading, cut as the columns below it are.
 struct NamesOverColumns {
-    std::vector<std::u16string_view> names; ///< one for each column, empty where none stands
+    std::vector<std::u16string_view> names; ///< one for each column; none if these overlap
     /// Whether most columns have a name, and most names begin or end where the values do: single
     /// blanks are enough between such names, and no sentence stands so.
     bool stand_flush = false;
