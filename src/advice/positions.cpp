@@ -106,12 +106,12 @@ void add_columns_of_region(const FieldArray& lines, Region region, FoundPosition
     const std::u16string_view heading =
         region.first == 0 ? std::u16string_view() : text_of(lines, region.first - 1);
     if (!heading.empty()) {
-        edges = edges_of(filled, starts);
-        positions.has_heading = stands_flush(heading, starts, edges) &&
-                                !is_among_rows(lines, region.first - 1, starts, edges);
-        if (positions.has_heading) {
-            join_unnamed(heading, counts, most, starts);
-        }
+        Starts named = starts;
+        join_unnamed(heading, counts, most, named);
+        edges = edges_of(filled, named);
+        positions.has_heading = stands_flush(heading, named, edges) &&
+                                !is_among_rows(lines, region.first - 1, named, edges);
+        starts = positions.has_heading ? named : starts;
     }
     find_run(lines, region.first, positions);
     if (found.are_new(positions)) {
