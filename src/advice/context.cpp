@@ -89,7 +89,8 @@ std::size_t filled_columns(const Reading& reading) {
                       [](const ColumnFigures& column) { return column.filled != 0; }));
 }
 
-/// Positions that explain nothing which blanks alone do not are not worth their widths.
+/// Positions that explain nothing which blanks alone do not are not worth their widths. Fewer
+/// columns with wide gaps do explain something: what single blanks stand in.
 void weigh_positions_by_blanks(std::vector<Reading>& readings) {
     constexpr double all = 0.995;
     constexpr double mostly_flush = 0.9;
@@ -99,7 +100,9 @@ void weigh_positions_by_blanks(std::vector<Reading>& readings) {
             are_columns(fixed) &&
             std::any_of(readings.begin(), readings.end(), [&](const Reading& blanks) {
                 return blanks.is_blank_separated() && blanks.run.consistency() >= all &&
-                       columns <= blanks.columns && blanks.flush > mostly_flush;
+                       (fixed.positions.has_gaps ? columns == blanks.columns
+                                                 : columns <= blanks.columns) &&
+                       blanks.flush > mostly_flush;
             });
         if (blanks_will_do) {
             weigh(fixed, weights::blanks_will_do);
