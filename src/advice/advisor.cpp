@@ -2,6 +2,7 @@
 
 #include "advice/comments.hpp"
 #include "advice/given.hpp"
+#include "advice/lines.hpp"
 #include "advice/ranking.hpp"
 #include "advice/weights.hpp"
 #include "parser/read_sample.hpp"
@@ -23,15 +24,10 @@ namespace {
 /// Fields of the widest row; 1 where there is none.
 std::size_t widest_row(const FieldArray& sample) {
     std::size_t widest = 1;
-    for (std::size_t line = 0; line < sample.line_count(); ++line) {
-        widest = std::max(widest, sample.line(line).size());
-    }
+    for_each_row(sample, [&widest](std::size_t, std::span<const Field> row) {
+        widest = std::max(widest, row.size());
+    });
     return widest;
-}
-
-/// Where the last field of a sample ends; null if it has none.
-const char16_t* end_of(const FieldArray& sample) {
-    return sample.fields.empty() ? nullptr : sample.fields.back().data + sample.fields.back().size;
 }
 
 /// The comments that a text read line by line shows, as readers are told of them.
@@ -90,12 +86,7 @@ void Advisor::read_lines() {
 /// Comments, and lines in quotes, are rows of the raw lines: these may end before other samples do,
 /// and are then read once more, up to where the last of those ends.
 void Advisor::lengthen_raw_lines() {
-    const char16_t* end = end_of(*lines_->field_array());
-    for (const Reading& reading : readings_) {
-        if (reading.strategy != nullptr) {
-            end = std::max(end, end_of(*reading.strategy->field_array()), std::less<>());
-        }
-    }
+    const char16_t* const end = end_of_samples();
     if (end == nullptr || std::less_equal<>()(end, end_of(*raw_lines_->field_array()))) {
         return;
     }
@@ -108,52 +99,64 @@ void Advisor::lengthen_raw_lines() {
     builder_.sample_lines = sample_lines_;
 }
 
-void Advisor::add_line_reading() {
-    if (!may_be(StrategyMode::line_reader)) {
-        if (readings_.empty()) {
-            add_told_reading();
+/// Where the longest of the samples without comments ends; null if none has a field.
+const char16_t* Advisor::end_of_samples() const {
+    const char16_t* end = end_of(*lines_->field_array());
+    for (const Reading& reading : readings_) {
+        if (reading.strategy != nullptr) {
+            end = std::max(end, end_of(*reading.strategy->field_array()), std::less<>());
         }
-        return;
     }
-    Reading reading;
-    reading.quote = options_.quote;
-    reading.strategy = lines_;
-    grade_lines(reading, context());
-    readings_.push_back(std::move(reading));
+    return end;
+}
+
+void Advisor::add_line_reading() {
+    if (may_be(StrategyMode::line_reader)) {
+        Reading reading;
+        reading.quote = options_.quote;
+        reading.strategy = lines_;
+        grade_lines(reading, context());
+        readings_.push_back(std::move(reading));
+    } else if (readings_.empty()) {
+        add_told_reading();
+    }
 }
 
 /// The layout that the host told is proposed though nothing in the text shows it.
 void Advisor::add_told_reading() {
-    Reading reading;
+    Reading reading = may_be(StrategyMode::fixed_width) ? told_positions() : told_rows();
     reading.quote = options_.quote;
-    if (may_be(StrategyMode::fixed_width)) {
-        const FieldArray& lines = *lines_->field_array();
-        reading = begin_positions(
-            positions_of_widths(
-                has_given_widths() ? *settings_.widths : std::vector<std::size_t>{1}, lines),
-            context());
-        reading.quote = options_.quote;
-        if (!lines.fields.empty()) {
-            grade_positions(reading, context());
-        }
-    } else {
-        if (may_be(StrategyMode::delimited)) {
-            const bool has_delimiter = settings_.delimiter && !settings_.delimiter->empty();
-            reading.mode = StrategyMode::delimited;
-            reading.delimiter = has_delimiter ? *settings_.delimiter : u",";
-            reading.strategy = std::make_shared<DelimitedStrategy>(
-                options_, type_options_, std::vector<std::u16string>{reading.delimiter});
-        } else {
-            reading.mode = StrategyMode::space_aligned;
-            reading.strategy = std::make_shared<SpaceAlignedStrategy>(options_, type_options_);
-        }
-        read(reading.strategy);
-        reading.columns = widest_row(*reading.strategy->field_array());
-    }
     reading.terms = Terms();
     reading.terms[TermKind::prior] = weights::of_lines;
     reading.score = reading.terms.product();
     readings_.push_back(std::move(reading));
+}
+
+Reading Advisor::told_positions() {
+    const FieldArray& lines = *lines_->field_array();
+    const std::vector<std::size_t> widths =
+        has_given_widths() ? *settings_.widths : std::vector<std::size_t>{1};
+    Reading reading = begin_positions(positions_of_widths(widths, lines), context());
+    reading.quote = options_.quote;
+    if (!lines.fields.empty()) {
+        grade_positions(reading, context());
+    }
+    return reading;
+}
+
+Reading Advisor::told_rows() {
+    Reading reading = may_be(StrategyMode::delimited)
+                          ? begin_delimited(told_delimiter(), options_.quote)
+                          : begin_blank_separated(options_.quote);
+    read(reading.strategy);
+    reading.columns = widest_row(*reading.strategy->field_array());
+    return reading;
+}
+
+/// The delimiter that the host told, or else the usual one.
+std::u16string Advisor::told_delimiter() const {
+    const std::u16string told = settings_.delimiter.value_or(std::u16string());
+    return told.empty() ? u"," : told;
 }
 
 ProposalSources Advisor::sources() {
@@ -184,6 +187,11 @@ bool Advisor::may_be(StrategyMode layout) const {
 
 bool Advisor::has_given_widths() const {
     return settings_.widths && !settings_.widths->empty();
+}
+
+/// Whether a reading of a layout with such a prior could still be the best.
+bool Advisor::may_win(StrategyMode layout, double prior) const {
+    return may_be(layout) && can_still_win(prior);
 }
 
 bool Advisor::may_read_more() const {

@@ -14,6 +14,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <string>
 #include <vector>
 
 namespace textio::advice {
@@ -33,24 +34,35 @@ private:
     void read_lines();
     void read_separators();
     void read_separator(const Separator& separator);
+    void read_suggested_separators();
     void read_under_quotes(const Separator& separator);
     void read_blanks();
     void read_ragged_rows();
     void find_columns_at_positions();
+    [[nodiscard]] std::vector<Reading> begin_shown_positions();
     void grade_best_positions(std::vector<Reading> begun);
     void add_line_reading();
     void add_told_reading();
+    [[nodiscard]] Reading told_positions();
+    [[nodiscard]] Reading told_rows();
+    [[nodiscard]] std::u16string told_delimiter() const;
     void lengthen_raw_lines();
+    [[nodiscard]] const char16_t* end_of_samples() const;
 
     void add_delimited(const Separator& separator, char16_t quote);
     void add_blank_separated(char16_t quote, double prior);
-    void add_rows(Reading reading, std::shared_ptr<GenericStrategy> strategy, double prior);
+    void add_rows(Reading reading, double prior);
+    [[nodiscard]] Reading begin_delimited(const std::u16string& delimiter, char16_t quote) const;
+    [[nodiscard]] Reading begin_blank_separated(char16_t quote) const;
+    void keep_graded(Reading reading);
     void read(const std::shared_ptr<GenericStrategy>& strategy);
 
     [[nodiscard]] bool may_be(enums::StrategyMode layout) const;
     [[nodiscard]] bool has_given_widths() const;
+    [[nodiscard]] bool may_win(enums::StrategyMode layout, double prior) const;
     [[nodiscard]] bool may_read_more() const;
     [[nodiscard]] bool can_still_win(double upper_bound) const;
+    [[nodiscard]] bool frames(char16_t quote, const Separator& separator) const;
     [[nodiscard]] bool has_delimited_table() const;
     [[nodiscard]] bool has_blanks() const;
     [[nodiscard]] bool blanks_will_do() const;

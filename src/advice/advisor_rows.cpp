@@ -1,5 +1,6 @@
 #include "advice/advisor.hpp"
 
+#include "advice/parts.hpp"
 #include "advice/weights.hpp"
 
 #include <algorithm>
@@ -24,29 +25,36 @@ bool has_odd_quotes(const Reading& reading) {
 
 /// Whether a delimiter stands in a line where no punctuation does: a blank or nothing follows that.
 bool separates(std::u16string_view line, char16_t delimiter) {
-    for (std::size_t at = line.find(delimiter); at != std::u16string_view::npos;
-         at = line.find(delimiter, at + 1)) {
-        if (at + 1 < line.size() && line[at + 1] != u' ') {
-            return true;
-        }
-    }
-    return false;
+    return any_place(line, delimiter, [line](std::size_t at) {
+        return at + 1 < line.size() && line[at + 1] != u' ';
+    });
+}
+
+bool separates_nearly_all(const FieldArray& lines, char16_t delimiter) {
+    const auto with =
+        std::count_if(lines.fields.begin(), lines.fields.end(),
+                      [delimiter](const Field& line) { return separates(line.view(), delimiter); });
+    return static_cast<std::size_t>(with) * 10 >= lines.fields.size() * 9;
 }
 
 /// The common delimiter that separates something on nearly all lines; 0 if none does.
 char16_t delimiter_of_all_lines(const FieldArray& lines, const Survey& survey) {
-    for (const char16_t delimiter : common_delimiters_of_files) {
-        if (!survey.holds(delimiter)) {
-            continue;
-        }
-        const auto with =
-            std::count_if(lines.fields.begin(), lines.fields.end(),
-                          [&](const Field& line) { return separates(line.view(), delimiter); });
-        if (static_cast<std::size_t>(with) * 10 >= lines.fields.size() * 9) {
-            return delimiter;
-        }
-    }
-    return 0;
+    const auto* const found =
+        std::find_if(common_delimiters_of_files.begin(), common_delimiters_of_files.end(),
+                     [&](char16_t delimiter) {
+                         return survey.holds(delimiter) && separates_nearly_all(lines, delimiter);
+                     });
+    return found == common_delimiters_of_files.end() ? u'\0' : *found;
+}
+
+/// Whether a reading cuts all rows of the text alike, and at tabs.
+bool is_whole_table_at_tabs(const Reading& reading) {
+    return reading.delimiter == u"\t" && reading.run.kept == reading.run.all;
+}
+
+bool is_good_at_common_delimiter(const Reading& reading) {
+    constexpr double good = 0.5;
+    return reading.score >= good && holds(common_delimiters_of_files, reading.delimiter);
 }
 
 } // namespace
@@ -54,11 +62,12 @@ char16_t delimiter_of_all_lines(const FieldArray& lines, const Survey& survey) {
 void Advisor::read_separators() {
     if (settings_.delimiter) {
         read_under_quotes(named_separator(survey_, *settings_.delimiter));
-        return;
+    } else if (may_be(StrategyMode::delimited)) {
+        read_suggested_separators();
     }
-    if (!may_be(StrategyMode::delimited)) {
-        return;
-    }
+}
+
+void Advisor::read_suggested_separators() {
     for (const Separator& separator : suggested_separators(survey_)) {
         read_separator(separator);
     }
@@ -91,83 +100,87 @@ void Advisor::read_under_quotes(const Separator& separator) {
         add_delimited(separator, 0);
     }
     for (const char16_t quote : settings_.quotes) {
-        const bool may_frame_few = quote == apostrophe;
-        if (frames_fields(survey_, quote, separator.text) ||
-            (may_frame_few && frames_some_fields(*lines_->field_array(), quote, separator.text))) {
+        if (frames(quote, separator)) {
             add_delimited(separator, quote);
         }
     }
 }
 
+/// Whether a quote stands around the fields between a separator.
+bool Advisor::frames(char16_t quote, const Separator& separator) const {
+    return frames_fields(survey_, quote, separator.text) ||
+           (quote == apostrophe &&
+            frames_some_fields(*lines_->field_array(), quote, separator.text));
+}
+
 void Advisor::read_blanks() {
     const double prior = survey_.holds(u'\t') ? weights::of_blanks_and_tabs : weights::of_blanks;
-    if (!may_be(StrategyMode::space_aligned) || !can_still_win(prior) || !has_blanks() ||
-        are_tabs_all_blanks()) {
+    if (!may_win(StrategyMode::space_aligned, prior) || !has_blanks() || are_tabs_all_blanks()) {
         return;
     }
-    if (settings_.quote) {
-        add_blank_separated(*settings_.quote, prior);
-        return;
-    }
-    add_blank_separated(usual_quote, prior);
-    if (survey_.holds(u'\'')) {
-        add_blank_separated(u'\'', prior);
+    add_blank_separated(settings_.quote.value_or(usual_quote), prior);
+    if (!settings_.quote && survey_.holds(apostrophe)) {
+        add_blank_separated(apostrophe, prior);
     }
 }
 
 /// Rows may have their delimiter on every line and yet not keep a width, as where fields were lost.
 /// Nothing else shows a table then.
 void Advisor::read_ragged_rows() {
-    if (settings_.delimiter || !may_be(StrategyMode::delimited) ||
-        !can_still_win(weights::of_lines) || !may_read_more()) {
+    if (settings_.delimiter || !may_win(StrategyMode::delimited, weights::of_lines)) {
         return;
     }
     const char16_t delimiter = delimiter_of_all_lines(*lines_->field_array(), survey_);
-    if (delimiter == 0) {
+    if (delimiter == 0 || !may_read_more()) {
         return;
     }
-    Reading reading;
-    reading.mode = StrategyMode::delimited;
-    reading.delimiter = std::u16string(1, delimiter);
-    reading.quote = settings_.quote.value_or(usual_quote);
-    reading.strategy = std::make_shared<DelimitedStrategy>(
-        options_with(reading.quote), type_options_, std::vector<std::u16string>{reading.delimiter});
+    Reading reading =
+        begin_delimited(std::u16string(1, delimiter), settings_.quote.value_or(usual_quote));
     read(reading.strategy);
     grade_ragged_rows(reading, context());
-    if (reading.score > 0) {
-        readings_.push_back(std::move(reading));
-    }
+    keep_graded(std::move(reading));
 }
 
 void Advisor::add_delimited(const Separator& separator, char16_t quote) {
-    if (separator.text.empty() || !may_read_more()) {
-        return;
+    if (!separator.text.empty() && may_read_more()) {
+        add_rows(begin_delimited(separator.text, quote), separator.prior);
     }
+}
+
+/// A delimited reading that is yet to be read.
+Reading Advisor::begin_delimited(const std::u16string& delimiter, char16_t quote) const {
     Reading reading;
     reading.mode = StrategyMode::delimited;
-    reading.delimiter = separator.text;
+    reading.delimiter = delimiter;
     reading.quote = quote;
-    add_rows(std::move(reading),
-             std::make_shared<DelimitedStrategy>(options_with(quote), type_options_,
-                                                 std::vector<std::u16string>{separator.text}),
-             separator.prior);
+    reading.strategy = std::make_shared<DelimitedStrategy>(options_with(quote), type_options_,
+                                                           std::vector<std::u16string>{delimiter});
+    return reading;
 }
 
 void Advisor::add_blank_separated(char16_t quote, double prior) {
-    if (!may_read_more()) {
-        return;
+    if (may_read_more()) {
+        add_rows(begin_blank_separated(quote), prior);
     }
+}
+
+/// A reading cut at blanks that is yet to be read.
+Reading Advisor::begin_blank_separated(char16_t quote) const {
     Reading reading;
     reading.mode = StrategyMode::space_aligned;
     reading.quote = quote;
-    add_rows(std::move(reading),
-             std::make_shared<SpaceAlignedStrategy>(options_with(quote), type_options_), prior);
+    reading.strategy = std::make_shared<SpaceAlignedStrategy>(options_with(quote), type_options_);
+    return reading;
 }
 
-void Advisor::add_rows(Reading reading, std::shared_ptr<GenericStrategy> strategy, double prior) {
-    reading.strategy = std::move(strategy);
+void Advisor::add_rows(Reading reading, double prior) {
     read(reading.strategy);
     grade_rows(reading, prior, context());
+    keep_graded(std::move(reading));
+}
+
+/// Keeps a reading that shows a table.
+void Advisor::keep_graded(Reading reading) {
     if (reading.score > 0) {
         readings_.push_back(std::move(reading));
     }
@@ -176,21 +189,15 @@ void Advisor::add_rows(Reading reading, std::shared_ptr<GenericStrategy> strateg
 /// Whether tabs are the only blanks of a table that was found at them: it would be cut alike.
 bool Advisor::are_tabs_all_blanks() const {
     return !settings_.layout && survey_.with_blank == 0 &&
-           std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
-               return reading.delimiter == u"\t" && reading.run.kept == reading.run.all;
-           });
+           std::any_of(readings_.begin(), readings_.end(), is_whole_table_at_tabs);
 }
 
 /// Whether a good table was found at a delimiter that stands on nearly all lines. Cells that are
 /// cut at blanks would hold that delimiter then, and cannot look better.
 bool Advisor::has_delimited_table() const {
     constexpr double nearly_all = 0.9;
-    constexpr double good = 0.5;
     return survey_.share_of_common_delimiter() >= nearly_all &&
-           std::any_of(readings_.begin(), readings_.end(), [](const Reading& reading) {
-               return reading.score >= good && common_delimiters_of_files.find(reading.delimiter) !=
-                                                   std::u16string_view::npos;
-           });
+           std::any_of(readings_.begin(), readings_.end(), is_good_at_common_delimiter);
 }
 
 } // namespace textio::advice

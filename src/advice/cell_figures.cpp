@@ -2,6 +2,8 @@
 
 #include "advice/weights.hpp"
 
+#include <algorithm>
+
 namespace textio::advice {
 
 namespace {
@@ -22,13 +24,9 @@ Counts count_kinds(const Grid& grid, std::size_t column, CellJudge& judge) {
 }
 
 CellKind commonest_kind(const Counts& counts) {
-    std::size_t most = index_of(CellKind::missing);
-    for (std::size_t kind = most + 1; kind < cell_kinds; ++kind) {
-        if (counts[kind] > (most == index_of(CellKind::missing) ? 0 : counts[most])) {
-            most = kind;
-        }
-    }
-    return static_cast<CellKind>(most);
+    const auto* const first = counts.begin() + index_of(CellKind::missing) + 1;
+    const auto* const most = std::max_element(first, counts.end());
+    return *most == 0 ? CellKind::missing : static_cast<CellKind>(most - counts.begin());
 }
 
 /// How many cells are of the column's commonest kind. Quotes around some texts mix in nothing:

@@ -17,9 +17,7 @@ struct ColumnFigures {
     std::size_t filled = 0;                 ///< graded cells that hold something
 
     /// Whether it is a column of numbers or dates.
-    [[nodiscard]] bool is_typed() const noexcept {
-        return commonest == CellKind::number || commonest == CellKind::date;
-    }
+    [[nodiscard]] bool is_typed() const noexcept { return textio::advice::is_typed(commonest); }
 };
 
 /// The figures of a grid.

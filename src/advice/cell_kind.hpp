@@ -26,6 +26,11 @@ enum class CellKind : std::uint8_t {
 
 inline constexpr std::size_t cell_kinds = 9;
 
+/// Whether it is the kind of numbers or dates.
+[[nodiscard]] constexpr bool is_typed(CellKind kind) noexcept {
+    return kind == CellKind::number || kind == CellKind::date;
+}
+
 /// Whether `text` is empty, or stands for no value in many files: `NA`, `null`, `-`, and the like.
 [[nodiscard]] bool stands_for_nothing(std::u16string_view text) noexcept;
 
@@ -62,6 +67,10 @@ private:
         std::uint32_t size = 0;
         char16_t quote = 0; ///< under which it was judged
         CellKind kind = CellKind::missing;
+
+        [[nodiscard]] bool is_of(std::u16string_view text, char16_t mark) const {
+            return begin == text.data() && size == text.size() && quote == mark;
+        }
     };
 
     /// Each place in the text has one of these, which others may take over.

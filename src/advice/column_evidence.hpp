@@ -57,6 +57,9 @@ struct ColumnEdges {
     std::size_t at_right = 0; ///< and the right one
 
     void add(std::u16string_view cell) noexcept;
+
+    /// The share of its cells that touch one edge, whichever has more.
+    [[nodiscard]] double flush() const noexcept;
 };
 
 [[nodiscard]] std::vector<ColumnEdges> edges_of(Lines lines, const Starts& starts);

@@ -1,17 +1,18 @@
 #include "advice/columns.hpp"
 
 #include "advice/cell_kind.hpp"
+#include "advice/counts.hpp"
 #include "advice/date_shapes.hpp"
 #include "advice/lines.hpp"
 #include "advice/name_words.hpp"
 #include "advice/number_shape.hpp"
 #include "advice/table_rows.hpp"
-#include "ascii.hpp"
 
 #include <algorithm>
 #include <array>
 #include <functional>
 #include <optional>
+#include <span>
 
 namespace textio::advice {
 
@@ -29,34 +30,58 @@ constexpr std::size_t class_limit = 13;
 /// Whether a cell holds no value. Most cells do, and their first unit behind blanks tells.
 bool is_missing(std::u16string_view cell, const TypeAnalyzerOptions& type_options) {
     const auto& missing = type_options.treat_as_missing;
-    while (!cell.empty() && is_blank(cell.front())) {
-        cell.remove_prefix(1);
-    }
-    if (missing.empty() && !cell.empty() && !begins_like_nothing(cell.front())) {
+    const std::u16string_view text = from_first_unit(cell);
+    if (missing.empty() && !text.empty() && !begins_like_nothing(text.front())) {
         return false;
     }
-    const std::u16string_view text = trimmed(cell);
-    return stands_for_nothing(text) ||
-           std::find(missing.begin(), missing.end(), text) != missing.end();
+    const std::u16string_view word = trimmed(text);
+    return stands_for_nothing(word) ||
+           std::find(missing.begin(), missing.end(), word) != missing.end();
 }
 
 /// Whether a text can be nothing but text: values of other classes have digits, or are short words
 /// such as `NaN`.
 bool is_surely_text(std::u16string_view text) {
     constexpr std::size_t longest_word = 4;
-    return text.size() > longest_word && std::none_of(text.begin(), text.end(), ascii::is_digit);
+    return text.size() > longest_word && !has_digit(text);
 }
+
+/// Counts what the values of a column are. What is unknown says nothing.
+class ClassVotes {
+public:
+    /// `values` are all that may come.
+    explicit ClassVotes(std::size_t values) : values_(values) {}
+
+    void add(FieldClass found) {
+        if (found != FieldClass::unknown) {
+            last_ = ++counts_[static_cast<std::size_t>(found)];
+        }
+    }
+
+    /// Whether the class that was added last is that of more than half of the values.
+    [[nodiscard]] bool are_settled() const { return last_ * 2 > values_; }
+
+    /// The commonest class; unknown if there is none.
+    [[nodiscard]] FieldClass most() const {
+        const auto* const most = std::max_element(counts_.begin(), counts_.end());
+        return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts_.begin());
+    }
+
+private:
+    std::size_t values_;
+    std::size_t last_ = 0; ///< votes for the class that was added last
+    std::array<std::size_t, class_limit> counts_{};
+};
 
 /// What most values of a column are in each `step`th row. Values of one shape in a row are of one
 /// class, and a class that more than half of them have is enough.
 FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
                         const TypeAnalyzer<false>& analyzer,
                         const TypeAnalyzerOptions& type_options, std::size_t step) {
-    const std::size_t looked_at = (grid.rows() + step - 1) / step;
-    std::array<std::size_t, class_limit> counts{};
+    ClassVotes votes((grid.rows() + step - 1) / step);
     std::u16string_view last;
     FieldClass found = FieldClass::unknown;
-    for (std::size_t row = 0; row < grid.rows(); row += step) {
+    for (std::size_t row = 0; row < grid.rows() && !votes.are_settled(); row += step) {
         const std::u16string_view text = bare(grid.cell(row, column), quote);
         if (is_missing(text, type_options)) {
             continue;
@@ -65,14 +90,9 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
             found = is_surely_text(text) ? FieldClass::text : analyzer.classify(Field(text));
             last = text;
         }
-        const std::size_t votes = ++counts[static_cast<std::size_t>(found)];
-        if (votes * 2 > looked_at && found != FieldClass::unknown) {
-            return found;
-        }
+        votes.add(found);
     }
-    counts[static_cast<std::size_t>(FieldClass::unknown)] = 0;
-    const auto* const most = std::max_element(counts.begin(), counts.end());
-    return *most == 0 ? FieldClass::unknown : static_cast<FieldClass>(most - counts.begin());
+    return votes.most();
 }
 
 /// What most of the looked-at values of a column are; where none was looked at, all are.
@@ -106,11 +126,8 @@ TypeAnalyzerOptions without_marks(TypeAnalyzerOptions type_options) {
     return type_options;
 }
 
-/// Whether a column surely holds no numbers: it holds dates, or its first quoted value is none.
-bool holds_no_numbers(const Grid& grid, std::size_t column, char16_t quote, CellKind commonest) {
-    if (commonest != CellKind::quoted) {
-        return commonest == CellKind::date;
-    }
+/// Whether the first value of a column that holds something is no number.
+bool begins_without_number(const Grid& grid, std::size_t column, char16_t quote) {
     for (std::size_t row = 0; row < grid.rows(); ++row) {
         const std::u16string_view text = bare(grid.cell(row, column), quote);
         if (!text.empty()) {
@@ -120,17 +137,23 @@ bool holds_no_numbers(const Grid& grid, std::size_t column, char16_t quote, Cell
     return false;
 }
 
+/// Whether a column surely holds no numbers: it holds dates, or quoted values that are none.
+bool holds_no_numbers(const Reading& reading, const Grid& grid, std::size_t column) {
+    const auto& columns = reading.figures.columns;
+    const CellKind commonest =
+        column < columns.size() ? columns[column].commonest : CellKind::missing;
+    return commonest == CellKind::date ||
+           (commonest == CellKind::quoted && begins_without_number(grid, column, reading.quote));
+}
+
 void classify(const Reading& reading, const FieldArray& lines,
               const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
     const Grid ungraded = reading.grid.columns == 0 ? rows_of(reading, lines) : Grid();
     const Grid& grid = reading.grid.columns == 0 ? ungraded : reading.grid;
     const TypeAnalyzer<false> analyzer(type_options);
     std::optional<TypeAnalyzer<false>> date_analyzer; // few tables have dates
-    const auto& figures = reading.figures.columns;
     for (std::size_t column = 0; column < std::min(columns.size(), grid.columns); ++column) {
-        const bool has_no_numbers =
-            column < figures.size() &&
-            holds_no_numbers(grid, column, reading.quote, figures[column].commonest);
+        const bool has_no_numbers = holds_no_numbers(reading, grid, column);
         if (has_no_numbers && !date_analyzer) {
             date_analyzer.emplace(without_marks(type_options));
         }
@@ -148,27 +171,35 @@ public:
           first_data_(first_data) {}
 
     bool next() {
-        while (rows_.next()) {
-            const char16_t* const at = rows_.place() != nullptr ? rows_.place() : rows_.begin();
-            if (!std::less<>()(at, first_data_)) {
-                return true;
-            }
+        bool has_next = rows_.next();
+        while (has_next && stands_above_data()) {
+            has_next = rows_.next();
         }
-        return false;
+        return has_next;
     }
 
     [[nodiscard]] const TableRows& row() const { return rows_; }
 
 private:
+    /// The line of the sample from which on the rows are walked through.
     static std::size_t first_line(const Reading& reading, const FieldArray& lines,
                                   const char16_t* first_data) {
         const FieldArray& sample =
             reading.is_at_positions() ? lines : *reading.strategy->field_array();
         const std::size_t first = first_table_line(reading);
-        const bool begins_above = first_data != nullptr && first < sample.line_count() &&
-                                  !sample.line(first).empty() &&
-                                  std::less<>()(first_data, sample.line(first).front().data);
-        return begins_above ? 0 : first;
+        return first_data != nullptr && begins_behind(sample, first, first_data) ? 0 : first;
+    }
+
+    /// Whether a line of a sample has fields and begins behind a place in the text.
+    static bool begins_behind(const FieldArray& sample, std::size_t line, const char16_t* place) {
+        const std::size_t above = fields_above(sample, line);
+        return line < sample.line_count() && above != sample.line_ends[line] &&
+               std::less<>()(place, sample.fields[above].data);
+    }
+
+    [[nodiscard]] bool stands_above_data() const {
+        const char16_t* const at = rows_.place() != nullptr ? rows_.place() : rows_.begin();
+        return std::less<>()(at, first_data_);
     }
 
     TableRows rows_;
@@ -177,13 +208,25 @@ private:
 
 /// Takes in a cell. Few cells have a mark at all, and only numbers say something of it.
 void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
-    const auto is_mark = [](char16_t unit) { return unit == u'.' || unit == u','; };
-    if (std::none_of(cell.begin(), cell.end(), is_mark)) {
+    if (!holds_any(cell, u".,")) {
         return;
     }
     const std::u16string_view text = bare(cell, quote);
     if (looks_like_number(text)) {
         marks.add(text);
+    }
+}
+
+void add_marks_of_row(const TableRows& row, char16_t quote, NumberMarks& marks) {
+    for (const std::u16string_view cell : std::span(row.cells()).first(row.fields())) {
+        add_marks(cell, quote, marks);
+    }
+}
+
+void add_values(const TableRows& row, const TypeAnalyzerOptions& type_options,
+                std::vector<Column>& columns) {
+    for (std::size_t column = 0; column < row.fields(); ++column) {
+        columns[column].values += one_if(!is_missing(row.cells()[column], type_options));
     }
 }
 
@@ -197,15 +240,9 @@ TableTally tally_of(const Reading& reading, const FieldArray& lines, const Table
     DataRows data(reading, lines, start.first_data);
     std::size_t data_rows = 0;
     while (data.next()) {
-        const TableRows& row = data.row();
-        const bool tells_marks =
-            data_rows++ < most_rows && !reading.is_line_by_line() && !tally.marks.are_settled();
-        for (std::size_t column = 0; column < row.fields(); ++column) {
-            const std::u16string_view cell = row.cells()[column];
-            tally.columns[column].values += is_missing(cell, type_options) ? 0U : 1U;
-            if (tells_marks) {
-                add_marks(cell, reading.quote, tally.marks);
-            }
+        add_values(data.row(), type_options, tally.columns);
+        if (data_rows++ < most_rows && !reading.is_line_by_line() && !tally.marks.are_settled()) {
+            add_marks_of_row(data.row(), reading.quote, tally.marks);
         }
     }
     for (Column& column : tally.columns) {

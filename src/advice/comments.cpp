@@ -1,5 +1,6 @@
 #include "advice/comments.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 #include "advice/survey.hpp"
 
@@ -24,13 +25,17 @@ bool begins_comment(std::u16string_view line, std::u16string_view opener) {
     }
     const std::u16string_view rest = line.substr(opener.size());
     const bool is_option = opener == u"--" && !rest.starts_with(u' ');
-    return !is_option &&
-           (plain_openers.find(opener) != std::u16string_view::npos || has_letter(rest));
+    return !is_option && (holds(plain_openers, opener) || has_letter(rest));
 }
 
 struct OpenerCount {
     std::size_t lines = 0;
     bool has_first_line = false;
+
+    void add(bool is_first_line) {
+        ++lines;
+        has_first_line |= is_first_line;
+    }
 };
 
 /// The units with which openers begin. Most lines begin with none of them.
@@ -44,20 +49,14 @@ public:
         }
     }
 
-    /// Whether an opener may begin with the unit; never wrong with a no.
-    [[nodiscard]] bool may_have(char16_t unit) const { return begins_[unit % begins_.size()]; }
+    /// Whether an opener may begin a line; never wrong with a no.
+    [[nodiscard]] bool may_begin(std::u16string_view line) const {
+        return !line.empty() && begins_[line.front() % begins_.size()];
+    }
 
 private:
     std::array<bool, 128> begins_{};
 };
-
-/// A line without the blanks in front.
-std::u16string_view from_first_unit(std::u16string_view line) {
-    while (!line.empty() && is_blank(line.front())) {
-        line.remove_prefix(1);
-    }
-    return line;
-}
 
 /// How many lines each opener begins, in their order.
 std::vector<OpenerCount> count_lines(const FieldArray& lines,
@@ -66,17 +65,22 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
     std::vector<OpenerCount> counts(openers.size());
     for (std::size_t field = 0; field < lines.fields.size(); ++field) {
         const std::u16string_view line = from_first_unit(lines.fields[field].view());
-        if (line.empty() || !first_units.may_have(line.front())) {
+        if (!first_units.may_begin(line)) {
             continue;
         }
         for (std::size_t index = 0; index < openers.size(); ++index) {
             if (begins_comment(line, openers[index])) {
-                ++counts[index].lines;
-                counts[index].has_first_line = counts[index].has_first_line || field == 0;
+                counts[index].add(field == 0);
             }
         }
     }
     return counts;
+}
+
+/// Whether what stands behind an empty first field has a delimiter once more, or right away a
+/// value, or is nothing.
+bool is_row_behind(std::u16string_view rest, char16_t delimiter) {
+    return rest.empty() || !is_blank(rest.front()) || holds(rest, delimiter);
 }
 
 /// Whether an opener begins with a delimiter that separates the fields of the lines: it stands in
@@ -84,7 +88,7 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
 /// it. Such lines are rows whose first field is empty.
 bool is_delimiter_of_rows(const FieldArray& lines, std::u16string_view opener) {
     const char16_t sign = opener.front();
-    if (common_delimiters_of_files.find(sign) == std::u16string_view::npos) {
+    if (!holds(common_delimiters_of_files, sign)) {
         return false;
     }
     std::size_t opened = 0;
@@ -92,13 +96,12 @@ bool is_delimiter_of_rows(const FieldArray& lines, std::u16string_view opener) {
     std::size_t others_with = 0;
     for (const Field& field : lines.fields) {
         const std::u16string_view line = from_first_unit(field.view());
-        const bool opens = line.starts_with(opener);
-        const std::u16string_view rest = line.substr(opens ? opener.size() : 0);
-        const bool has_sign = rest.find(sign) != std::u16string_view::npos;
-        const bool is_row = has_sign || rest.empty() || !is_blank(rest.front());
-        opened += opens ? 1U : 0U;
-        rows += opens && is_row ? 1U : 0U;
-        others_with += !opens && has_sign ? 1U : 0U;
+        if (line.starts_with(opener)) {
+            ++opened;
+            rows += one_if(is_row_behind(line.substr(opener.size()), sign));
+        } else {
+            others_with += one_if(holds(line, sign));
+        }
     }
     return rows * 2 > opened && others_with * 2 > lines.fields.size() - opened;
 }
@@ -109,22 +112,34 @@ public:
     explicit CommentLines(std::span<const std::u16string> style) : style_(style) {}
 
     bool takes(std::u16string_view line) {
-        const bool opens = !is_inside_ && is_comment(line, style_.front());
-        if (!opens && !is_inside_) {
+        if (is_inside_) {
+            is_inside_ = !holds(line, style_.back());
+            return true;
+        }
+        if (!is_comment(line, style_.front())) {
             return false;
         }
-        if (style_.size() == 2) {
-            const std::size_t behind =
-                opens ? line.find(style_.front()) + style_.front().size() : 0;
-            is_inside_ = line.find(style_.back(), behind) == std::u16string_view::npos;
-        }
+        is_inside_ = style_.size() == 2 && !is_closed_behind_opener(line);
         return true;
     }
 
 private:
+    [[nodiscard]] bool is_closed_behind_opener(std::u16string_view line) const {
+        const std::u16string_view opener = style_.front();
+        return holds(line.substr(line.find(opener) + opener.size()), style_.back());
+    }
+
     std::span<const std::u16string> style_;
     bool is_inside_ = false;
 };
+
+/// Whether the lines that an opener begins are like comments: enough of them, and not too many.
+bool opens_comments(std::u16string_view opener, const OpenerCount& count, std::size_t lines) {
+    if (opener == usual_opener) {
+        return count.lines < lines;
+    }
+    return (count.has_first_line || count.lines >= 2) && count.lines * 4 <= lines * 3;
+}
 
 } // namespace
 
@@ -138,9 +153,8 @@ bool has_block_comments(const FieldArray& lines) {
         }
         text = trimmed(text.substr(is_inside ? 0 : block_opener.size()));
         ++in_blocks;
-        const std::size_t end = text.find(block_closer);
-        is_inside = end == std::u16string_view::npos;
-        if (!is_inside && end + block_closer.size() != text.size()) {
+        is_inside = !holds(text, block_closer);
+        if (!is_inside && text.find(block_closer) + block_closer.size() != text.size()) {
             return false;
         }
     }
@@ -153,17 +167,13 @@ bool is_comment(std::u16string_view line, std::u16string_view opener) noexcept {
 
 std::u16string_view choose_comment_opener(const FieldArray& lines,
                                           std::span<const std::u16string> openers) {
-    const std::size_t filled = lines.fields.size();
     std::u16string_view best;
     std::size_t most = 0;
     const std::vector<OpenerCount> counts = count_lines(lines, openers);
     for (std::size_t index = 0; index < openers.size(); ++index) {
         const std::u16string_view opener = openers[index];
         const OpenerCount count = counts[index];
-        const bool is_usual = opener == usual_opener;
-        const bool is_like_comments = is_usual || count.has_first_line || count.lines >= 2;
-        const bool leaves_rows = is_usual ? count.lines < filled : count.lines * 4 <= filled * 3;
-        if (count.lines > most && is_like_comments && leaves_rows &&
+        if (count.lines > most && opens_comments(opener, count, lines.fields.size()) &&
             !is_delimiter_of_rows(lines, opener)) {
             most = count.lines;
             best = opener;
@@ -177,22 +187,21 @@ bool are_comments(const FieldArray& lines, std::span<const std::u16string> style
     if (style.empty()) {
         return false;
     }
+    const std::size_t table = std::min(names_line, first_data_line);
     CommentLines comments(style);
-    bool are_all_above = true;
-    bool has_any = false;
-    for (std::size_t line = 0; line < lines.line_count(); ++line) {
-        const std::u16string_view text = text_of(lines, line);
-        if (text.empty()) {
-            continue;
-        }
-        const bool comment = comments.takes(text);
-        if (line >= first_data_line && comment) {
-            return true;
-        }
-        has_any = has_any || comment;
-        are_all_above = are_all_above && (comment || line >= std::min(names_line, first_data_line));
-    }
-    return has_any && are_all_above;
+    std::size_t commented = 0;
+    std::size_t within = 0;
+    std::size_t others_above = 0;
+    for_each_filled_line(lines, 0, lines.line_count(),
+                         [&](std::size_t line, std::u16string_view text) {
+                             if (comments.takes(text)) {
+                                 ++commented;
+                                 within += one_if(line >= first_data_line);
+                             } else {
+                                 others_above += one_if(line < table);
+                             }
+                         });
+    return within != 0 || (commented != 0 && others_above == 0);
 }
 
 } // namespace textio::advice

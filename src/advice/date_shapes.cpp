@@ -23,26 +23,28 @@ std::size_t number_of_shape(std::u16string_view text) {
 /// Nothing without a digit and one of the signs between the parts of a date, and nothing longer
 /// than the longest date in words, is one.
 bool could_be_date(std::u16string_view text) {
+    constexpr std::size_t shortest_date = 3;
     constexpr std::size_t longest_date = 48;
-    if (text.size() < 3 || text.size() > longest_date) {
-        return false;
-    }
-    bool has_digit = false;
-    bool has_sign = false;
-    for (const char16_t unit : text) {
-        has_digit = has_digit || ascii::is_digit(unit);
-        has_sign = has_sign || stands_in_dates(unit);
-    }
-    return has_digit && has_sign;
+    return text.size() >= shortest_date && text.size() <= longest_date &&
+           std::any_of(text.begin(), text.end(), ascii::is_digit) &&
+           std::any_of(text.begin(), text.end(), stands_in_dates);
+}
+
+/// What stands in one place of two dates of one shape.
+bool are_alike(char16_t one, char16_t other) {
+    return one == other || (ascii::is_digit(one) && ascii::is_digit(other));
+}
+
+bool is_time(FieldClass found) {
+    constexpr std::array<FieldClass, 4> times{FieldClass::date, FieldClass::datetime,
+                                              FieldClass::duration, FieldClass::short_duration};
+    return std::find(times.begin(), times.end(), found) != times.end();
 }
 
 } // namespace
 
 bool have_same_shape(std::u16string_view left, std::u16string_view right) noexcept {
-    return left.size() == right.size() &&
-           std::equal(left.begin(), left.end(), right.begin(), [](char16_t one, char16_t other) {
-               return one == other || (ascii::is_digit(one) && ascii::is_digit(other));
-           });
+    return std::equal(left.begin(), left.end(), right.begin(), right.end(), are_alike);
 }
 
 bool DateShapes::is_date(std::u16string_view text) {
@@ -55,10 +57,7 @@ bool DateShapes::is_date(std::u16string_view text) {
     last_ = &answers_[number_of_shape(text) % answers_.size()];
     Answer& answer = *last_;
     if (!have_same_shape(text, answer.text)) {
-        const FieldClass found = analyzer_.classify(Field(text));
-        answer.text = text;
-        answer.is_date = found == FieldClass::date || found == FieldClass::datetime ||
-                         found == FieldClass::duration || found == FieldClass::short_duration;
+        answer = {text, is_time(analyzer_.classify(Field(text)))};
     }
     return answer.is_date;
 }

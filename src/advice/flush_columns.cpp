@@ -1,5 +1,6 @@
 #include "advice/flush_columns.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 
 #include <algorithm>
@@ -14,7 +15,19 @@ namespace {
 struct Edges {
     std::vector<std::size_t> begins; ///< row after row
     std::vector<std::size_t> ends;
+
+    void add(std::span<const Field> row, std::u16string_view line) {
+        for (const Field& field : row) {
+            begins.push_back(static_cast<std::size_t>(field.data - line.data()));
+            ends.push_back(begins.back() + field.size);
+        }
+    }
 };
+
+/// Whether the fields of a row stand in a line: lines in quotes are counted otherwise in a sample.
+bool are_of_line(std::span<const Field> fields, std::u16string_view text) {
+    return !text.empty() && fields.front().data >= text.data() && reaches(text, fields.back().data);
+}
 
 Edges edges_of(const FieldArray& lines, const FieldArray& sample, const RegularRun& run) {
     Edges edges;
@@ -23,14 +36,8 @@ Edges edges_of(const FieldArray& lines, const FieldArray& sample, const RegularR
     for (std::size_t line = run.first_line; line < end; ++line) {
         const auto fields = sample.line(line);
         const auto text = text_of(lines, line);
-        const bool is_same_line = fields.size() == run.width && !text.empty() &&
-                                  fields.front().data >= text.data() &&
-                                  fields.back().data <= text.data() + text.size();
-        if (is_same_line && picker.takes()) {
-            for (const Field& field : fields) {
-                edges.begins.push_back(static_cast<std::size_t>(field.data - text.data()));
-                edges.ends.push_back(edges.begins.back() + field.size);
-            }
+        if (fields.size() == run.width && are_of_line(fields, text) && picker.takes()) {
+            edges.add(fields, text);
         }
     }
     return edges;
@@ -39,15 +46,13 @@ Edges edges_of(const FieldArray& lines, const FieldArray& sample, const RegularR
 /// How many values of one column are the one that more than half of them are; a little less than
 /// the commonest where there is no such.
 std::size_t majority(std::span<const std::size_t> values, std::size_t column, std::size_t columns) {
-    std::size_t candidate = 0;
-    std::size_t votes = 0;
+    MajorityVote<std::size_t> vote;
     for (std::size_t at = column; at < values.size(); at += columns) {
-        candidate = votes == 0 ? values[at] : candidate;
-        votes = values[at] == candidate ? votes + 1 : votes - 1;
+        vote.add(values[at]);
     }
     std::size_t count = 0;
     for (std::size_t at = column; at < values.size(); at += columns) {
-        count += values[at] == candidate ? 1U : 0U;
+        count += one_if(values[at] == vote.value());
     }
     return count;
 }

@@ -1,5 +1,6 @@
 #include "advice/grading.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/flush_columns.hpp"
 #include "advice/lines.hpp"
 #include "advice/name_words.hpp"
@@ -9,6 +10,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <span>
 #include <utility>
 
@@ -38,27 +40,28 @@ double squared(double value) {
     return value * value;
 }
 
+bool is_ruler(std::span<const Field> row) {
+    return row.size() == 1 && says_nothing(row.front().view());
+}
+
 /// A ruler that frames the table is passed over: it fits as little under any delimiter.
 std::size_t width_of_first_row(const FieldArray& sample) {
-    for (std::size_t line = 0; line < sample.line_count(); ++line) {
-        const auto fields = sample.line(line);
-        if (!fields.empty() && (fields.size() > 1 || !says_nothing(fields.front().view()))) {
-            return fields.size();
-        }
+    std::size_t line = 0;
+    while (line < sample.line_count() &&
+           (sample.line(line).empty() || is_ruler(sample.line(line)))) {
+        ++line;
     }
-    return 0;
+    return line < sample.line_count() ? sample.line(line).size() : 0;
 }
 
 /// Words with single blanks between them are text, unless the first row names columns.
 double blanks_term(const Reading& reading, const FieldArray& sample, const Survey& survey) {
-    const bool has_runs = survey.with_runs * 2 >= survey.lines.size();
-    if (has_runs || reading.figures.typed_columns != 0) {
+    if (survey.mostly_has_runs() || reading.figures.typed_columns != 0) {
         return 1;
     }
-    std::vector<std::u16string_view> first;
-    for (const Field& field : first_row_of(sample, reading.run)) {
-        first.push_back(field.view());
-    }
+    const auto row = first_row_of(sample, reading.run);
+    std::vector<std::u16string_view> first(row.size());
+    std::transform(row.begin(), row.end(), first.begin(), std::mem_fn(&Field::view));
     return names_text_columns(first, reading.grid) ? 1 : weights::words_at_blanks;
 }
 
@@ -68,10 +71,43 @@ bool could_be_names(std::span<const Field> row, const GradingContext& context) {
     CellJudge judge(*context.memory, u'"');
     return std::all_of(row.begin(), row.end(), [&](const Field& field) {
         const std::u16string_view name = bare(field.view());
-        const CellKind kind = judge.judge(name);
-        return has_letter(name) && name.size() <= longest_name && kind != CellKind::number &&
-               kind != CellKind::date;
+        return has_letter(name) && name.size() <= longest_name && !is_typed(judge.judge(name));
     });
+}
+
+/// What a fault makes of a factor that is 1 without it.
+constexpr double weight_if(bool has_fault, double weight) {
+    return has_fault ? weight : 1;
+}
+
+bool ignores_quotes(const Reading& reading, const Survey& survey) {
+    return reading.quote == 0 && survey.holds(u'"');
+}
+
+void leave_out_empty_edges(Reading& reading, std::span<const Field> first_row) {
+    reading.edges = empty_edges_of(reading.grid, first_row);
+    if (reading.edges.are_any()) {
+        reading.grid = without_edges(reading.grid, reading.edges);
+    }
+}
+
+/// Whether the cuts are none, be they at the blanks of a text or at decimal commas.
+void weigh_cuts(Reading& reading, const FieldArray& sample, const GradingContext& context) {
+    if (reading.is_blank_separated()) {
+        reading.flush = flush_share(*context.lines, sample, reading.run, reading.figures);
+        reading.terms[TermKind::context] = blanks_term(reading, sample, *context.survey);
+    } else if (reading.delimiter == u"," && cuts_numbers(reading.grid)) {
+        reading.terms[TermKind::context] = weights::cut_numbers;
+    }
+}
+
+/// The columns of the run but for those that are left out. A lone delimiter at the end of each line
+/// is reported as the reader gives it: as a column.
+std::size_t columns_without_edges(Reading& reading) {
+    if (reading.edges.trailing == 1 && !reading.edges.leading) {
+        reading.edges.trailing = 0;
+    }
+    return reading.run.width - reading.edges.trailing - one_if(reading.edges.leading);
 }
 
 /// Grades the table that `run` shows.
@@ -81,10 +117,7 @@ void grade_run(Reading& reading, const RegularRun& run, double prior,
     reading.run = run;
     reading.grid = grid_of(sample, run);
     if (reading.is_delimited()) {
-        reading.edges = empty_edges_of(reading.grid, first_row_of(sample, run));
-        if (reading.edges.leading || reading.edges.trailing != 0) {
-            reading.grid = without_edges(reading.grid, reading.edges);
-        }
+        leave_out_empty_edges(reading, first_row_of(sample, run));
     }
     if (reading.grid.columns < 2) {
         return;
@@ -98,23 +131,12 @@ void grade_run(Reading& reading, const RegularRun& run, double prior,
     terms[TermKind::columns] = columns_term(reading.grid.columns);
     terms[TermKind::rows] = rows_term(run.kept + run.short_rows, weights::rows_doubt);
     terms[TermKind::prior] = prior;
-    if (width_of_first_row(sample) != run.width) {
-        terms[TermKind::first] = weights::first_line_off;
-    }
-    if (reading.quote == 0 && context.survey->holds(u'"')) {
-        terms[TermKind::quotes] = weights::quotes_ignored;
-    }
-    if (reading.is_blank_separated()) {
-        reading.flush = flush_share(*context.lines, sample, run, reading.figures);
-        terms[TermKind::context] = blanks_term(reading, sample, *context.survey);
-    } else if (reading.delimiter == u"," && cuts_numbers(reading.grid)) {
-        terms[TermKind::context] = weights::cut_numbers;
-    }
-    // A lone delimiter at the end of each line is reported as the reader gives it: as a column.
-    if (reading.edges.trailing == 1 && !reading.edges.leading) {
-        reading.edges.trailing = 0;
-    }
-    reading.columns = run.width - reading.edges.trailing - (reading.edges.leading ? 1 : 0);
+    terms[TermKind::first] =
+        weight_if(width_of_first_row(sample) != run.width, weights::first_line_off);
+    terms[TermKind::quotes] =
+        weight_if(ignores_quotes(reading, *context.survey), weights::quotes_ignored);
+    weigh_cuts(reading, sample, context);
+    reading.columns = columns_without_edges(reading);
     reading.score = terms.product();
 }
 
@@ -125,7 +147,7 @@ void grade_tagged(Reading& reading, double prior, const GradingContext& context)
     if (found.tagged < 3 || !found.are_records(lines_end_alike(*context.lines))) {
         return;
     }
-    const double share = static_cast<double>(found.tagged) / static_cast<double>(found.rows);
+    const double share = share_of(found.tagged, found.rows);
     reading.run.first_line = found.first_line;
     reading.columns = found.widest;
     Terms& terms = reading.terms;
@@ -151,11 +173,31 @@ double prior_of(const Positions& positions) {
     return positions.is_padded ? weights::of_padded_positions : weights::of_positions;
 }
 
+/// Grades a reading under another idea of what its table is, and keeps the better grade.
+template <class Grade>
+void keep_if_better(Reading& reading, const Reading& ungraded, Grade grade) {
+    Reading other = ungraded;
+    grade(other);
+    if (other.score > reading.score) {
+        reading = std::move(other);
+    }
+}
+
+/// Whether the last run of rows is another table than the best run.
+bool is_another_table(const RegularRun& last, const RegularRun& best) {
+    return last.width > 1 && last.kept > 1 && last.first_line != best.first_line;
+}
+
+/// Whether the first row names columns that the others may lack.
+bool is_headed(const RegularRun& run, const FieldArray& sample, const GradingContext& context) {
+    return run.width != 0 && could_be_names(first_row_of(sample, run), context);
+}
+
 /// Whether all that the first of two columns does is stand empty on most lines: source code and
 /// outlines are indented so.
 bool is_indentation(const Reading& reading) {
     return reading.grid.columns == 2 && !reading.positions.has_ruler &&
-           reading.figures.columns[0].filled * 2 <= reading.grid.rows();
+           reading.figures.columns.front().filled * 2 <= reading.grid.rows();
 }
 
 } // namespace
@@ -163,34 +205,28 @@ bool is_indentation(const Reading& reading) {
 void grade_rows(Reading& reading, double prior, const GradingContext& context) {
     const FieldArray& sample = *reading.strategy->field_array();
     const Reading ungraded = reading;
-    const auto keep_better = [&](Reading other) {
-        if (other.score > reading.score) {
-            reading = std::move(other);
-        }
+    const auto keep_run_if_better = [&](const RegularRun& run) {
+        keep_if_better(reading, ungraded,
+                       [&](Reading& other) { grade_run(other, run, prior, context); });
     };
     const RegularRun best = find_regular_run(sample, reading.is_delimited());
     if (best.width > 1) {
         grade_run(reading, best, prior, context);
     }
     const RegularRun last = find_last_run(sample);
-    if (last.width > 1 && last.kept > 1 && last.first_line != best.first_line) {
-        Reading other = ungraded;
-        grade_run(other, last, prior, context);
-        keep_better(std::move(other));
+    if (is_another_table(last, best)) {
+        keep_run_if_better(last);
     }
-    if (reading.is_delimited() && best.kept != best.all) {
-        const RegularRun headed = find_headed_run(sample);
-        if (headed.width != 0 && could_be_names(first_row_of(sample, headed), context)) {
-            Reading other = ungraded;
-            grade_run(other, headed, prior, context);
-            keep_better(std::move(other));
-        }
+    if (!reading.is_delimited() || best.kept == best.all) {
+        return;
     }
-    const bool can_be_tagged = reading.is_delimited() && reading.delimiter != u",";
-    if (can_be_tagged && best.kept != best.all) {
-        Reading other = ungraded;
-        grade_tagged(other, prior, context);
-        keep_better(std::move(other));
+    const RegularRun headed = find_headed_run(sample);
+    if (is_headed(headed, sample, context)) {
+        keep_run_if_better(headed);
+    }
+    if (reading.delimiter != u",") {
+        keep_if_better(reading, ungraded,
+                       [&](Reading& other) { grade_tagged(other, prior, context); });
     }
 }
 
@@ -213,18 +249,13 @@ Reading begin_positions(Positions positions, const GradingContext& context) {
     reading.mode = enums::StrategyMode::fixed_width;
     reading.quote = u'"';
     reading.columns = positions.starts.size();
+    const bool has_delimiter = context.survey->share_of_common_delimiter() > 0.5;
     Terms& terms = reading.terms;
     terms[TermKind::prior] = prior_of(positions);
-    if (context.survey->share_of_common_delimiter() > 0.5) {
-        terms[TermKind::context] = weights::delimiter_beside;
-    }
-    if (!positions.has_padding) {
-        terms[TermKind::context] *= weights::never_padded;
-    }
-    const bool has_sign =
-        positions.has_ruler || positions.has_heading || positions.has_gaps || positions.is_padded;
-    terms[TermKind::rows] =
-        rows_term(positions.kept, has_sign ? weights::rows_doubt : weights::positions_doubt);
+    terms[TermKind::context] = weight_if(has_delimiter, weights::delimiter_beside) *
+                               weight_if(!positions.has_padding, weights::never_padded);
+    terms[TermKind::rows] = rows_term(
+        positions.kept, positions.are_shown() ? weights::rows_doubt : weights::positions_doubt);
     terms[TermKind::consistency] = squared(positions.consistency());
     if (!positions.has_no_columns) {
         terms[TermKind::coverage] = coverage_term(positions.coverage(), false);

@@ -22,6 +22,9 @@ struct Grid {
     [[nodiscard]] std::u16string_view cell(std::size_t row, std::size_t column) const {
         return cells[row * columns + column];
     }
+    [[nodiscard]] std::span<const std::u16string_view> row(std::size_t row) const {
+        return std::span(cells).subspan(row * columns, columns);
+    }
 };
 
 /// Picks the rows that are graded: some forty of `rows`, evenly, and never the first one if there
@@ -61,6 +64,8 @@ private:
 struct EmptyEdges {
     bool leading = false;     ///< the first column is empty: delimiters begin the lines
     std::size_t trailing = 0; ///< so many columns at the end are
+
+    [[nodiscard]] bool are_any() const { return leading || trailing != 0; }
 };
 
 /// The empty columns at the ends of `grid`, whose first row, names perhaps, was `first`.

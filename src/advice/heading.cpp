@@ -9,7 +9,17 @@ namespace textio::advice {
 namespace {
 
 constexpr bool is_dash(char16_t unit) {
-    return unit == u'-' || unit == u'=' || unit == u'_';
+    return holds(u"-=_", unit);
+}
+
+std::vector<std::size_t> bar_starts(std::u16string_view heading) {
+    std::vector<std::size_t> starts;
+    for (std::size_t at = 0; at < heading.size(); ++at) {
+        if (heading[at] == u'|') {
+            starts.push_back(at);
+        }
+    }
+    return starts;
 }
 
 } // namespace
@@ -29,16 +39,10 @@ std::vector<HeadingWord> heading_words(std::u16string_view heading, std::size_t 
 }
 
 std::vector<std::size_t> heading_starts(std::u16string_view heading) {
-    std::vector<std::size_t> starts;
     if (std::count(heading.begin(), heading.end(), u'|') > 2) {
-        const std::size_t end = filled_length(heading);
-        for (std::size_t at = 0; at + 1 < end; ++at) {
-            if (heading[at] == u'|') {
-                starts.push_back(at);
-            }
-        }
-        return starts;
+        return bar_starts(heading.substr(0, filled_length(heading) - 1));
     }
+    std::vector<std::size_t> starts;
     for (const HeadingWord& word : heading_words(heading, 2)) {
         starts.push_back(word.begin);
     }
@@ -47,8 +51,11 @@ std::vector<std::size_t> heading_starts(std::u16string_view heading) {
 
 std::vector<std::size_t> ruler_starts(std::u16string_view ruler) {
     std::vector<std::size_t> starts;
+    bool is_inside = false;
     for (std::size_t at = 0; at < ruler.size(); ++at) {
-        if (is_dash(ruler[at]) && (at == 0 || !is_dash(ruler[at - 1]))) {
+        const bool is_start = is_dash(ruler[at]) && !is_inside;
+        is_inside = is_dash(ruler[at]);
+        if (is_start) {
             starts.push_back(at);
         }
     }

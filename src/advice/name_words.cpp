@@ -1,6 +1,7 @@
 #include "advice/name_words.hpp"
 
 #include "advice/cell_kind.hpp"
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 #include "advice/number_shape.hpp"
 #include "advice/numbers_as_names.hpp"
@@ -8,17 +9,15 @@
 
 #include <algorithm>
 #include <iterator>
+#include <span>
 
 namespace textio::advice {
 
 namespace {
 
-bool equal_texts(std::u16string_view left, std::u16string_view right) {
-    return left.size() == right.size() && ascii::equals_ignoring_case(left, right);
-}
-
-bool has_digit(std::u16string_view text) {
-    return std::any_of(text.begin(), text.end(), ascii::is_digit);
+std::u16string_view last_word_of(std::u16string_view name) {
+    const std::size_t tail = name.find_last_of(u" _-.");
+    return tail == std::u16string_view::npos ? name : name.substr(tail + 1);
 }
 
 /// Words that name a column in many tables and are values in few.
@@ -30,39 +29,38 @@ bool is_usual_name(std::u16string_view cell) {
         u"day",         u"class",   u"status", u"price",   u"amount",  u"unit",   u"text",
         u"url",         u"first",   u"last",   u"comment", u"size",    u"region", u"group",
         u"index",       u"notes",   u"symbol", u"username"};
-    std::u16string_view text = bare(cell);
-    const std::size_t tail = text.find_last_of(u" _-.");
-    if (tail != std::u16string_view::npos) {
-        text = text.substr(tail + 1);
-    }
-    return std::any_of(std::begin(names), std::end(names), [&](std::u16string_view name) {
-        return ascii::equals_ignoring_case(text, name);
+    const std::u16string_view word = last_word_of(bare(cell));
+    return std::any_of(std::begin(names), std::end(names), [word](std::u16string_view name) {
+        return ascii::equals_ignoring_case(word, name);
     });
+}
+
+/// Letters are alike, and so are digits; other signs are themselves.
+char16_t pattern_of(char16_t unit) {
+    if (ascii::is_digit(unit)) {
+        return u'9';
+    }
+    return is_letter(unit) ? u'a' : unit;
+}
+
+/// What follows the units with which a text begins and which are alike.
+std::u16string_view behind_pattern(std::u16string_view text) {
+    const char16_t first = pattern_of(text.front());
+    const auto* const end = std::find_if(
+        text.begin(), text.end(), [first](char16_t unit) { return pattern_of(unit) != first; });
+    return text.substr(static_cast<std::size_t>(end - text.begin()));
 }
 
 /// Whether runs of letters, of digits and the signs between them follow each other alike.
 bool have_one_pattern(std::u16string_view left, std::u16string_view right) {
-    const auto kind = [](char16_t unit) -> char16_t {
-        if (ascii::is_digit(unit)) {
-            return u'9';
-        }
-        return is_letter(unit) ? u'a' : unit;
-    };
-    std::size_t one = 0;
-    std::size_t other = 0;
-    while (one < left.size() && other < right.size()) {
-        const char16_t unit = kind(left[one]);
-        if (unit != kind(right[other])) {
+    while (!left.empty() && !right.empty()) {
+        if (pattern_of(left.front()) != pattern_of(right.front())) {
             return false;
         }
-        do {
-            ++one;
-        } while (one < left.size() && kind(left[one]) == unit);
-        do {
-            ++other;
-        } while (other < right.size() && kind(right[other]) == unit);
+        left = behind_pattern(left);
+        right = behind_pattern(right);
     }
-    return one == left.size() && other == right.size();
+    return left.empty() && right.empty();
 }
 
 /// What the cells of one column look like, next to a cell that may be its name.
@@ -72,11 +70,11 @@ public:
 
     void look_at(std::size_t column) {
         texts_.clear();
-        filled_ = 0;
         for (std::size_t row = 0; row < grid_.rows(); ++row) {
             texts_.push_back(bare(grid_.cell(row, column)));
-            filled_ += texts_.back().empty() ? 0U : 1U;
         }
+        const auto empty = std::count(texts_.begin(), texts_.end(), std::u16string_view());
+        filled_ = texts_.size() - static_cast<std::size_t>(empty);
     }
 
     /// How many of the cells that hold something have a property.
@@ -90,8 +88,7 @@ public:
     /// The share of them.
     template <class Property>
     [[nodiscard]] double share(Property property) const {
-        return filled_ == 0 ? 0
-                            : static_cast<double>(count(property)) / static_cast<double>(filled_);
+        return share_of(count(property), filled_);
     }
 
     /// How many cells hold something.
@@ -101,14 +98,16 @@ public:
     [[nodiscard]] bool repeats() const {
         std::size_t repeated = 0;
         for (std::size_t row = 1; row < texts_.size(); ++row) {
-            const std::u16string_view text = texts_[row];
-            const bool is_repeated = text == texts_[row - 1] || text == texts_[0];
-            repeated += !text.empty() && is_repeated ? 1U : 0U;
+            repeated += one_if(!texts_[row].empty() && is_repeated(row));
         }
         return repeated * 4 > texts_.size();
     }
 
 private:
+    [[nodiscard]] bool is_repeated(std::size_t row) const {
+        return texts_[row] == texts_[row - 1] || texts_[row] == texts_.front();
+    }
+
     const Grid& grid_;
     std::vector<std::u16string_view> texts_; ///< of the column, bare
     std::size_t filled_ = 0;
@@ -118,63 +117,70 @@ bool starts_upper(std::u16string_view text) {
     return ascii::is_upper(text.front());
 }
 
+bool is_lower(char16_t unit) {
+    return unit >= u'a' && unit <= u'z';
+}
+
 bool is_all_upper(std::u16string_view text) {
-    return std::none_of(text.begin(), text.end(),
-                        [](char16_t unit) { return unit >= u'a' && unit <= u'z'; });
+    return std::none_of(text.begin(), text.end(), is_lower);
 }
 
 bool has_blank(std::u16string_view text) {
-    return text.find(u' ') != std::u16string_view::npos;
+    return holds(text, u' ');
 }
 
 bool has_underscore(std::u16string_view text) {
-    return text.find(u'_') != std::u16string_view::npos;
+    return holds(text, u'_');
+}
+
+/// What a sign of a name adds to its likeness.
+constexpr double points_if(bool holds, double points) {
+    return holds ? points : 0;
 }
 
 /// What the digits of a name and of the values say: names have few.
 double likeness_by_digits(std::u16string_view name, const ColumnBelow& below) {
+    const double with_digits = below.share(has_digit);
     if (!has_digit(name)) {
-        return below.share(has_digit) > 0.6 ? 1 : 0;
+        return points_if(with_digits > 0.6, 1);
     }
-    const bool is_like_values =
-        below.share([&](auto text) { return have_one_pattern(text, name); }) > 0.5;
-    return (is_like_values ? -2 : 0) - (below.share(has_digit) > 0.9 ? 0.5 : 0);
+    const double like_name =
+        below.share([name](auto text) { return have_one_pattern(text, name); });
+    return points_if(like_name > 0.5, -2) + points_if(with_digits > 0.9, -0.5);
 }
 
 /// What the case of a name and of the values says: they differ.
 double likeness_by_case(std::u16string_view name, const ColumnBelow& below) {
-    double likeness = 0;
-    if (ascii::is_letter(name.front()) && !starts_upper(name) && below.share(starts_upper) > 0.8) {
-        likeness += 1;
-    }
-    if (is_all_upper(name) != (below.share(is_all_upper) > 0.5)) {
-        likeness += is_all_upper(name) ? 0.8 : 0.4;
-    }
-    return likeness;
+    const bool is_lower_over_upper = is_lower(name.front()) && below.share(starts_upper) > 0.8;
+    const bool is_upper = is_all_upper(name);
+    const bool is_other_case = is_upper != (below.share(is_all_upper) > 0.5);
+    return points_if(is_lower_over_upper, 1) + points_if(is_other_case, is_upper ? 0.8 : 0.4);
+}
+
+bool are_of_other_lengths(std::u16string_view one, std::u16string_view other) {
+    const auto [shorter, longer] = std::minmax({one.size(), other.size()});
+    return longer > 2 * shorter + 2;
 }
 
 /// What lengths and blanks say: a name is one word over values of several, or of another length.
 double likeness_by_form(std::u16string_view name, const ColumnBelow& below) {
-    double likeness = 0;
-    if (!has_blank(name) && below.share(has_blank) > 0.6) {
-        likeness += 0.5;
-    }
-    if (has_underscore(name) && below.share(has_underscore) < 0.2) {
-        likeness += 1;
-    }
-    const std::size_t length = name.size();
-    const auto is_of_another_length = [&](std::u16string_view text) {
-        return text.size() > 2 * length + 2 || length > 2 * text.size() + 2;
-    };
-    return likeness + (below.share(is_of_another_length) > 0.8 ? 0.5 : 0);
+    const bool is_word_over_several = !has_blank(name) && below.share(has_blank) > 0.6;
+    const bool has_lone_underscore = has_underscore(name) && below.share(has_underscore) < 0.2;
+    const double of_other_length =
+        below.share([name](auto text) { return are_of_other_lengths(name, text); });
+    return points_if(is_word_over_several, 0.5) + points_if(has_lone_underscore, 1) +
+           points_if(of_other_length > 0.8, 0.5);
+}
+
+bool is_plain_name(std::u16string_view name) {
+    return has_letter(name) && !has_digit(name) && !stands_for_nothing(name);
 }
 
 /// Whether a word stands over a column of numbers, which are texts because they are in quotes. One
 /// of these may be another name, and a few may be words for missing values.
 bool is_word_over_numbers(std::u16string_view cell, const ColumnBelow& below) {
     constexpr std::size_t least_numbers = 3;
-    const std::u16string_view name = bare(cell);
-    if (!has_letter(name) || has_digit(name) || stands_for_nothing(name)) {
+    if (!is_plain_name(bare(cell))) {
         return false;
     }
     const std::size_t numbers = below.count(looks_like_number);
@@ -188,42 +194,54 @@ double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
     if (name.empty()) {
         return -1;
     }
-    if (below.share([&](auto text) { return equal_texts(text, name); }) > 0) {
+    if (below.count([name](auto text) { return ascii::equals_ignoring_case(text, name); }) != 0) {
         return -3;
     }
     if (!has_letter(name)) {
         return -2;
     }
-    return (is_usual_name(name) ? 1.5 : 0) + (below.repeats() ? 1 : 0) +
+    return points_if(is_usual_name(name), 1.5) + points_if(below.repeats(), 1) +
            likeness_by_digits(name, below) + likeness_by_case(name, below) +
            likeness_by_form(name, below);
+}
+
+/// Whether a text has such a quote, or a usual one, at both ends.
+bool is_in_quotes(std::u16string_view text, char16_t quote) {
+    if (text.size() < 2 || text.front() != text.back()) {
+        return false;
+    }
+    return holds(u"\"'", text.front()) || (text.front() == quote && quote != 0);
+}
+
+/// Whether two cells at the beginning of a row are the same name.
+bool has_a_name_twice(const std::vector<std::u16string_view>& row) {
+    constexpr std::size_t most_compared = 18;
+    std::vector<std::u16string_view> names;
+    for (const std::u16string_view cell :
+         std::span(row).first(std::min(row.size(), most_compared))) {
+        const std::u16string_view name = bare(cell);
+        const auto is_same = [name](auto other) {
+            return ascii::equals_ignoring_case(other, name);
+        };
+        if (!name.empty() && std::any_of(names.begin(), names.end(), is_same)) {
+            return true;
+        }
+        names.push_back(name);
+    }
+    return false;
 }
 
 } // namespace
 
 std::u16string_view bare(std::u16string_view cell, char16_t quote) noexcept {
-    std::u16string_view text = trimmed(cell);
-    if (text.size() >= 2 && text.front() == text.back() &&
-        (text.front() == u'"' || text.front() == u'\'' || (text.front() == quote && quote != 0))) {
-        text = text.substr(1, text.size() - 2);
-    }
-    return trimmed(text);
+    const std::u16string_view text = trimmed(cell);
+    return is_in_quotes(text, quote) ? trimmed(text.substr(1, text.size() - 2)) : text;
 }
 
 bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid& grid) {
     constexpr double least_mean = 0.5;
-    if (grid.rows() == 0) {
+    if (grid.rows() == 0 || has_a_name_twice(row)) {
         return false;
-    }
-    for (std::size_t one = 0; one < row.size(); ++one) {
-        for (std::size_t other = 0; other < one; ++other) {
-            if (!bare(row[one]).empty() && equal_texts(bare(row[one]), bare(row[other]))) {
-                return false;
-            }
-        }
-        if (one > 16) {
-            break;
-        }
     }
     if (names_by_numbering(row, grid)) {
         return true;
@@ -242,12 +260,13 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
 }
 
 bool begins_with_key(const std::vector<std::u16string_view>& row, const Grid& grid) {
-    if (row.empty() || grid.columns == 0 || !trimmed(row.front()).ends_with(u':')) {
+    const auto is_key = [](std::u16string_view cell) { return trimmed(cell).ends_with(u':'); };
+    if (row.empty() || !is_key(row.front())) {
         return false;
     }
     std::size_t keys = 0;
     for (std::size_t below = 0; below < grid.rows(); ++below) {
-        keys += trimmed(grid.cell(below, 0)).ends_with(u':') ? 1U : 0U;
+        keys += one_if(is_key(grid.cell(below, 0)));
     }
     return keys * 2 > grid.rows();
 }

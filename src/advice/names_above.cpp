@@ -8,6 +8,7 @@
 #include "advice/number_shape.hpp"
 
 #include <algorithm>
+#include <utility>
 
 namespace textio::advice {
 
@@ -25,11 +26,13 @@ Words words_of(std::u16string_view text, std::size_t gap) {
 
 Words split(std::u16string_view text, std::u16string_view delimiter) {
     Words parts;
-    std::size_t at = 0;
-    while (at != std::u16string_view::npos) {
-        parts.push_back(trimmed(text.substr(0, at = text.find(delimiter))));
-        text = at == std::u16string_view::npos ? text : text.substr(at + delimiter.size());
+    std::size_t end = text.find(delimiter);
+    while (end != std::u16string_view::npos) {
+        parts.push_back(trimmed(text.substr(0, end)));
+        text.remove_prefix(end + delimiter.size());
+        end = text.find(delimiter);
     }
+    parts.push_back(trimmed(text));
     return parts;
 }
 
@@ -47,48 +50,63 @@ bool can_head(std::size_t words, std::size_t columns) {
     return words > 1 && words * 5 >= columns * 3 && words * 2 <= columns * 3;
 }
 
-/// The parts of a line that may be names, cut as the table's rows are. In a comment a word may
-/// stand in front of the names, and a last name may be missing.
-Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment) {
-    if (reading.is_at_positions()) {
-        return words_of(text, 2);
-    }
-    if (reading.is_blank_separated()) {
-        Words words = words_of(text, 1);
-        Words parts = words_of(text, 2);
-        const bool are_single =
-            words.size() == reading.columns ||
-            (!can_head(parts.size(), reading.columns) && !reads_like_a_sentence(text));
-        return are_single ? words : parts;
-    }
-    Words parts = split(text, reading.delimiter);
+/// Words, or parts with more than one blank between them where these fit better.
+Words parts_at_blanks(std::u16string_view text, std::size_t columns) {
+    Words words = words_of(text, 1);
+    Words parts = words_of(text, 2);
+    const bool are_single = words.size() == columns ||
+                            (!can_head(parts.size(), columns) && !reads_like_a_sentence(text));
+    return are_single ? words : parts;
+}
+
+void leave_out_empty_edges(const Reading& reading, Words& parts) {
     if (reading.edges.leading && parts.front().empty()) {
         parts.erase(parts.begin());
     }
     while (reading.edges.trailing != 0 && parts.size() > reading.columns && parts.back().empty()) {
         parts.pop_back();
     }
-    if (is_comment && parts.size() == reading.columns + 1) {
+}
+
+/// In a comment a word may stand in front of the names, and a last name may be missing.
+void fit_comment(std::size_t columns, Words& parts) {
+    if (parts.size() == columns + 1) {
         parts.erase(parts.begin());
-    } else if (is_comment && reading.columns > 2 && parts.size() + 1 == reading.columns) {
+    } else if (columns > 2 && parts.size() + 1 == columns) {
         parts.emplace_back();
+    }
+}
+
+Words parts_at_delimiter(const Reading& reading, std::u16string_view text, bool is_comment) {
+    Words parts = split(text, reading.delimiter);
+    leave_out_empty_edges(reading, parts);
+    if (is_comment) {
+        fit_comment(reading.columns, parts);
     }
     return parts.size() == reading.columns ? parts : words_of(text, 1);
 }
 
 /// Parts between other signs, if one cuts a line into as many as the table has columns.
-Words parts_between_signs(const Reading& reading, std::u16string_view text) {
+Words parts_between_signs(std::u16string_view text, std::size_t columns) {
     constexpr std::size_t least_columns = 3; // a sentence may have a comma
-    if (reading.columns >= least_columns) {
-        for (const std::u16string_view sign : {u"\t", u"|", u";", u","}) {
-            Words parts = split(text, sign);
-            if (parts.size() == reading.columns &&
-                std::count(parts.begin(), parts.end(), std::u16string_view()) == 0) {
-                return parts;
-            }
+    for (const std::u16string_view sign : {u"\t", u"|", u";", u","}) {
+        Words parts = split(text, sign);
+        const bool are_full =
+            std::find(parts.begin(), parts.end(), std::u16string_view()) == parts.end();
+        if (columns >= least_columns && parts.size() == columns && are_full) {
+            return parts;
         }
     }
     return {};
+}
+
+/// The parts of a line that may be names, cut as the table's rows are.
+Words parts_of(const Reading& reading, std::u16string_view text, bool is_comment) {
+    if (reading.is_at_positions()) {
+        return words_of(text, 2);
+    }
+    return reading.is_blank_separated() ? parts_at_blanks(text, reading.columns)
+                                        : parts_at_delimiter(reading, text, is_comment);
 }
 
 bool are_mostly_numbers(const Words& words) {
@@ -102,7 +120,33 @@ struct HeadingLine {
     bool is_comment = false;
     std::size_t parts = 0; ///< parts that it was cut into
     Words names;           ///< empty if they cannot be told apart
+
+    /// Whether no line above it is looked at. A ruler or a single word may stand between the names
+    /// and the data, no sentence. Names in comments may have a line of types below them.
+    [[nodiscard]] bool ends_search(bool has_found_names) const {
+        return has_names ? !is_comment : has_found_names || parts > 1;
+    }
 };
+
+/// Whether a line can head the table though its parts are not as many as the columns.
+bool can_head_apart(const Reading& reading, const HeadingLine& heading) {
+    return !reading.is_delimited() && can_head(heading.parts, reading.columns) &&
+           (!heading.is_comment || reading.is_at_positions());
+}
+
+/// Takes the words over each column for its name. Words that stand flush over most columns are
+/// names, however few blanks are between them.
+void cut_over_columns(const Reading& reading, const FieldArray& raw_lines,
+                      std::size_t first_data_line, std::u16string_view text, HeadingLine& heading) {
+    if (!reading.is_at_positions() && !(heading.has_names && reading.is_blank_separated())) {
+        return;
+    }
+    NamesOverColumns over = cut_heading(reading, raw_lines, first_data_line, text);
+    heading.has_names = heading.has_names || (over.stand_flush && !are_mostly_numbers(over.names));
+    if (heading.has_names) {
+        heading.names = std::move(over.names);
+    }
+}
 
 HeadingLine heading_at(const Reading& reading, const FieldArray& raw_lines,
                        std::u16string_view opener, std::size_t line, std::size_t first_data_line) {
@@ -117,21 +161,17 @@ HeadingLine heading_at(const Reading& reading, const FieldArray& raw_lines,
     Words parts = parts_of(reading, said, heading.is_comment);
     heading.parts = parts.size();
     if (parts.size() != reading.columns) {
-        const Words between_signs = parts_between_signs(reading, said);
-        parts = between_signs.empty() ? parts : between_signs;
+        Words between_signs = parts_between_signs(said, reading.columns);
+        if (!between_signs.empty()) {
+            parts = std::move(between_signs);
+        }
     }
     const bool fits = parts.size() == reading.columns;
-    const bool heads = !reading.is_delimited() && can_head(parts.size(), reading.columns) &&
-                       (!heading.is_comment || reading.is_at_positions());
-    heading.has_names = (fits || heads) && !are_mostly_numbers(parts);
-    if (heading.has_names && fits) {
-        heading.names = std::move(parts);
-    } else if (!heading.is_comment &&
-               (reading.is_at_positions() || (heading.has_names && reading.is_blank_separated()))) {
-        NamesOverColumns over = cut_heading(reading, raw_lines, first_data_line, text);
-        heading.has_names =
-            heading.has_names || (over.stand_flush && !are_mostly_numbers(over.names));
-        heading.names = heading.has_names ? std::move(over.names) : Words();
+    heading.has_names = (fits || can_head_apart(reading, heading)) && !are_mostly_numbers(parts);
+    if (fits) {
+        heading.names = heading.has_names ? std::move(parts) : Words();
+    } else if (!heading.is_comment) {
+        cut_over_columns(reading, raw_lines, first_data_line, text, heading);
     }
     return heading;
 }
@@ -142,19 +182,15 @@ NamesAbove find_names_above(const Reading& reading, const FieldArray& raw_lines,
                             std::u16string_view opener, std::size_t first_data_line) {
     constexpr std::size_t most_lines = 4;
     NamesAbove found;
-    std::size_t line = std::min(first_data_line, raw_lines.line_count());
-    for (std::size_t looked_at = 0; line > 0 && looked_at < most_lines; ++looked_at) {
-        --line;
-        const HeadingLine heading = heading_at(reading, raw_lines, opener, line, first_data_line);
+    const std::size_t below = std::min(first_data_line, raw_lines.line_count());
+    const std::size_t last = below - std::min(below, most_lines);
+    for (std::size_t line = below; line > last; --line) {
+        HeadingLine heading = heading_at(reading, raw_lines, opener, line - 1, first_data_line);
+        const bool is_last = heading.ends_search(found.line != SIZE_MAX);
         if (heading.has_names) {
-            found.line = line;
-            found.names = heading.names;
+            found = {line - 1, std::move(heading.names)};
         }
-        // A ruler or a single word may stand between the names and the data, no sentence. Names in
-        // comments may have a line of types below them.
-        const bool ends =
-            heading.has_names ? !heading.is_comment : found.line != SIZE_MAX || heading.parts > 1;
-        if (ends) {
+        if (is_last) {
             break;
         }
     }

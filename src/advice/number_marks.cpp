@@ -2,38 +2,41 @@
 
 #include "ascii.hpp"
 
-#include <algorithm>
-
 namespace textio::advice {
 
+namespace {
+
+/// Whether the one mark of a number, at a place in it, could separate thousands: behind up to three
+/// digits, no 0 in front, and before three.
+bool could_be_group(std::u16string_view number, std::size_t mark) {
+    const std::size_t lead = ascii::skip_sign(number, 0);
+    const std::size_t digits = mark - lead;
+    const std::size_t end = ascii::skip_digits(number, mark + 1);
+    const bool is_lead = digits >= 1 && digits <= 3 && number[lead] != u'0';
+    return is_lead && end - mark == 4 && end == number.size();
+}
+
+} // namespace
+
 void NumberMarks::add(std::u16string_view number) noexcept {
-    std::size_t first = std::u16string_view::npos;
-    std::size_t last = first;
-    for (std::size_t at = 0; at < number.size(); ++at) {
-        if (number[at] == u'.' || number[at] == u',') {
-            first = std::min(first, at);
-            last = at;
-        }
-    }
-    if (last == std::u16string_view::npos) {
+    const std::size_t first = number.find_first_of(u".,");
+    if (first == std::u16string_view::npos) {
         return;
     }
+    const std::size_t last = number.find_last_of(u".,");
     Mark& mark = number[last] == u'.' ? point_ : comma_;
     if (number[first] != number[last]) {
         ++mark.decimal;
-        ++(number[last] == u'.' ? comma_ : point_).thousands;
-        return;
-    }
-    if (first != last) {
+        ++(&mark == &point_ ? comma_ : point_).thousands;
+    } else if (first != last) {
         ++mark.thousands;
-        return;
+    } else {
+        ++(could_be_group(number, last) ? mark.either : mark.decimal);
     }
-    const std::size_t lead = ascii::skip_sign(number, 0);
-    const std::size_t digits = first - lead;
-    const std::size_t fraction_end = ascii::skip_digits(number, last + 1);
-    const bool is_group = fraction_end - last == 4 && digits >= 1 && digits <= 3 &&
-                          number[lead] != u'0' && fraction_end == number.size();
-    ++(is_group ? mark.either : mark.decimal);
+}
+
+bool NumberMarks::Mark::may_separate() const noexcept {
+    return thousands + either > 0 && decimal == 0;
 }
 
 bool NumberMarks::are_settled() const noexcept {
@@ -43,28 +46,21 @@ bool NumberMarks::are_settled() const noexcept {
 }
 
 char16_t NumberMarks::decimal_mark() const noexcept {
-    if (point_.decimal > comma_.decimal) {
-        return u'.';
+    if (point_.decimal != comma_.decimal) {
+        return point_.decimal > comma_.decimal ? u'.' : u',';
     }
-    if (comma_.decimal > point_.decimal) {
-        return u',';
-    }
-    if (comma_.thousands > point_.thousands && point_.decimal == 0) {
-        return 0;
-    }
+    const bool are_commas_thousands = comma_.thousands > point_.thousands && point_.decimal == 0;
     // One mark before three digits everywhere: a point is a decimal point more often than not.
-    return point_.either > 0 && point_.thousands == 0 && comma_.either == 0 ? u'.' : u'\0';
+    const bool may_be_point = point_.either > 0 && point_.thousands == 0 && comma_.either == 0;
+    return may_be_point && !are_commas_thousands ? u'.' : u'\0';
 }
 
 char16_t NumberMarks::thousands_separator() const noexcept {
     const char16_t decimal = decimal_mark();
-    if (comma_.thousands + comma_.either > 0 && decimal != u',' && comma_.decimal == 0) {
+    if (decimal != u',' && comma_.may_separate()) {
         return u',';
     }
-    if (point_.thousands + point_.either > 0 && decimal != u'.' && point_.decimal == 0) {
-        return u'.';
-    }
-    return 0;
+    return decimal != u'.' && point_.may_separate() ? u'.' : u'\0';
 }
 
 } // namespace textio::advice

@@ -27,6 +27,9 @@ private:
         std::size_t decimal = 0;   ///< numbers in which it can only be the decimal mark
         std::size_t thousands = 0; ///< numbers in which it can only separate thousands
         std::size_t either = 0;    ///< numbers in which it could be one or the other
+
+        /// Whether it separates thousands if it is not the decimal mark.
+        [[nodiscard]] bool may_separate() const noexcept;
     };
     Mark point_;
     Mark comma_;

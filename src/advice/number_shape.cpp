@@ -1,5 +1,7 @@
 #include "advice/number_shape.hpp"
 
+#include "advice/counts.hpp"
+#include "advice/parts.hpp"
 #include "ascii.hpp"
 
 namespace textio::advice {
@@ -18,56 +20,63 @@ struct NumberScan {
         at = ascii::skip_digits(text, at);
         return at - start;
     }
+    /// Goes behind one of some units, none of which is 0; gives whether such a one stood here.
+    bool skip_one_of(std::u16string_view units) {
+        const bool stands_here = holds(units, unit());
+        at += one_if(stands_here);
+        return stands_here;
+    }
 };
 
-constexpr bool is_mark(char16_t unit) {
-    return unit == u'.' || unit == u',';
+constexpr std::size_t group_digits = 3;
+
+constexpr std::u16string_view marks = u".,";
+
+/// What stands behind the first mark of a number.
+struct Groups {
+    std::size_t count = 0;
+    std::size_t digits = 0; ///< in all of them
+    std::size_t last = 0;   ///< digits of the last one
+};
+
+/// Goes behind a mark and some digits, and behind more of the same as long as these are three.
+Groups scan_groups(NumberScan& scan, std::u16string_view mark) {
+    Groups groups;
+    while ((groups.count == 0 || groups.last == group_digits) && scan.skip_one_of(mark)) {
+        groups.last = scan.digits();
+        groups.digits += groups.last;
+        ++groups.count;
+    }
+    return groups;
 }
 
 /// Digits with marks among them: at most one kind of mark stands before groups of three, and at
 /// most one mark of the other kind stands behind those. Gives whether there was a digit.
 bool scan_mantissa(NumberScan& scan) {
-    std::size_t total = scan.digits();
-    const std::size_t lead = total;
-    if (!is_mark(scan.unit())) {
-        return total > 0;
+    const std::size_t lead = scan.digits();
+    const std::size_t mark = marks.find(scan.unit());
+    if (mark == std::u16string_view::npos) {
+        return lead > 0;
     }
-    const char16_t first = scan.unit();
-    ++scan.at;
-    std::size_t group = scan.digits();
-    total += group;
-    std::size_t groups = 1;
-    while (scan.unit() == first && group == 3) {
-        ++scan.at;
-        group = scan.digits();
-        total += group;
-        ++groups;
-    }
-    if (groups > 1 && (group != 3 || lead == 0 || lead > 3)) {
+    const Groups groups = scan_groups(scan, marks.substr(mark, 1));
+    const bool are_thousands = lead > 0 && lead <= group_digits && groups.last == group_digits;
+    if (!are_thousands && groups.count > 1) {
         return false;
     }
-    if (is_mark(scan.unit()) && scan.unit() != first && group == 3 && lead > 0 && lead <= 3) {
-        ++scan.at;
-        total += scan.digits();
-    }
-    return total > 0;
+    const bool has_fraction = are_thousands && scan.skip_one_of(marks);
+    return lead + groups.digits + (has_fraction ? scan.digits() : 0) > 0;
 }
 
-bool scan_exponent(NumberScan& scan) {
-    const char16_t unit = ascii::to_upper(scan.unit());
-    if (unit != u'E' && unit != u'D') {
-        return false;
+void scan_exponent(NumberScan& scan) {
+    if (!holds(u"EeDd", scan.unit())) {
+        return;
     }
     const std::size_t digits = ascii::skip_sign(scan.text, scan.at + 1);
     const std::size_t end = ascii::skip_digits(scan.text, digits);
-    if (end == digits) {
-        return false;
+    if (end != digits) {
+        scan.at = end;
     }
-    scan.at = end;
-    return true;
 }
-
-constexpr std::size_t group_digits = 3;
 
 bool are_digits(std::u16string_view text) {
     return !text.empty() && ascii::skip_digits(text, ascii::skip_sign(text, 0)) == text.size();
@@ -80,60 +89,61 @@ bool is_group(std::u16string_view text) {
 /// The digits behind the last comma, if nothing follows them but the point of a group; or 0.
 std::size_t last_digits(std::u16string_view text) {
     const std::size_t end = ascii::skip_digits(text, 0);
-    const bool has_point = end == group_digits && end < text.size() && text[end] == u'.';
+    const bool has_point = end == group_digits && text.substr(end).starts_with(u'.');
     return end == text.size() || has_point ? end : 0;
+}
+
+/// A group of digits, perhaps with a sign in front.
+bool is_short(std::u16string_view lead) {
+    return lead.size() <= group_digits + 1;
+}
+
+constexpr std::size_t most_parts = 3; ///< that commas cut a number into
+
+/// Whether what stands in front of a row's last comma can be the front of a number.
+bool leads_number(const Grid& grid, std::size_t row) {
+    const std::u16string_view lead = grid.cell(row, 0);
+    const bool has_groups = grid.columns == most_parts;
+    return are_digits(lead) && (!has_groups || (is_short(lead) && is_group(grid.cell(row, 1))));
 }
 
 } // namespace
 
 bool looks_like_number(std::u16string_view text) noexcept {
-    NumberScan scan{text};
-    scan.at = ascii::skip_digits(text, 0);
+    NumberScan scan{text, ascii::skip_digits(text, 0)};
     if (scan.ended()) {
         return !text.empty();
     }
     scan.at = ascii::skip_sign(text, 0);
-    constexpr std::u16string_view currencies = u"$\u20AC\u00A3\u00A5";
-    if (!scan.ended() && currencies.find(scan.unit()) != std::u16string_view::npos) {
-        ++scan.at;
-    }
-    if (scan.unit() == u'<' || scan.unit() == u'>') {
-        ++scan.at;
-    }
+    scan.skip_one_of(u"$\u20AC\u00A3\u00A5");
+    scan.skip_one_of(u"<>");
     if (!scan_mantissa(scan)) {
         return false;
     }
     scan_exponent(scan);
-    if (scan.unit() == u'%') {
-        ++scan.at;
-    }
+    scan.skip_one_of(u"%");
     return scan.ended();
 }
 
 bool cuts_numbers(const Grid& grid) noexcept {
-    constexpr std::size_t most_parts = 3;
     constexpr std::size_t least_digits = 2;
+    constexpr std::size_t many_rows = 5;
     if (grid.columns > most_parts || grid.rows() < 3) {
         return false;
     }
-    const bool has_groups = grid.columns == most_parts;
     const std::size_t digits = last_digits(grid.cell(0, grid.columns - 1));
-    constexpr std::size_t many_rows = 5;
-    bool has_zero = false;
-    bool has_points = grid.rows() >= many_rows;
+    std::size_t with_zero = 0;
+    std::size_t with_point = 0;
     for (std::size_t row = 0; row < grid.rows(); ++row) {
-        const std::u16string_view lead = grid.cell(row, 0);
         const std::u16string_view last = grid.cell(row, grid.columns - 1);
-        const bool has_lead =
-            are_digits(lead) &&
-            (!has_groups || (lead.size() <= group_digits + 1 && is_group(grid.cell(row, 1))));
-        if (!has_lead || digits < least_digits || last_digits(last) != digits) {
+        if (!leads_number(grid, row) || last_digits(last) != digits) {
             return false;
         }
-        has_zero = has_zero || last.front() == u'0';
-        has_points = has_points && last.size() > digits && lead.size() <= group_digits + 1;
+        with_zero += one_if(last.starts_with(u'0'));
+        with_point += one_if(last.size() > digits && is_short(grid.cell(row, 0)));
     }
-    return has_zero || has_points;
+    const bool have_points = with_point == grid.rows() && with_point >= many_rows;
+    return digits >= least_digits && (with_zero != 0 || have_points);
 }
 
 } // namespace textio::advice

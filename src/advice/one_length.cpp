@@ -1,5 +1,7 @@
 #include "advice/one_length.hpp"
 
+#include "advice/counts.hpp"
+#include "advice/lines.hpp"
 #include "ascii.hpp"
 
 #include <algorithm>
@@ -14,13 +16,11 @@ constexpr std::size_t least_length = 20;
 
 /// The length that more lines have than any other, if half of them have it.
 std::size_t commonest_length(const FieldArray& lines) {
-    std::size_t length = 0;
-    std::size_t votes = 0;
+    MajorityVote<std::size_t> vote;
     for (const Field& line : lines.fields) {
-        length = votes == 0 ? line.size : length;
-        votes = line.size == length ? votes + 1 : votes - 1;
+        vote.add(line.size);
     }
-    return length;
+    return vote.value();
 }
 
 enum class UnitKind : std::uint8_t { blank, digit, other };
@@ -32,6 +32,16 @@ UnitKind kind_of(char16_t unit) {
     return ascii::is_digit(unit) || unit == u'.' ? UnitKind::digit : UnitKind::other;
 }
 
+/// Counts each place of a line where something else begins than stood before.
+void count_changes(std::u16string_view line, std::vector<std::size_t>& changes) {
+    UnitKind last = UnitKind::blank;
+    for (std::size_t at = 0; at < line.size(); ++at) {
+        const UnitKind kind = kind_of(line[at]);
+        changes[at] += one_if(kind != UnitKind::blank && kind != last);
+        last = kind;
+    }
+}
+
 /// Where on nearly all lines something else begins than stood before.
 std::vector<std::size_t> starts_where_units_change(const FieldArray& lines, std::size_t length) {
     constexpr std::size_t most_lines = 100;
@@ -39,13 +49,8 @@ std::vector<std::size_t> starts_where_units_change(const FieldArray& lines, std:
     const std::size_t step = lines.fields.size() / (most_lines + 1) + 1;
     std::size_t looked_at = 0;
     for (std::size_t index = 0; index < lines.fields.size(); index += step) {
-        const Field& line = lines.fields[index];
+        count_changes(lines.fields[index].view().substr(0, length), changes);
         ++looked_at;
-        const std::size_t end = std::min(length, line.size);
-        for (std::size_t at = 1; at < end; ++at) {
-            const UnitKind kind = kind_of(line.data[at]);
-            changes[at] += kind != UnitKind::blank && kind != kind_of(line.data[at - 1]) ? 1U : 0U;
-        }
     }
     std::vector<std::size_t> starts{0};
     for (std::size_t at = 1; at < length; ++at) {
@@ -63,6 +68,10 @@ std::size_t count_lines(const FieldArray& lines, Property property) {
                       [&](const Field& line) { return property(line.view()); }));
 }
 
+bool has_blank(std::u16string_view line) {
+    return holds(line, u' ');
+}
+
 } // namespace
 
 std::optional<Positions> find_records_of_one_length(const FieldArray& lines) {
@@ -72,19 +81,13 @@ std::optional<Positions> find_records_of_one_length(const FieldArray& lines) {
         return std::nullopt;
     }
     const std::size_t same =
-        count_lines(lines, [&](std::u16string_view line) { return line.size() == length; });
-    const std::size_t with_digit = count_lines(lines, [](std::u16string_view line) {
-        return std::any_of(line.begin(), line.end(), ascii::is_digit);
-    });
-    if (same * 4 < records * 3 || with_digit * 10 < records * 7) {
+        count_lines(lines, [length](std::u16string_view line) { return line.size() == length; });
+    if (same * 4 < records * 3 || count_lines(lines, has_digit) * 10 < records * 7) {
         return std::nullopt;
     }
     Positions found;
     found.starts = starts_where_units_change(lines, length);
-    const std::size_t with_blank = count_lines(lines, [](std::u16string_view line) {
-        return line.find(u' ') != std::u16string_view::npos;
-    });
-    if (with_blank * 2 < records && found.starts.size() < 3) {
+    if (found.starts.size() < 3 && count_lines(lines, has_blank) * 2 < records) {
         return std::nullopt;
     }
     found.last_line = lines.line_count() - 1;

@@ -1,6 +1,7 @@
 #include "advice/positions.hpp"
 
 #include "advice/column_evidence.hpp"
+#include "advice/counts.hpp"
 #include "advice/heading.hpp"
 #include "advice/lines.hpp"
 #include "advice/regions.hpp"
@@ -28,7 +29,7 @@ public:
             rows_ = 0;
         }
         sum_ += keeps ? 1 : -2;
-        kept_ += keeps ? 1U : 0U;
+        kept_ += one_if(keeps);
         ++rows_;
         ++positions_.behind;
         if (sum_ > best_) {
@@ -54,12 +55,10 @@ private:
 void find_run(const FieldArray& lines, std::size_t first, Positions& positions) {
     positions.all = lines.fields.size();
     PositionsRun run(positions);
-    for (std::size_t line = first; line < lines.line_count(); ++line) {
-        const auto text = text_of(lines, line);
-        if (!text.empty()) {
-            run.add(line, !is_crossed(text, positions.starts));
-        }
-    }
+    for_each_filled_line(lines, first, lines.line_count(),
+                         [&](std::size_t line, std::u16string_view text) {
+                             run.add(line, !is_crossed(text, positions.starts));
+                         });
 }
 
 /// Collects sets of columns, each of them once.
@@ -77,6 +76,10 @@ public:
 private:
     std::vector<Positions> found_;
 };
+
+std::u16string_view line_above(const FieldArray& lines, std::size_t line) {
+    return line == 0 ? std::u16string_view() : text_of(lines, line - 1);
+}
 
 /// Whether the two lines above a heading stand in the columns as it does: then it is a row as well.
 bool is_among_rows(const FieldArray& lines, std::size_t heading, const Starts& starts,
@@ -102,22 +105,21 @@ void add_columns_of_region(const FieldArray& lines, Region region, FoundPosition
         return;
     }
     positions.has_gaps = have_gaps(counts, most, starts);
-    std::vector<ColumnEdges> edges;
-    const std::u16string_view heading =
-        region.first == 0 ? std::u16string_view() : text_of(lines, region.first - 1);
+    const std::u16string_view heading = line_above(lines, region.first);
+    Starts named = starts;
     if (!heading.empty()) {
-        Starts named = starts;
         join_unnamed(heading, counts, most, named);
-        edges = edges_of(filled, named);
-        positions.has_heading = stands_flush(heading, named, edges) &&
-                                !is_among_rows(lines, region.first - 1, named, edges);
-        starts = positions.has_heading ? named : starts;
+    }
+    auto edges = edges_of(filled, named);
+    positions.has_heading = !heading.empty() && stands_flush(heading, named, edges) &&
+                            !is_among_rows(lines, region.first - 1, named, edges);
+    if (positions.has_heading) {
+        starts = std::move(named);
+    } else if (named.size() != starts.size()) {
+        edges = edges_of(filled, starts);
     }
     find_run(lines, region.first, positions);
     if (found.are_new(positions)) {
-        if (edges.size() != starts.size()) {
-            edges = edges_of(filled, starts);
-        }
         positions.alignment = alignment_of(edges);
         positions.has_padding = are_mostly_padded(filled, starts);
         found.add(std::move(positions));
@@ -158,16 +160,22 @@ void add_columns_below_ruler(const FieldArray& lines, Region ruler, FoundPositio
     }
 }
 
+void add_cells(std::u16string_view line, const Positions& positions, Grid& grid) {
+    for (std::size_t column = 0; column < grid.columns; ++column) {
+        grid.cells.push_back(cell_at(line, positions, column));
+    }
+}
+
 } // namespace
 
 double Positions::consistency() const noexcept {
     const double weighed =
         static_cast<double>(rows) + weights::behind_run * static_cast<double>(behind);
-    return rows == 0 ? 0 : static_cast<double>(kept) / weighed;
+    return share_of(static_cast<double>(kept), weighed);
 }
 
 double Positions::coverage() const noexcept {
-    return all == 0 ? 0 : static_cast<double>(kept) / static_cast<double>(all);
+    return share_of(kept, all);
 }
 
 std::vector<Positions> find_positions(const FieldArray& lines) {
@@ -195,29 +203,28 @@ Grid grid_of(const FieldArray& lines, const Positions& positions) {
     grid.columns = positions.starts.size();
     RowPicker picker(positions.rows, grid.columns);
     grid.cells.reserve(grid.columns * picker.most());
-    for (std::size_t line = positions.first_line; line <= positions.last_line; ++line) {
-        const std::u16string_view text = text_of(lines, line);
-        if (!text.empty() && picker.takes()) {
-            for (std::size_t column = 0; column < grid.columns; ++column) {
-                grid.cells.push_back(cell_at(text, positions, column));
-            }
-        }
-    }
+    for_each_filled_line(lines, positions.first_line, positions.last_line + 1,
+                         [&](std::size_t, std::u16string_view text) {
+                             if (picker.takes()) {
+                                 add_cells(text, positions, grid);
+                             }
+                         });
     return grid;
 }
 
 std::vector<std::size_t> widths_of(const FieldArray& lines, const Positions& positions) {
+    const std::size_t end = std::min(positions.last_line + 1, lines.line_count());
     std::size_t longest = 0;
-    const std::size_t end_of_lines = std::min(positions.last_line + 1, lines.line_count());
-    for (std::size_t line = positions.first_line; line < end_of_lines; ++line) {
-        longest = std::max(longest, text_of(lines, line).size());
-    }
+    for_each_filled_line(
+        lines, positions.first_line, end,
+        [&](std::size_t, std::u16string_view text) { longest = std::max(longest, text.size()); });
     std::vector<std::size_t> widths;
+    std::size_t begin = 0;
     for (std::size_t column = 0; column < positions.starts.size(); ++column) {
-        const std::size_t begin = column == 0 ? 0 : positions.starts[column];
-        const std::size_t end =
-            std::min(end_of_column(positions.starts, column), std::max(longest, begin + 1));
-        widths.push_back(end - begin);
+        const std::size_t next = end_of_column(positions.starts, column);
+        const std::size_t column_end = std::min(next, std::max(longest, begin + 1));
+        widths.push_back(column_end - begin);
+        begin = next;
     }
     return widths;
 }

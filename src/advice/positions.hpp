@@ -28,6 +28,10 @@ struct Positions {
     bool is_padded = false;          ///< the lines are all of one length
     bool has_no_columns = false;     ///< records of one length; the starts are where units change
 
+    /// Whether more than blanks on all lines shows the columns.
+    [[nodiscard]] bool are_shown() const noexcept {
+        return has_ruler || has_heading || has_gaps || is_padded;
+    }
     [[nodiscard]] double consistency() const noexcept; ///< kept, of the run and what is behind it
     [[nodiscard]] double coverage() const noexcept;    ///< kept, of all filled lines
 };

@@ -83,4 +83,9 @@ struct Reading {
     [[nodiscard]] bool is_line_by_line() const { return mode == enums::StrategyMode::line_reader; }
 };
 
+/// The order of readings, the best first.
+[[nodiscard]] inline bool is_better(const Reading& one, const Reading& other) {
+    return one.score > other.score;
+}
+
 } // namespace textio::advice

@@ -33,24 +33,19 @@ private:
         }
     }
 
-    /// The first line, the second, and what follows a ruler.
+    /// The first filled line, the second, and what follows a ruler.
     void add_beginnings() {
         std::size_t filled = 0;
         std::size_t ruler = SIZE_MAX;
-        for (std::size_t line = 0; line < end_; ++line) {
-            const auto text = text_of(lines_, line);
-            if (text.empty()) {
-                continue;
-            }
-            if (filled < 2) {
+        for_each_filled_line(lines_, 0, end_, [&](std::size_t line, std::u16string_view text) {
+            if (filled++ < 2) {
                 add({line, end_});
             }
             if (ruler != SIZE_MAX) {
                 keep_ruler({ruler, line});
             }
             ruler = says_nothing(text) ? line : SIZE_MAX;
-            ++filled;
-        }
+        });
         for (const Region& found : found_.rulers) {
             add({found.end, end_});
         }
@@ -66,28 +61,38 @@ private:
 
     void add_block_and_settled_run() {
         Region run;
-        Region settled;
         Region block;
+        Region settled;
         Region largest;
-        for (std::size_t line = 0; line < end_; ++line) {
-            const auto text = text_of(lines_, line);
-            const std::size_t end = text.empty() ? line : line + 1;
-            const bool is_as_long =
-                line > 0 && line == run.end && text.size() == text_of(lines_, line - 1).size();
-            run = {is_as_long ? run.first : line, end};
-            block = {line > 0 && line == block.end ? block.first : line, end};
-            settled = size_of(run) > size_of(settled) ? run : settled;
-            largest = size_of(block) > size_of(largest) ? block : largest;
-        }
-        if (size_of(settled) >= least_lines) {
+        std::size_t length = 0; // of the line above
+        for_each_filled_line(lines_, 0, end_, [&](std::size_t line, std::u16string_view text) {
+            run = extended(text.size() == length ? run : Region(), line);
+            block = extended(block, line);
+            settled = larger(settled, run);
+            largest = larger(largest, block);
+            length = text.size();
+        });
+        if (is_long(settled)) {
             add({settled.first, end_});
         }
-        if (size_of(largest) >= least_lines) {
+        if (is_long(largest)) {
             add(largest);
             add({largest.first + 1, largest.end});
             add({largest.first + 1, end_});
         }
     }
+
+    /// A region and the line right behind it; or else that line alone.
+    static Region extended(Region region, std::size_t line) {
+        return {region.end == line ? region.first : line, line + 1};
+    }
+
+    /// The first one of two as large.
+    static Region larger(Region one, Region other) {
+        return size_of(other) > size_of(one) ? other : one;
+    }
+
+    static bool is_long(Region region) { return size_of(region) >= least_lines; }
 
     static std::size_t size_of(Region region) { return region.end - region.first; }
 

@@ -1,10 +1,13 @@
 #include "advice/regular_run.hpp"
 
+#include "advice/counts.hpp"
+#include "advice/lines.hpp"
 #include "advice/weights.hpp"
 
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <span>
 #include <vector>
 
 namespace textio::advice {
@@ -16,20 +19,17 @@ namespace {
 class CommonWidths {
 public:
     void add(std::size_t width) {
-        Counter* free = nullptr;
-        for (Counter& counter : counters_) {
-            if (counter.count != 0 && counter.width == width) {
-                ++counter.count;
-                return;
-            }
-            free = counter.count == 0 ? &counter : free;
-        }
-        if (free != nullptr) {
+        Counter* const known = find([width](const Counter& counter) {
+            return counter.count != 0 && counter.width == width;
+        });
+        if (known != nullptr) {
+            ++known->count;
+        } else if (Counter* const free = find(is_free)) {
             *free = {width, 1};
-            return;
-        }
-        for (Counter& counter : counters_) {
-            --counter.count;
+        } else {
+            for (Counter& counter : counters_) {
+                --counter.count;
+            }
         }
     }
 
@@ -41,6 +41,15 @@ public:
     [[nodiscard]] const std::array<Counter, 8>& counters() const { return counters_; }
 
 private:
+    static bool is_free(const Counter& counter) { return counter.count == 0; }
+
+    /// The last counter with a property; null if none has it.
+    template <class Property>
+    Counter* find(Property property) {
+        const auto found = std::find_if(counters_.rbegin(), counters_.rend(), property);
+        return found == counters_.rend() ? nullptr : &*found;
+    }
+
     std::array<Counter, 8> counters_{};
 };
 
@@ -56,16 +65,13 @@ public:
         if (sum_ <= 0 && !begin(line, keeps, lacks_last)) {
             return;
         }
-        sum_ += keeps ? 1 : lacks_last ? 0 : -2;
         ++now_.rows;
-        now_.short_rows += lacks_last ? 1U : 0U;
         if (keeps) {
-            ++now_.kept;
-            now_.last_line = line;
-            if (sum_ > best_sum_) {
-                best_sum_ = sum_;
-                best_ = now_;
-            }
+            keep(line);
+        } else if (lacks_last) {
+            ++now_.short_rows;
+        } else {
+            sum_ -= 2;
         }
     }
 
@@ -73,12 +79,21 @@ public:
     [[nodiscard]] const RegularRun& best() const { return best_; }
 
 private:
+    void keep(std::size_t line) {
+        ++sum_;
+        ++now_.kept;
+        now_.last_line = line;
+        if (sum_ > best_sum_) {
+            best_sum_ = sum_;
+            best_ = now_;
+        }
+    }
+
     /// Begins a run with a row that keeps the width, and with the rows right above that lack their
     /// last field alone; gives whether there is such a row.
     bool begin(std::size_t line, bool keeps, bool lacks_last) {
         if (!keeps) {
-            short_start_ = short_rows_ == 0 ? line : short_start_;
-            short_rows_ = lacks_last ? short_rows_ + 1 : 0;
+            note_above(line, lacks_last);
             return false;
         }
         sum_ = 0;
@@ -91,6 +106,14 @@ private:
         return true;
     }
 
+    /// Takes in a row that begins no run.
+    void note_above(std::size_t line, bool lacks_last) {
+        if (short_rows_ == 0) {
+            short_start_ = line;
+        }
+        short_rows_ = lacks_last ? short_rows_ + 1 : 0;
+    }
+
     std::size_t width_;
     bool last_is_optional_;
     std::size_t short_start_ = 0; ///< line of the first of `short_rows_`
@@ -101,16 +124,26 @@ private:
     RegularRun best_;
 };
 
-template <class Visit>
-void for_each_row(const FieldArray& sample, Visit visit) {
-    std::size_t begin = 0;
-    for (std::size_t line = 0; line < sample.line_ends.size(); ++line) {
-        const std::size_t end = sample.line_ends[line];
-        if (end != begin) {
-            visit(line, end - begin);
-        }
-        begin = end;
-    }
+/// The best run of rows of one width in a sample.
+RunSearch search_run(const FieldArray& sample, std::size_t width, bool last_is_optional) {
+    RunSearch search(width, last_is_optional);
+    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
+        search.add(line, row.size());
+    });
+    return search;
+}
+
+std::size_t rows_behind(const FieldArray& sample, std::size_t line) {
+    std::size_t count = 0;
+    for_each_row(sample,
+                 [&](std::size_t at, std::span<const Field>) { count += one_if(at > line); });
+    return count;
+}
+
+/// Whether rows have so few fields, on the average, that the first row names no columns of theirs.
+bool are_hollow(const RegularRun& run, std::size_t all_fields) {
+    constexpr std::size_t most_missing = 3; ///< two of so many fields
+    return run.rows == 0 || all_fields / run.rows < run.width / most_missing;
 }
 
 } // namespace
@@ -121,19 +154,19 @@ double RegularRun::consistency() const noexcept {
     const double fitting =
         static_cast<double>(kept) +
         (is_padded ? weights::announced_row : weights::short_row) * static_cast<double>(short_rows);
-    return rows == 0 ? 0 : fitting / weighed;
+    return share_of(fitting, weighed);
 }
 
 double RegularRun::coverage() const noexcept {
-    return all == 0 ? 0 : static_cast<double>(kept + short_rows) / static_cast<double>(all);
+    return share_of(kept + short_rows, all);
 }
 
 RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional) {
     CommonWidths widths;
     std::size_t rows = 0;
-    for_each_row(sample, [&](std::size_t, std::size_t fields) {
+    for_each_row(sample, [&](std::size_t, std::span<const Field> row) {
         ++rows;
-        widths.add(fields);
+        widths.add(row.size());
     });
     RegularRun best;
     std::int64_t best_sum = 0;
@@ -141,43 +174,35 @@ RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional) {
         if (counter.count == 0 || counter.width < 2) {
             continue;
         }
-        RunSearch search(counter.width, last_is_optional);
-        for_each_row(sample,
-                     [&](std::size_t line, std::size_t fields) { search.add(line, fields); });
+        const RunSearch search = search_run(sample, counter.width, last_is_optional);
         if (search.sum() > best_sum) {
             best_sum = search.sum();
             best = search.best();
         }
     }
     best.all = rows;
-    if (best.width != 0) {
-        for_each_row(sample, [&](std::size_t line, std::size_t) {
-            best.behind += line > best.last_line ? 1U : 0U;
-        });
-    }
+    best.behind = best.width == 0 ? 0 : rows_behind(sample, best.last_line);
     return best;
 }
 
 RegularRun find_headed_run(const FieldArray& sample) {
     constexpr std::size_t least_width = 3;
-    constexpr std::size_t most_missing = 3; ///< two of so many fields
     RegularRun run;
-    std::size_t all_fields = 0;
-    bool is_wider = false;
-    for_each_row(sample, [&](std::size_t line, std::size_t fields) {
+    std::size_t widest = 0;
+    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
         if (run.rows == 0) {
-            run.width = fields;
+            run.width = row.size();
             run.first_line = line;
         }
         ++run.rows;
         run.last_line = line;
-        is_wider = is_wider || fields > run.width;
-        all_fields += fields;
-        ++(fields == run.width ? run.kept : run.short_rows);
+        widest = std::max(widest, row.size());
+        ++(row.size() == run.width ? run.kept : run.short_rows);
     });
-    const bool is_hollow = run.rows == 0 || all_fields / run.rows < run.width / most_missing;
     const bool is_mostly_whole = run.kept * 2 > run.rows; // what is shorter is a footer then
-    if (run.width < least_width || is_wider || is_hollow || is_mostly_whole) {
+    const bool is_wider = widest > run.width;
+    if (run.width < least_width || is_wider || is_mostly_whole ||
+        are_hollow(run, sample.fields.size())) {
         return {};
     }
     run.all = run.rows;
@@ -188,18 +213,20 @@ RegularRun find_headed_run(const FieldArray& sample) {
 RegularRun find_ragged_run(const FieldArray& sample) {
     RegularRun run;
     std::vector<std::size_t> counts;
-    for_each_row(sample, [&](std::size_t line, std::size_t fields) {
-        run.first_line = run.rows == 0 ? line : run.first_line;
+    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
+        if (run.rows == 0) {
+            run.first_line = line;
+        }
         run.last_line = line;
         ++run.rows;
-        counts.resize(std::max(counts.size(), fields + 1));
-        ++counts[fields];
+        counts.resize(std::max(counts.size(), row.size() + 1));
+        ++counts[row.size()];
     });
     run.all = run.rows;
-    for_each_row(sample, [&](std::size_t, std::size_t fields) {
-        if (counts[fields] > run.kept) {
-            run.kept = counts[fields];
-            run.width = fields;
+    for_each_row(sample, [&](std::size_t, std::span<const Field> row) {
+        if (counts[row.size()] > run.kept) {
+            run.kept = counts[row.size()];
+            run.width = row.size();
         }
     });
     return run;
@@ -208,11 +235,11 @@ RegularRun find_ragged_run(const FieldArray& sample) {
 RegularRun find_last_run(const FieldArray& sample) {
     RegularRun run;
     std::size_t all = 0;
-    for_each_row(sample, [&](std::size_t line, std::size_t fields) {
+    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
         ++all;
-        if (fields != run.width) {
+        if (row.size() != run.width) {
             run = RegularRun{};
-            run.width = fields;
+            run.width = row.size();
             run.first_line = line;
         }
         ++run.kept;

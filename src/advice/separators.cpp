@@ -1,5 +1,6 @@
 #include "advice/separators.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 #include "advice/weights.hpp"
 
@@ -20,10 +21,6 @@ constexpr std::size_t most_suggested = 8;
 constexpr double least_share_of_common = 0.1;
 constexpr double least_share = 0.4;
 
-bool holds(std::u16string_view units, char16_t unit) {
-    return units.find(unit) != std::u16string_view::npos;
-}
-
 /// Where one sign stands in the surveyed lines.
 struct SignPlaces {
     std::size_t times = 0;
@@ -40,23 +37,26 @@ void add_run(std::u16string_view line, std::size_t at, std::size_t end, SignPlac
     const bool blank_before = at == 0 || is_blank(line[at - 1]);
     const bool blank_behind = end == line.size() || is_blank(line[end]);
     places.times += length;
-    places.as_punctuation += !blank_before && blank_behind ? length : 0;
-    places.between_blanks += blank_before && blank_behind ? length : 0;
+    if (blank_behind) {
+        (blank_before ? places.between_blanks : places.as_punctuation) += length;
+    }
     ++places.runs;
     for (std::size_t divisor = 2; divisor < places.multiples.size(); ++divisor) {
-        places.multiples[divisor] += length % divisor == 0 ? 1U : 0U;
+        places.multiples[divisor] += one_if(length % divisor == 0);
     }
 }
 
+/// Whether a sign stands in the line by itself.
+bool has_single(std::u16string_view line, char16_t sign) {
+    bool has_one = false;
+    for_each_run(line, sign, [&](std::size_t at, std::size_t end) { has_one |= end - at == 1; });
+    return has_one;
+}
+
 void add_line(std::u16string_view line, char16_t sign, SignPlaces& places) {
-    bool has_single = false;
-    for (std::size_t at = line.find(sign); at != std::u16string_view::npos;) {
-        const std::size_t end = std::min(line.find_first_not_of(sign, at), line.size());
-        add_run(line, at, end, places);
-        has_single = has_single || end - at == 1;
-        at = line.find(sign, end);
-    }
-    places.lines_with_single += has_single ? 1U : 0U;
+    for_each_run(line, sign,
+                 [&](std::size_t at, std::size_t end) { add_run(line, at, end, places); });
+    places.lines_with_single += one_if(has_single(line, sign));
 }
 
 SignPlaces places_of(const Survey& survey, char16_t sign) {
@@ -67,36 +67,42 @@ SignPlaces places_of(const Survey& survey, char16_t sign) {
     return places;
 }
 
+/// Whether the first line, which may name the columns, or a good part of all lines have the sign by
+/// itself.
+bool stands_alone(const SignPlaces& places, const Survey& survey, char16_t sign) {
+    return has_single(survey.first, sign) || places.lines_with_single * 4 >= survey.lines.size();
+}
+
 /// The length that nearly all runs of the sign are a multiple of; 1 where there is no such, or
-/// where the first line, which may name the columns, has the sign by itself.
+/// where the sign stands by itself.
 std::size_t common_run(const SignPlaces& places, const Survey& survey, char16_t sign) {
-    SignPlaces first;
-    add_line(survey.first, sign, first);
-    const bool stands_alone =
-        first.lines_with_single != 0 || places.lines_with_single * 4 >= survey.lines.size();
-    for (std::size_t length = places.multiples.size() - 1; length > 1 && !stands_alone; --length) {
-        if (places.runs != 0 && places.multiples[length] * 4 >= places.runs * 3) {
-            return length;
-        }
+    if (places.runs == 0 || stands_alone(places, survey, sign)) {
+        return 1;
     }
-    return 1;
+    std::size_t length = places.multiples.size() - 1;
+    while (length > 1 && places.multiples[length] * 4 < places.runs * 3) {
+        --length;
+    }
+    return length;
 }
 
 /// Fields between `,` `;` and tabs are often empty: two of these in a row are no sign of their own.
 bool can_be_doubled(char16_t sign) {
-    return sign != u',' && sign != u';' && sign != u'\t';
+    return !holds(u",;\t", sign);
 }
 
-double prior_of_sign(char16_t sign) {
-    for (const auto& known : weights::of_signs) {
-        if (known.sign == sign) {
-            return known.prior;
-        }
-    }
+double prior_of_seldom_sign(char16_t sign) {
     if (sign < u' ') {
         return weights::of_control;
     }
     return sign >= 0x80 ? weights::of_sign_beyond : weights::of_other_sign;
+}
+
+double prior_of_sign(char16_t sign) {
+    const auto* const known =
+        std::find_if(weights::of_signs.begin(), weights::of_signs.end(),
+                     [sign](const weights::SignPrior& other) { return other.sign == sign; });
+    return known == weights::of_signs.end() ? prior_of_seldom_sign(sign) : known->prior;
 }
 
 double prior_of(char16_t sign, const SignPlaces& places) {
@@ -112,15 +118,10 @@ double prior_of(char16_t sign, const SignPlaces& places) {
 
 /// Whether two of the quote stand in a text with nothing but the delimiter between them.
 bool meets_itself(std::u16string_view text, char16_t quote, std::u16string_view delimiter) {
-    for (std::size_t at = text.find(quote); at != std::u16string_view::npos;
-         at = text.find(quote, at + 1)) {
+    return any_place(text, quote, [&](std::size_t at) {
         const std::u16string_view behind = text.substr(at + 1);
-        if (behind.size() > delimiter.size() && behind[delimiter.size()] == quote &&
-            behind.starts_with(delimiter)) {
-            return true;
-        }
-    }
-    return false;
+        return behind.starts_with(delimiter) && behind.substr(delimiter.size()).starts_with(quote);
+    });
 }
 
 /// Where one quote stands in the lines of a table.
@@ -132,6 +133,14 @@ struct QuotePlaces {
     [[nodiscard]] bool is_around_some_fields() const {
         return opening != 0 && closing != 0 && opening + closing > inside;
     }
+
+    void add(bool opens, bool closes) {
+        if (opens != closes) {
+            ++(opens ? opening : closing);
+        } else {
+            inside += one_if(!opens);
+        }
+    }
 };
 
 /// Takes in the run of the quote from `at` up to `end`; pairs of it stand for one within a field.
@@ -140,11 +149,27 @@ void add_quote_run(std::u16string_view line, std::size_t at, std::size_t end,
     if ((end - at) % 2 == 0) {
         return;
     }
-    const bool opens = at == 0 || line.substr(0, at).ends_with(delimiter);
-    const bool closes = end == line.size() || line.substr(end).starts_with(delimiter);
-    places.opening += opens && !closes ? 1U : 0U;
-    places.closing += closes && !opens ? 1U : 0U;
-    places.inside += !opens && !closes ? 1U : 0U;
+    const std::u16string_view before = line.substr(0, at);
+    const std::u16string_view behind = line.substr(end);
+    places.add(before.empty() || before.ends_with(delimiter),
+               behind.empty() || behind.starts_with(delimiter));
+}
+
+/// Whether a line has the quote at an end, or a field's end and the next one's beginning.
+bool frames_fields_of(std::u16string_view line, char16_t quote, std::u16string_view delimiter) {
+    const std::u16string_view text = trimmed(line);
+    return text.front() == quote || text.back() == quote || meets_itself(text, quote, delimiter);
+}
+
+/// Whether a sign stands on enough lines to be tried.
+bool is_frequent(char16_t sign, double share) {
+    const bool is_common = holds(common_delimiters_of_files, sign);
+    return share >= (is_common ? least_share_of_common : least_share);
+}
+
+Separator separator_of(const Survey& survey, char16_t sign, double share) {
+    const SignPlaces places = can_be_doubled(sign) ? places_of(survey, sign) : SignPlaces();
+    return {std::u16string(common_run(places, survey, sign), sign), prior_of(sign, places), share};
 }
 
 } // namespace
@@ -152,16 +177,10 @@ void add_quote_run(std::u16string_view line, std::size_t at, std::size_t end,
 std::vector<Separator> suggested_separators(const Survey& survey) {
     std::vector<Separator> found;
     for (const SignCount& count : survey.signs) {
-        const bool is_common = holds(common_delimiters_of_files, count.sign);
         const double share = survey.share_of(count.lines);
-        if (share < (is_common ? least_share_of_common : least_share) ||
-            holds(never_delimiters, count.sign)) {
-            continue;
+        if (is_frequent(count.sign, share) && !holds(never_delimiters, count.sign)) {
+            found.push_back(separator_of(survey, count.sign, share));
         }
-        const SignPlaces places =
-            can_be_doubled(count.sign) ? places_of(survey, count.sign) : SignPlaces{};
-        found.push_back({std::u16string(common_run(places, survey, count.sign), count.sign),
-                         prior_of(count.sign, places), share});
     }
     std::stable_sort(found.begin(), found.end(), [](const Separator& left, const Separator& right) {
         return left.prior * left.share > right.prior * right.share;
@@ -172,9 +191,8 @@ std::vector<Separator> suggested_separators(const Survey& survey) {
 
 bool occurs(const Survey& survey, std::u16string_view delimiter) {
     return !delimiter.empty() &&
-           std::any_of(survey.lines.begin(), survey.lines.end(), [&](auto line) {
-               return line.find(delimiter) != std::u16string_view::npos;
-           });
+           std::any_of(survey.lines.begin(), survey.lines.end(),
+                       [delimiter](auto line) { return holds(line, delimiter); });
 }
 
 Separator named_separator(const Survey& survey, std::u16string_view delimiter) {
@@ -186,30 +204,26 @@ Separator named_separator(const Survey& survey, std::u16string_view delimiter) {
 }
 
 bool frames_fields(const Survey& survey, char16_t quote, std::u16string_view delimiter) {
-    if (survey.share(quote) < 0.5 || delimiter.find(quote) != std::u16string_view::npos) {
+    if (survey.share(quote) < 0.5 || holds(delimiter, quote)) {
         return false;
     }
     const auto framed =
         std::count_if(survey.lines.begin(), survey.lines.end(), [&](std::u16string_view line) {
-            const std::u16string_view text = trimmed(line);
-            return text.front() == quote || text.back() == quote ||
-                   meets_itself(text, quote, delimiter);
+            return frames_fields_of(line, quote, delimiter);
         });
     return static_cast<std::size_t>(framed) * 2 >= survey.lines.size();
 }
 
 bool frames_some_fields(const FieldArray& lines, char16_t quote, std::u16string_view delimiter) {
-    if (delimiter.find(quote) != std::u16string_view::npos) {
+    if (holds(delimiter, quote)) {
         return false;
     }
     QuotePlaces places;
     for (const Field& field : lines.fields) {
         const std::u16string_view line = trimmed(field.view());
-        for (std::size_t at = line.find(quote); at != std::u16string_view::npos;) {
-            const std::size_t end = std::min(line.find_first_not_of(quote, at), line.size());
+        for_each_run(line, quote, [&](std::size_t at, std::size_t end) {
             add_quote_run(line, at, end, delimiter, places);
-            at = line.find(quote, end);
-        }
+        });
     }
     return places.is_around_some_fields();
 }

@@ -1,5 +1,6 @@
 #include "advice/survey.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 
 #include <algorithm>
@@ -13,57 +14,77 @@ namespace {
 
 constexpr std::size_t most_lines = 64;
 constexpr std::size_t longest_line = 400; ///< code units of a line that are looked at
-constexpr std::size_t ascii_units = 128;
+constexpr char16_t ascii_units = 128;
 constexpr std::size_t most_other_signs = 8;
 
 /// Signs beyond ASCII that can stand between fields: marks, arrows and drawing, and private ones.
-constexpr bool is_other_sign(char16_t unit) {
-    return (unit >= 0x80 && unit <= 0xBF && unit != 0xAA && unit != 0xB5 && unit != 0xBA) ||
-           unit == 0xD7 || unit == 0xF7 || (unit >= 0x2010 && unit <= 0x2BFF) ||
-           (unit >= 0x3001 && unit <= 0x3004) || (unit >= 0xFE50 && unit <= 0xFE6F) ||
-           (unit >= 0xFF01 && unit <= 0xFF1F) || (unit >= 0xE000 && unit <= 0xF8FF);
-}
+constexpr std::array<UnitRange, 11> other_signs{{{0x80, 0xA9},
+                                                 {0xAB, 0xB4},
+                                                 {0xB6, 0xB9},
+                                                 {0xBB, 0xBF},
+                                                 {0xD7, 0xD7},
+                                                 {0xF7, 0xF7},
+                                                 {0x2010, 0x2BFF},
+                                                 {0x3001, 0x3004},
+                                                 {0xE000, 0xF8FF},
+                                                 {0xFE50, 0xFE6F},
+                                                 {0xFF01, 0xFF1F}}};
 
 /// Counts the lines on which each sign stands.
 class SignCounter {
 public:
     void add_line(std::u16string_view line) {
-        std::uint64_t low = 0; // a bit for each ASCII unit that the line holds
-        std::uint64_t high = 0;
+        AsciiUnits units;
         ++line_;
         for (const char16_t unit : line) {
-            const std::uint64_t bit = std::uint64_t{1} << (unit % mask_bits);
-            low |= unit < mask_bits ? bit : 0;
-            high |= unit >= mask_bits && unit < ascii_units ? bit : 0;
-            if (unit >= ascii_units && is_other_sign(unit)) {
+            if (unit < ascii_units) {
+                units.add(unit);
+            } else if (is_in(other_signs, unit)) {
                 count_other(unit);
             }
         }
-        count_units(low & ~digits, 0);
-        count_units(high & ~letters, mask_bits);
+        count_units(units.low & ~digits, 0);
+        count_units(units.high & ~letters, mask_bits);
     }
 
     [[nodiscard]] std::vector<SignCount> signs() const {
         std::vector<SignCount> found;
         found.reserve(most_other_signs * 2);
-        for (std::size_t unit = 0; unit < ascii_units; ++unit) {
-            if (ascii_[unit] != 0) {
-                found.push_back({static_cast<char16_t>(unit), ascii_[unit]});
+        const auto add = [&found](char16_t sign, std::uint32_t lines) {
+            if (lines != 0) {
+                found.push_back({sign, lines});
             }
+        };
+        for (char16_t unit = 0; unit < ascii_units; ++unit) {
+            add(unit, ascii_[unit]);
         }
         for (const Other& other : others_) {
-            if (other.lines != 0) {
-                found.push_back({other.sign, other.lines});
-            }
+            add(other.sign, other.lines);
         }
         return found;
     }
 
 private:
+    /// The ASCII units of a line, a bit for each.
+    struct AsciiUnits {
+        std::uint64_t low = 0;
+        std::uint64_t high = 0;
+
+        void add(char16_t unit) {
+            (unit < mask_bits ? low : high) |= std::uint64_t{1} << (unit % mask_bits);
+        }
+    };
+
     struct Other {
         char16_t sign = 0;
         std::uint32_t last_line = 0;
         std::uint32_t lines = 0;
+
+        void add(char16_t unit, std::uint32_t line) {
+            sign = unit;
+            lines += last_line == line ? 0 : 1;
+            last_line = line;
+        }
     };
 
     static constexpr std::size_t mask_bits = 64;
@@ -78,13 +99,12 @@ private:
 
     /// Only the first few that appear are counted.
     void count_other(char16_t unit) {
-        for (Other& other : others_) {
-            if (other.sign == unit || other.lines == 0) {
-                other.sign = unit;
-                other.lines += other.last_line != line_ ? 1U : 0U;
-                other.last_line = line_;
-                return;
-            }
+        auto* const other =
+            std::find_if(others_.begin(), others_.end(), [unit](const Other& known) {
+                return known.sign == unit || known.lines == 0;
+            });
+        if (other != others_.end()) {
+            other->add(unit, line_);
         }
     }
 
@@ -92,6 +112,11 @@ private:
     std::array<Other, most_other_signs> others_{};
     std::uint32_t line_ = 0;
 };
+
+/// Whether a trimmed line has two blanks in a row or a tab.
+bool has_run(std::u16string_view line) {
+    return holds(line, u"  ") || holds(line, u'\t');
+}
 
 } // namespace
 
@@ -106,7 +131,7 @@ double Survey::share(char16_t sign) const noexcept {
 }
 
 double Survey::share_of(std::size_t count) const noexcept {
-    return lines.empty() ? 0 : static_cast<double>(count) / static_cast<double>(lines.size());
+    return textio::advice::share_of(count, lines.size());
 }
 
 double Survey::share_of_common_delimiter() const noexcept {
@@ -133,13 +158,8 @@ Survey survey_lines(const FieldArray& lines) {
         }
         survey.lines.push_back(line);
         counter.add_line(line);
-        const std::size_t blank = inside.find(u' ');
-        const bool has_blank = blank != std::u16string_view::npos;
-        survey.with_blank += has_blank ? 1U : 0U;
-        survey.with_runs += (has_blank && inside.find(u"  ", blank) != std::u16string_view::npos) ||
-                                    inside.find(u'\t') != std::u16string_view::npos
-                                ? 1U
-                                : 0U;
+        survey.with_blank += one_if(holds(inside, u' '));
+        survey.with_runs += one_if(has_run(inside));
     }
     survey.signs = counter.signs();
     return survey;

@@ -27,6 +27,8 @@ struct Survey {
     std::size_t with_blank = 0;   ///< lines with a blank inside
 
     [[nodiscard]] bool holds(char16_t sign) const noexcept;
+    /// Whether half the lines or more have such runs of blanks.
+    [[nodiscard]] bool mostly_has_runs() const noexcept { return with_runs * 2 >= lines.size(); }
     /// The share of the lines with `sign`.
     [[nodiscard]] double share(char16_t sign) const noexcept;
     /// The share of the lines that `count` of them are.

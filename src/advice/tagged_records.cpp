@@ -1,5 +1,6 @@
 #include "advice/tagged_records.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 #include "advice/weights.hpp"
 #include "ascii.hpp"
@@ -14,11 +15,13 @@ namespace textio::advice {
 namespace {
 
 /// Two to four capitals and digits, a capital first.
+bool stands_in_tags(char16_t unit) {
+    return ascii::is_upper(unit) || ascii::is_digit(unit);
+}
+
 bool is_tag(std::u16string_view text) {
     return text.size() >= 2 && text.size() <= 4 && ascii::is_upper(text.front()) &&
-           std::all_of(text.begin(), text.end(), [](char16_t unit) {
-               return ascii::is_upper(unit) || ascii::is_digit(unit);
-           });
+           std::all_of(text.begin(), text.end(), stands_in_tags);
 }
 
 /// More kinds than records of one format have: then the codes are data.
@@ -40,6 +43,34 @@ private:
     std::size_t size_ = 0;
 };
 
+/// Weighs some cells of the records.
+class CellWeights {
+public:
+    explicit CellWeights(CellJudge& judge) : judge_(judge) {}
+
+    /// Takes in the cells of a row, as far as they are not too many.
+    void add(std::span<const Field> row) {
+        constexpr std::size_t most_cells = 1000;
+        for (const Field& field : row.first(std::min(row.size(), most_cells - cells_))) {
+            sum_ += weights::of_cells[static_cast<std::size_t>(judge_.judge(field.view()))];
+            ++cells_;
+        }
+    }
+
+    [[nodiscard]] double mean() const { return share_of(sum_, static_cast<double>(cells_)); }
+
+private:
+    CellJudge& judge_;
+    double sum_ = 0;
+    std::size_t cells_ = 0;
+};
+
+/// The last unit of a line but for blanks; 0 for a blank line.
+char16_t last_unit_of(const Field& line) {
+    const std::u16string_view text = trimmed(line.view());
+    return text.empty() ? u'\0' : text.back();
+}
+
 } // namespace
 
 bool TaggedRecords::are_records(bool lines_end_alike) const noexcept {
@@ -48,55 +79,40 @@ bool TaggedRecords::are_records(bool lines_end_alike) const noexcept {
 }
 
 TaggedRecords find_tagged_records(const FieldArray& sample, CellJudge& judge) {
-    constexpr std::size_t most_cells = 1000;
     TaggedRecords found;
     TagSet tags;
-    double weight = 0;
-    std::size_t cells = 0;
-    for (std::size_t line = 0; line < sample.line_count(); ++line) {
-        const auto fields = sample.line(line);
-        if (fields.empty()) {
-            continue;
-        }
+    CellWeights cells(judge);
+    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
         ++found.rows;
-        const std::u16string_view tag = trimmed(fields.front().view());
-        if (fields.size() < 2 || !is_tag(tag)) {
-            continue;
+        const std::u16string_view tag = trimmed(row.front().view());
+        if (row.size() < 2 || !is_tag(tag)) {
+            return;
         }
         if (found.tagged++ == 0) {
             found.first_line = line;
             found.starts_text = found.rows == 1;
         }
         tags.add(tag);
-        found.widest = std::max(found.widest, fields.size());
-        for (std::size_t field = 0; field < fields.size() && cells < most_cells; ++field) {
-            const CellKind kind = judge.judge(fields[field].view());
-            weight += weights::of_cells[static_cast<std::size_t>(kind)];
-            ++cells;
-        }
-    }
+        found.widest = std::max(found.widest, row.size());
+        cells.add(row);
+    });
     found.kinds = tags.size();
-    found.types = cells == 0 ? 0 : weight / static_cast<double>(cells);
+    found.types = cells.mean();
     return found;
 }
 
 bool lines_end_alike(const FieldArray& lines) {
-    char16_t sign = 0;
-    std::size_t votes = 0;
+    MajorityVote<char16_t> vote;
     for (const Field& line : lines.fields) {
-        const std::u16string_view text = trimmed(line.view());
-        const char16_t last = text.empty() ? u'\0' : text.back();
-        sign = votes == 0 ? last : sign;
-        votes = last == sign ? votes + 1 : votes - 1;
+        vote.add(last_unit_of(line));
     }
-    if (sign == 0 || sign == u'.' || is_letter(sign) || ascii::is_digit(sign)) {
+    const char16_t sign = vote.value();
+    if (sign == 0 || sign == u'.' || is_letter_or_digit(sign)) {
         return false;
     }
     const auto same =
-        std::count_if(lines.fields.begin(), lines.fields.end(), [&](const Field& line) {
-            const std::u16string_view text = trimmed(line.view());
-            return !text.empty() && text.back() == sign;
-        });
+        std::count_if(lines.fields.begin(), lines.fields.end(),
+                      [sign](const Field& line) { return last_unit_of(line) == sign; });
     return static_cast<std::size_t>(same) * 10 >= lines.fields.size() * 9;
 }
 

@@ -1,6 +1,7 @@
 #include "advice/text_kind.hpp"
 
 #include "advice/cell_kind.hpp"
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 #include "ascii.hpp"
 
@@ -14,18 +15,13 @@ namespace {
 
 constexpr std::size_t most_lines = 32; ///< of the survey
 
-bool holds_any(std::u16string_view text, std::u16string_view units) {
-    return text.find_first_of(units) != std::u16string_view::npos;
-}
-
 bool ends_like_code(std::u16string_view line) {
     return holds_any(line.substr(line.size() - 1), u"{}[](),;:") ||
            holds_any(line.substr(0, 1), u"}]{[<");
 }
 
 bool is_bracket_line(std::u16string_view line) {
-    return line.find_first_not_of(u"{}[](),; ") == std::u16string_view::npos &&
-           holds_any(line, u"{}[]()");
+    return holds_only(line, u"{}[](),; ") && holds_any(line, u"{}[]()");
 }
 
 /// An object in curly brackets, one a line.
@@ -37,24 +33,31 @@ bool has_two_digits(std::u16string_view text, std::size_t at) {
     return at + 1 < text.size() && ascii::is_digit(text[at]) && ascii::is_digit(text[at + 1]);
 }
 
+bool is_colon_of_time(std::u16string_view line, std::size_t at) {
+    return line[at] == u':' && has_two_digits(line, at - 2) && has_two_digits(line, at + 1);
+}
+
+bool has_seconds(std::u16string_view behind_minutes) {
+    return behind_minutes.starts_with(u':') && has_two_digits(behind_minutes, 1);
+}
+
 /// What follows the time of day that stands in front of the first delimiter of a line.
 std::optional<std::u16string_view> behind_time(std::u16string_view line) {
     constexpr std::size_t longest_stamp = 32;
     const std::u16string_view start = line.substr(0, longest_stamp);
     const std::size_t end = std::min(start.find_first_of(u",;\t|"), start.size());
     for (std::size_t at = 2; at < end; ++at) {
-        if (line[at] == u':' && has_two_digits(line, at - 2) && has_two_digits(line, at + 1)) {
+        if (is_colon_of_time(line, at)) {
             const std::u16string_view rest = line.substr(at + 3);
-            const bool has_seconds = rest.size() > 2 && rest[0] == u':' && has_two_digits(rest, 1);
-            return has_seconds ? rest.substr(3) : rest;
+            return has_seconds(rest) ? rest.substr(3) : rest;
         }
     }
     return std::nullopt;
 }
 
 bool begins_with_thousandths(std::u16string_view text) {
-    return text.size() > 4 && text[0] == u',' && has_two_digits(text, 1) &&
-           ascii::is_digit(text[3]) && text[4] == u' ';
+    return text.starts_with(u',') && ascii::skip_digits(text, 1) == 4 &&
+           text.substr(4).starts_with(u' ');
 }
 
 /// Words that tell how grave a message is.
@@ -75,15 +78,7 @@ bool joins_words(std::u16string_view word) {
 
 /// Whether what follows a time is a message: it has a level, or a word that joins others.
 bool is_message(std::u16string_view text) {
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find_first_of(u" []():"), text.size());
-        const std::u16string_view word = text.substr(0, end);
-        if (is_level(word) || joins_words(word)) {
-            return true;
-        }
-        text.remove_prefix(std::min(end + 1, text.size()));
-    }
-    return false;
+    return any_part(text, u" []():", is_level) || any_part(text, u" []():", joins_words);
 }
 
 /// How many lines are what.
@@ -96,14 +91,13 @@ struct Counts {
     std::size_t objects = 0;
 
     void add(std::u16string_view line) {
-        sentences += reads_like_a_sentence(line) ? 1U : 0U;
-        code += ends_like_code(line) ? 1U : 0U;
-        brackets += is_bracket_line(line) ? 1U : 0U;
-        objects += is_object(line) ? 1U : 0U;
-        if (const auto rest = behind_time(line)) {
-            messages += is_message(*rest) ? 1U : 0U;
-            thousandths += begins_with_thousandths(*rest) ? 1U : 0U;
-        }
+        sentences += one_if(reads_like_a_sentence(line));
+        code += one_if(ends_like_code(line));
+        brackets += one_if(is_bracket_line(line));
+        objects += one_if(is_object(line));
+        const auto message = behind_time(line);
+        messages += one_if(message && is_message(*message));
+        thousandths += one_if(message && begins_with_thousandths(*message));
     }
 };
 
