@@ -51,10 +51,10 @@ private:
 
     void add_delimited(const Separator& separator, char16_t quote);
     void add_blank_separated(char16_t quote, double prior);
-    void add_rows(Reading reading, double prior);
+    void add_rows(Reading&& reading, double prior);
     [[nodiscard]] Reading begin_delimited(const std::u16string& delimiter, char16_t quote) const;
     [[nodiscard]] Reading begin_blank_separated(char16_t quote) const;
-    void keep_graded(Reading reading);
+    void keep_graded(Reading&& reading);
     void read(const std::shared_ptr<GenericStrategy>& strategy);
 
     [[nodiscard]] bool may_be(enums::StrategyMode layout) const;

@@ -173,14 +173,14 @@ Reading Advisor::begin_blank_separated(char16_t quote) const {
     return reading;
 }
 
-void Advisor::add_rows(Reading reading, double prior) {
+void Advisor::add_rows(Reading&& reading, double prior) {
     read(reading.strategy);
     grade_rows(reading, prior, context());
     keep_graded(std::move(reading));
 }
 
 /// Keeps a reading that shows a table.
-void Advisor::keep_graded(Reading reading) {
+void Advisor::keep_graded(Reading&& reading) {
     if (reading.score > 0) {
         readings_.push_back(std::move(reading));
     }

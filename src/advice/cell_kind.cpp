@@ -53,7 +53,7 @@ bool is_plain_word(std::u16string_view word) {
 
 /// Several numbers, and nothing else, with blanks between them.
 bool holds_numbers_alone(std::u16string_view text) {
-    return !any_part(text, u" ", [](std::u16string_view part) {
+    return !any_part(text, u' ', [](std::u16string_view part) {
         return !part.empty() && !looks_like_number(part);
     });
 }
@@ -124,7 +124,7 @@ bool stands_for_nothing(std::u16string_view text) noexcept {
 bool reads_like_a_sentence(std::u16string_view text) noexcept {
     std::size_t words = 0;
     std::size_t lower = 0;
-    const bool has_wide_gap = any_part(text, u" ", [&](std::u16string_view part) {
+    const bool has_wide_gap = any_part(text, u' ', [&](std::u16string_view part) {
         if (is_plain_word(part)) {
             ++words;
             lower += one_if(!ascii::is_upper(part.front()));

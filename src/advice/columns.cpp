@@ -81,7 +81,7 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
     ClassVotes votes((grid.rows() + step - 1) / step);
     std::u16string_view last;
     FieldClass found = FieldClass::unknown;
-    for (std::size_t row = 0; row < grid.rows() && !votes.are_settled(); row += step) {
+    for (std::size_t row = 0; row < grid.rows(); row += step) {
         const std::u16string_view text = bare(grid.cell(row, column), quote);
         if (is_missing(text, type_options)) {
             continue;
@@ -91,6 +91,9 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
             last = text;
         }
         votes.add(found);
+        if (votes.are_settled()) {
+            return found;
+        }
     }
     return votes.most();
 }
@@ -208,7 +211,7 @@ private:
 
 /// Takes in a cell. Few cells have a mark at all, and only numbers say something of it.
 void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
-    if (!holds_any(cell, u".,")) {
+    if (std::none_of(cell.begin(), cell.end(), is_number_mark)) {
         return;
     }
     const std::u16string_view text = bare(cell, quote);

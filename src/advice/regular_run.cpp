@@ -124,15 +124,6 @@ private:
     RegularRun best_;
 };
 
-/// The best run of rows of one width in a sample.
-RunSearch search_run(const FieldArray& sample, std::size_t width, bool last_is_optional) {
-    RunSearch search(width, last_is_optional);
-    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
-        search.add(line, row.size());
-    });
-    return search;
-}
-
 std::size_t rows_behind(const FieldArray& sample, std::size_t line) {
     std::size_t count = 0;
     for_each_row(sample,
@@ -174,7 +165,10 @@ RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional) {
         if (counter.count == 0 || counter.width < 2) {
             continue;
         }
-        const RunSearch search = search_run(sample, counter.width, last_is_optional);
+        RunSearch search(counter.width, last_is_optional);
+        for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
+            search.add(line, row.size());
+        });
         if (search.sum() > best_sum) {
             best_sum = search.sum();
             best = search.best();
