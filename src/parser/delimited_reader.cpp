@@ -11,7 +11,7 @@ DelimitedRecordReader::DelimitedRecordReader(const parser::options& reader_optio
                                              std::shared_ptr<const LineMarks> line_marks)
     : options(&reader_options), marks(LineMarks::of(reader_options, std::move(line_marks))),
       guarded_line_ends(marks->line_ends()), guarded_delimiters(reader_options.delimiters),
-      blank_units(reader_options.whitespace), quotes(std::u16string_view(&reader_options.quote, 1)),
+      blanks(reader_options.whitespace), quotes(std::u16string_view(&reader_options.quote, 1)),
       bounds(guarded_delimiters.first_units().units() + guarded_line_ends.first_units().units()),
       stops(bounds.set().units() + reader_options.quote + end_of_text),
       other_units(guarded_delimiters.first_units().units(), UnitSearch::Wanted::outside),
@@ -31,7 +31,7 @@ std::size_t skip_delimiters(const DelimitedRecordReader& reader, const Field& te
 
 std::size_t skip_to_content(const DelimitedRecordReader& reader, const Field& text,
                             std::size_t from) {
-    const std::size_t content = reader.blanks().skip(text, from);
+    const std::size_t content = reader.blanks.skip(text, from);
     return reader.options->leading_delimiters_rule == leading_delimiters::skip
                ? skip_delimiters(reader, text, content)
                : content;
@@ -90,7 +90,7 @@ std::size_t skip_quoted_part(const DelimitedRecordReader& reader, const Field& t
 /// end it.
 std::size_t scan_field(const DelimitedRecordReader& reader, const Field& text, std::size_t start,
                        std::size_t& field_size) {
-    std::size_t at = reader.blank_units.skip(text, start);
+    std::size_t at = reader.blanks.skip(text, start);
     if (at < text.size && text.data[at] == reader.options->quote) {
         at = skip_quoted_part(reader, text, at);
     }
@@ -203,12 +203,6 @@ bool read_record(const DelimitedRecordReader& reader, const Field& text, Record&
         read_record_separate(reader, text, record);
     }
     return false;
-}
-
-ReadCounts read_records(const options& options, const DelimitedRecordReader& reader,
-                        std::size_t max_rows, std::size_t max_lines, Field& text,
-                        output::DetectionOutputBuilder& builder) {
-    return RecordLoop(options, reader, {max_rows, max_lines}, text, builder).run();
 }
 
 } // namespace textio::parser

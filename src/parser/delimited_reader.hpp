@@ -25,15 +25,13 @@ struct DelimitedRecordReader {
     explicit DelimitedRecordReader(const options& options,
                                    std::shared_ptr<const LineMarks> line_marks = nullptr);
 
-    [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-
     const parser::options* options;
     std::shared_ptr<const LineMarks> marks;
     const GuardedDelim& guarded_line_ends; ///< that of the marks
     GuardedDelim guarded_delimiters;
-    UnitSearch blank_units; ///< finds what may stand in front of an opening quote
-    UnitSearch quotes;      ///< finds the quote
-    UnitSearch bounds;      ///< finds the first units of delimiters and line endings
+    UnitSearch blanks; ///< finds what may stand in front of an opening quote
+    UnitSearch quotes; ///< finds the quote
+    UnitSearch bounds; ///< finds the first units of delimiters and line endings
 
     // For the short way.
     UnitSearch stops;       ///< finds all that can end a field or open a quoted part
@@ -75,11 +73,5 @@ void check_consecutive(const DelimitedRecordReader& reader, const Field& text,
 /// the delimiters in a row did not stand at the end.
 void check_trailing(const DelimitedRecordReader& reader, Record& record, bool seen,
                     std::size_t first);
-
-/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
-/// and adds the records to the array of `builder`.
-ReadCounts read_records(const options& options, const DelimitedRecordReader& reader,
-                        std::size_t max_rows, std::size_t max_lines, Field& text,
-                        output::DetectionOutputBuilder& builder);
 
 } // namespace textio::parser

@@ -11,17 +11,11 @@ FixedWidthRecordReader::FixedWidthRecordReader(const parser::options& reader_opt
                                                std::shared_ptr<const LineMarks> line_marks)
     : options(&reader_options), widths(reader_options.field_widths),
       marks(LineMarks::of(reader_options, std::move(line_marks))),
-      guarded_line_ends(marks->line_ends()), blank_units(reader_options.whitespace),
+      guarded_line_ends(marks->line_ends()), blanks(reader_options.whitespace),
       plain_stops(guarded_line_ends.first_units().units() + end_of_text),
       field_limit(widths.size()), has_plain_records(parser::has_plain_records(*this)) {}
 
 namespace {
-
-/// A line ending and its length; length 0 where there is none.
-struct LineEnding {
-    std::size_t at;
-    std::size_t length;
-};
 
 void add_span(Record& record, std::size_t start, std::size_t end) {
     record.spans.push_back(start);
@@ -57,7 +51,7 @@ public:
 
     /// The first line ending that starts from `begin` on and before `end`. Neither `begin` nor
     /// `end` may be smaller than in an earlier call.
-    LineEnding first_within(std::size_t begin, std::size_t end) {
+    Boundary first_within(std::size_t begin, std::size_t end) {
         if (stop_ < begin) {
             stop_ = stops_.next(text_, begin);
         }
@@ -86,7 +80,7 @@ private:
 /// Ends the record, or lets the field run on, where a line ends inside the field at `start`. Gives
 /// whether the record has ended.
 bool end_at_partial_field(const FixedWidthRecordReader& reader, Record& record, std::size_t start,
-                          LineEnding line_ending, std::uint8_t& record_mark) {
+                          Boundary line_ending, std::uint8_t& record_mark) {
     switch (reader.options->partial_field_rule) {
     case partial_field::read_on:
         return false;
@@ -115,10 +109,10 @@ bool end_at_partial_field(const FixedWidthRecordReader& reader, Record& record, 
 /// Takes the rest of a line that goes on behind its last field, at `end`.
 void take_rest_of_line(const FixedWidthRecordReader& reader, const Field& text, Record& record,
                        LineEndingWalk& line_endings, std::size_t end) {
-    const LineEnding line_ending = line_endings.first_within(end, text.size);
+    const Boundary line_ending = line_endings.first_within(end, text.size);
     record.consumed = line_ending.at + line_ending.length;
     const Field line(text.data, line_ending.at);
-    if (reader.blank_units.skip(line, end) < line.size) {
+    if (reader.blanks.skip(line, end) < line.size) {
         add_span(record, end, line.size);
     }
 }
@@ -132,7 +126,7 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
     std::size_t position = 0;
     for (const std::size_t width : reader.widths) {
         const std::size_t farthest = position + std::min(width, text.size - position);
-        const LineEnding inside = line_endings.first_within(position, farthest);
+        const Boundary inside = line_endings.first_within(position, farthest);
         if (inside.length != 0 && is_within_reach(text, inside.at, farthest) &&
             end_at_partial_field(reader, record, position, inside, record_mark)) {
             return;
@@ -153,17 +147,6 @@ bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record
     std::uint8_t record_mark = 0;
     read_fixed_record(reader, text, record, record_mark);
     return record_mark != 0;
-}
-
-std::size_t skip_to_content(const FixedWidthRecordReader& reader, const Field& text,
-                            std::size_t from) {
-    return reader.blank_units.skip(text, from);
-}
-
-ReadCounts read_records(const options& options, const FixedWidthRecordReader& reader,
-                        std::size_t max_rows, std::size_t max_lines, Field& text,
-                        output::DetectionOutputBuilder& builder) {
-    return RecordLoop(options, reader, {max_rows, max_lines}, text, builder).run();
 }
 
 } // namespace textio::parser

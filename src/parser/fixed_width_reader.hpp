@@ -26,13 +26,11 @@ struct FixedWidthRecordReader {
     explicit FixedWidthRecordReader(const options& options,
                                     std::shared_ptr<const LineMarks> line_marks = nullptr);
 
-    [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-
     const parser::options* options;
     std::vector<std::size_t> widths; ///< in code units
     std::shared_ptr<const LineMarks> marks;
     const GuardedDelim& guarded_line_ends; ///< that of the marks
-    UnitSearch blank_units;                ///< finds the whitespace of the options
+    UnitSearch blanks;                     ///< finds the whitespace of the options
     UnitSearch plain_stops;  ///< finds what ends a plain line, and the end of the text
     std::size_t field_limit; ///< as many fields as there are widths
     bool has_plain_records;
@@ -47,16 +45,7 @@ void read_fixed_record(const FixedWidthRecordReader& reader, const Field& text, 
 /// Reads plain records until one is not.
 void take_plain_records(const FixedWidthRecordReader& reader, PlainRecords& records);
 
-/// As the record loop needs them: a marked record is a row even when it is blank, and content
-/// starts behind blanks.
+/// As the record loop needs it: a marked record is a row even when it is blank.
 bool read_record(const FixedWidthRecordReader& reader, const Field& text, Record& record);
-std::size_t skip_to_content(const FixedWidthRecordReader& reader, const Field& text,
-                            std::size_t from);
-
-/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
-/// and adds the records to the array of `builder`.
-ReadCounts read_records(const options& options, const FixedWidthRecordReader& reader,
-                        std::size_t max_rows, std::size_t max_lines, Field& text,
-                        output::DetectionOutputBuilder& builder);
 
 } // namespace textio::parser

@@ -2,7 +2,6 @@
 /// Where lines and comments end, which is the same under every layout of a text.
 #pragma once
 
-#include "search/boundary_scanner.hpp"
 #include "search/guarded_delim.hpp"
 #include "search/long_string.hpp"
 #include "search/unit_search.hpp"

@@ -25,11 +25,9 @@ struct LineRecordReader {
     explicit LineRecordReader(const options& options,
                               std::shared_ptr<const LineMarks> line_marks = nullptr);
 
-    [[nodiscard]] const UnitSearch& blanks() const noexcept { return blank_units; }
-
     std::shared_ptr<const LineMarks> marks;
     const GuardedDelim& guarded_line_ends; ///< that of the marks
-    UnitSearch blank_units;                ///< finds the whitespace of the options
+    UnitSearch blanks;                     ///< finds the whitespace of the options
     bool has_plain_records; ///< line endings are neither blanks nor the end of the text
 };
 
@@ -39,15 +37,7 @@ void read_line(const LineRecordReader& reader, const Field& text, Record& record
 /// Reads plain lines until one is not.
 void take_plain_records(const LineRecordReader& reader, PlainRecords& records);
 
-/// As the record loop needs them: no line is a row if it is blank, and content starts behind
-/// blanks.
+/// As the record loop needs it: no line is a row if it is blank.
 bool read_record(const LineRecordReader& reader, const Field& text, Record& record);
-std::size_t skip_to_content(const LineRecordReader& reader, const Field& text, std::size_t from);
-
-/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
-/// and adds the records to the array of `builder`.
-ReadCounts read_records(const options& options, const LineRecordReader& reader,
-                        std::size_t max_rows, std::size_t max_lines, Field& text,
-                        output::DetectionOutputBuilder& builder);
 
 } // namespace textio::parser

@@ -18,19 +18,26 @@ std::size_t rows_to_read(const output::DetectionOutputBuilder& builder,
 }
 
 template <class Reader>
-void read_sample_with(output::DetectionOutputBuilder& builder, const Reader& reader,
-                      GenericStrategy& strategy, bool value_it) {
-    Field text = *builder.text;
+void read_sample_with(output::DetectionOutputBuilder& builder, GenericStrategy& strategy,
+                      bool value_it) {
+    builder.field_array = std::make_unique<FieldArray>();
+    const Reader reader(strategy.options(), std::move(builder.line_marks));
+    builder.line_marks = reader.marks;
+    builder.limit_fields = reader.field_limit != SIZE_MAX;
+    builder.field_limit = reader.field_limit;
     if (builder.whitespace == nullptr) {
         builder.whitespace = std::make_unique<std::u16string>();
     }
     *builder.whitespace = strategy.options().whitespace;
+    Field text = *builder.text;
     read_records(strategy.options(), reader, rows_to_read(builder, strategy), SIZE_MAX, text,
                  builder);
     strategy.field_array(std::move(builder.field_array));
     if (value_it) {
         strategy.valuation();
     }
+    builder.limit_fields = false;
+    builder.field_limit = SIZE_MAX;
 }
 
 } // namespace
@@ -40,28 +47,15 @@ void read_sample(output::DetectionOutputBuilder& builder, std::shared_ptr<Generi
     if (strategy->has_fields()) {
         return;
     }
-    builder.field_array = std::make_unique<FieldArray>();
-    const options& options = strategy->options();
-    builder.line_marks = LineMarks::of(options, std::move(builder.line_marks));
     switch (strategy->mode()) {
     case enums::StrategyMode::delimited:
     case enums::StrategyMode::space_aligned:
-        read_sample_with(builder, DelimitedRecordReader(options, builder.line_marks), *strategy,
-                         value_it);
-        break;
+        return read_sample_with<DelimitedRecordReader>(builder, *strategy, value_it);
     case enums::StrategyMode::fixed_width:
-        builder.limit_fields = true;
-        builder.field_limit = options.field_widths.size();
-        read_sample_with(builder, FixedWidthRecordReader(options, builder.line_marks), *strategy,
-                         value_it);
-        break;
+        return read_sample_with<FixedWidthRecordReader>(builder, *strategy, value_it);
     case enums::StrategyMode::line_reader:
-        read_sample_with(builder, LineRecordReader(options, builder.line_marks), *strategy,
-                         value_it);
-        break;
+        return read_sample_with<LineRecordReader>(builder, *strategy, value_it);
     }
-    builder.limit_fields = false;
-    builder.field_limit = SIZE_MAX;
 }
 
 } // namespace textio::parser

@@ -19,6 +19,12 @@
 
 namespace textio::parser {
 
+/// Where content starts on the line at `from`: behind blanks, unless a reader says otherwise.
+template <class Reader>
+std::size_t skip_to_content(const Reader& reader, const Field& text, std::size_t from) {
+    return reader.blanks.skip(text, from);
+}
+
 /// What the record loop needs of a reader:
 /// - `read_record` reads the record at the start of a text, and gives whether the record counts as
 ///   a row even when it is blank;
@@ -26,7 +32,7 @@ namespace textio::parser {
 /// - `comment_keeps_columns` tells whether text behind a block comment is read with the blanks in
 ///   front, and `blank_lines_are_empty` whether a line of blanks is an empty line;
 /// - `marks` are its line endings, also as `guarded_line_ends`, and its comments;
-/// - `blanks()` finds whitespace;
+/// - `blanks` finds whitespace;
 /// - for the short way, `take_plain_records` reads records until one is not plain, and
 ///   `has_plain_records`, `unplain_starts` and `field_limit`, the limit on fields of a record under
 ///   which that is so, are told in short_way/gate.hpp.
@@ -37,7 +43,7 @@ concept RecordReader = requires(const Reader reader, const Field text, Record re
     { skip_to_content(reader, text, text.size) } -> std::same_as<std::size_t>;
     { Reader::comment_keeps_columns } -> std::convertible_to<bool>;
     { Reader::blank_lines_are_empty } -> std::convertible_to<bool>;
-    { reader.blanks() } -> std::same_as<const UnitSearch&>;
+    { reader.blanks } -> std::convertible_to<const UnitSearch&>;
     { *reader.marks } -> std::convertible_to<const LineMarks&>;
     { reader.guarded_line_ends } -> std::convertible_to<const GuardedDelim&>;
     take_plain_records(reader, records);
@@ -123,7 +129,7 @@ private:
     [[nodiscard]] bool is_wanted() const { return is_within_limits() && is_at_text(); }
 
     [[nodiscard]] LineShape line_shape() const {
-        return {reader_.blanks(),
+        return {reader_.blanks,
                 reader_.guarded_line_ends,
                 std::u16string_view(marks_.opener()).substr(0, 1),
                 unplain_starts(reader_),
@@ -161,7 +167,7 @@ private:
     /// many lines with the same content behind them; that content is looked for once.
     std::size_t content_start() {
         if (text_.data >= blanks_end_) {
-            const std::size_t blanks = reader_.blanks().skip(text_, 0);
+            const std::size_t blanks = reader_.blanks.skip(text_, 0);
             blanks_end_ = text_.data + blanks;
             content_ = text_.data + skip_to_content(reader_, text_, blanks);
         }
@@ -206,7 +212,7 @@ private:
             return true;
         }
         const std::size_t end = record_.spans.back();
-        return reader_.blanks().skip(Field(text_.data, end), 0) == end;
+        return reader_.blanks.skip(Field(text_.data, end), 0) == end;
     }
 
     void take_empty_line() {
@@ -236,5 +242,14 @@ private:
     const char16_t* blanks_end_ = nullptr; ///< of the blanks that were skipped last
     const char16_t* content_ = nullptr;    ///< the content behind them
 };
+
+/// Reads up to `max_rows` rows and `max_lines` lines of `text`, moves `text` to what was not read,
+/// and adds the records to the array of `builder`.
+template <RecordReader Reader>
+ReadCounts read_records(const options& options, const Reader& reader, std::size_t max_rows,
+                        std::size_t max_lines, Field& text,
+                        output::DetectionOutputBuilder& builder) {
+    return RecordLoop(options, reader, {max_rows, max_lines}, text, builder).run();
+}
 
 } // namespace textio::parser

@@ -78,7 +78,7 @@ public:
     }
 
     [[nodiscard]] bool is_rest_blank(const Field& text, std::size_t at) const override {
-        const std::size_t content = reader_.blanks().skip(text, at);
+        const std::size_t content = reader_.blanks.skip(text, at);
         return text.unit_at(content) == end_of_text ||
                reader_.guarded_line_ends.match_at(text, content) != 0;
     }

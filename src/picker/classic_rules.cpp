@@ -22,6 +22,8 @@ std::string_view Rule::name() const noexcept {
 
 ClassicRules::ClassicRules(bool skip_variable_count_rule, std::size_t expected_variables,
                            bool detect_header_lines) {
+    constexpr std::size_t most_rules = 7;
+    rules_.reserve(most_rules);
     if (!skip_variable_count_rule) {
         rules_.push_back(std::make_unique<picker_rules::numvariables>(expected_variables));
     }

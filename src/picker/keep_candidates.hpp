@@ -55,12 +55,16 @@ template <typename Figure>
     }
     const auto highest = std::max_element(figures.begin(), figures.end());
     std::vector<std::size_t> kept;
+    kept.reserve(candidates.size());
     for (std::size_t i = 0; i < candidates.size(); ++i) {
         if (figures[i] == *highest) {
             kept.push_back(candidates[i]);
         }
     }
-    return kept.empty() ? candidates : kept;
+    if (kept.empty()) {
+        kept = candidates;
+    }
+    return kept;
 }
 
 } // namespace textio::detection::picker_rules

@@ -46,8 +46,8 @@ namespace {
 /// units in `known`. One is taken off each unit before units are narrowed to bytes. That keeps
 /// ASCII apart from all else: its units become 0xFF and 0 to 0x7E, `end_of_text` becomes 0xFE, and
 /// the others become 0x7F to 0xFD.
-template <std::size_t count, class Known>
-Bytes familiar_units(const Known& known, const char16_t* units) noexcept {
+template <class Known>
+Bytes familiar_units(const Known& known, std::size_t count, const char16_t* units) noexcept {
     const Units one = Units::all(1);
     const Bytes bytes = Bytes::narrowed(Units::load(units).minus(one),
                                         Units::load(units + Units::count).minus(one));
@@ -62,12 +62,14 @@ Bytes familiar_units(const Known& known, const char16_t* units) noexcept {
 
 } // namespace
 
-template <std::size_t count>
-const char16_t* PunctuationSearch::skip_blocks(const Known& known, const char16_t* begin,
-                                               const char16_t* end) noexcept {
+const char16_t* PunctuationSearch::skip_familiar_blocks(const char16_t* begin,
+                                                        const char16_t* end) const noexcept {
     constexpr std::ptrdiff_t step = block_units;
-    const auto familiar = [&known](const char16_t* units) {
-        return familiar_units<count>(known, units);
+    if (end - begin < step || known_count_ > compared_.size()) {
+        return begin;
+    }
+    const auto familiar = [this](const char16_t* units) {
+        return familiar_units(compared_, known_count_, units);
     };
     const auto both_familiar = [&](const char16_t* units) {
         return familiar(units).both(familiar(units + step));
@@ -80,17 +82,6 @@ const char16_t* PunctuationSearch::skip_blocks(const Known& known, const char16_
         begin += step;
     }
     return end - begin < step && familiar(end - step).are_all_set() ? end : begin;
-}
-
-const char16_t* PunctuationSearch::skip_familiar_blocks(const char16_t* begin,
-                                                        const char16_t* end) const noexcept {
-    using Skip = const char16_t* (*)(const Known&, const char16_t*, const char16_t*) noexcept;
-    static constexpr std::array<Skip, most_compared_units + 1> skips{
-        &skip_blocks<0>, &skip_blocks<1>, &skip_blocks<2>, &skip_blocks<3>, &skip_blocks<4>,
-        &skip_blocks<5>, &skip_blocks<6>, &skip_blocks<7>, &skip_blocks<8>};
-    return end - begin >= block_units && known_count_ < skips.size()
-               ? skips[known_count_](compared_, begin, end)
-               : begin;
 }
 
 } // namespace textio::detection

@@ -33,10 +33,6 @@ private:
     /// For each known unit a block of its byte, as the comparison wants it.
     using Known = std::array<std::array<unsigned char, block_units>, most_compared_units>;
 
-    template <std::size_t count>
-    static const char16_t* skip_blocks(const Known& known, const char16_t* begin,
-                                       const char16_t* end) noexcept;
-
     [[nodiscard]] bool is_wanted(char16_t unit) const noexcept;
 
     /// The start of a block that may hold such a unit, or `end`.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 
 namespace textio::parser {
 
@@ -61,15 +62,9 @@ std::size_t UnitSearch::find(const Field& text, std::size_t from,
 /// The last block of a text is shorter than a mask, and what lies behind it is not ours to read.
 std::uint64_t UnitSearch::mask_of_last_block(const char16_t* begin, const char16_t* end,
                                              std::uint64_t unwanted) const noexcept {
-    constexpr std::size_t half = block_units / 2;
     std::array<char16_t, block_units> block{};
     const auto count = static_cast<std::size_t>(end - begin);
-    if (count < half) {
-        std::copy(begin, end, block.begin());
-    } else { // two copies that overlap, as the compiler knows how long each is
-        std::copy_n(begin, half, block.begin());
-        std::copy_n(end - half, half, block.begin() + (count - half));
-    }
+    std::copy(begin, end, block.begin());
     return (mask_of_block_(*this, block.data()) ^ unwanted) & ((std::uint64_t{1} << count) - 1);
 }
 
@@ -131,9 +126,11 @@ void UnitSearch::choose_mask() noexcept {
     mask_of_block_ = fit_in_bytes ? byte_masks[units.size() - 1] : &unit_mask;
     for (std::size_t i = 0; i < units.size(); ++i) {
         if (fit_in_bytes) {
-            Bytes::all(static_cast<unsigned char>(units[i])).store(compared_[i].data());
+            compared_[i].fill(static_cast<unsigned char>(units[i]));
         } else {
-            Units::all(units[i]).store(compared_[i].data());
+            std::array<char16_t, Units::count> copies{};
+            copies.fill(units[i]);
+            std::memcpy(compared_[i].data(), copies.data(), sizeof copies);
         }
     }
 }

@@ -43,11 +43,6 @@ private:
     std::vector<std::size_t> large_;
 };
 
-/// Whether more than half of the list is `count`.
-bool is_majority(Counts first, Counts last, std::size_t count) {
-    return std::count(first, last, count) > (last - first) / 2;
-}
-
 } // namespace
 
 std::size_t get_h_min(const std::vector<std::size_t>& counts) {
@@ -67,10 +62,6 @@ std::size_t modified_median(Counts first, Counts last) {
 
     if (first == last) {
         return 1;
-    }
-    const std::size_t usual = *(first + (last - first) / 2);
-    if (usual > 1 && is_majority(first, last, usual)) {
-        return usual;
     }
     Tally tally(first, last);
     const std::size_t non_empty = static_cast<std::size_t>(last - first) - tally.zeros();

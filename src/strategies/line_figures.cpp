@@ -28,18 +28,6 @@ std::vector<std::size_t> fields_per_line(LineEnds line_ends) {
     return counts;
 }
 
-/// Whether each line has `fields` fields. All ends are looked at, for that can be done with several
-/// at once.
-bool are_alike(LineEnds line_ends, std::size_t fields) {
-    std::size_t expected = 0;
-    std::size_t differences = 0;
-    for (const std::size_t end : line_ends) {
-        expected += fields;
-        differences |= end ^ expected;
-    }
-    return differences == 0;
-}
-
 /// Whether each line has `fields` fields or none.
 bool are_alike_or_empty(LineEnds line_ends, std::size_t fields) {
     std::size_t before = 0;
@@ -60,8 +48,7 @@ std::size_t common_fields(LineEnds line_ends) {
         return 0;
     }
     const std::size_t fields = line_ends[empty_lines];
-    const bool all_filled = line_ends.back() / fields == line_ends.size();
-    return (all_filled ? are_alike : are_alike_or_empty)(line_ends, fields) ? fields : 0;
+    return are_alike_or_empty(line_ends, fields) ? fields : 0;
 }
 
 /// Fills in the record, and gives whether there are data lines.

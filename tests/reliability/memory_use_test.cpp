@@ -43,6 +43,18 @@ TEST(MemoryUse, AReadTakesLittleMoreThanItHolds) {
     }
 }
 
+// Much of what a detection of a small table costs is the asking for memory.
+TEST(MemoryUse, ADetectionOfASmallTableAsksForFewBlocks) {
+    const textio::parser::options options;
+    const zentor::io::text::typedetection::TypeAnalyzerOptions type_options;
+    const std::u16string text = u"a;b\n1;2,5\n3;4,5\n6;7,5\n";
+    textio::detection::StrategySelector selector(options, type_options);
+    const std::size_t blocks = blocks_made;
+    const auto strategy = selector.pick_strategy(textio::Field(text), 250);
+    EXPECT_LE(blocks_made - blocks, 50U);
+    EXPECT_EQ(strategy->options().delimiters.front(), u";");
+}
+
 TEST(MemoryUse, ColumnsTakeAByteEachToInspect) {
     constexpr std::size_t columns = 1000;
     DelimitedStrategy strategy({}, {}, u',');

@@ -13,7 +13,7 @@ namespace {
 /// Whether blanks, line endings and the end of text have no unit in common.
 template <class Reader>
 bool are_told_apart(const Reader& reader) {
-    const UnitSet& blanks = reader.blanks().set();
+    const UnitSet& blanks = reader.blanks.set();
     const UnitSet& line_ends = reader.guarded_line_ends.first_units();
     return are_disjoint(blanks, line_ends) && !blanks.contains(end_of_text) &&
            !line_ends.contains(end_of_text);
@@ -22,7 +22,7 @@ bool are_told_apart(const Reader& reader) {
 /// Whether the quote has no other meaning.
 bool quote_is_nothing_else(const DelimitedRecordReader& reader) {
     const char16_t quote = reader.options->quote;
-    return quote != end_of_text && !reader.blanks().set().contains(quote) &&
+    return quote != end_of_text && !reader.blanks.set().contains(quote) &&
            !reader.guarded_line_ends.first_units().contains(quote) &&
            !reader.guarded_delimiters.first_units().contains(quote);
 }
@@ -30,7 +30,7 @@ bool quote_is_nothing_else(const DelimitedRecordReader& reader) {
 } // namespace
 
 bool has_plain_records(const DelimitedRecordReader& reader) {
-    const UnitSet& blanks = reader.blanks().set();
+    const UnitSet& blanks = reader.blanks.set();
     const UnitSet& line_ends = reader.guarded_line_ends.first_units();
     const UnitSet& delimiters = reader.guarded_delimiters.first_units();
     return reader.options->consecutive_delimiters_rule != consecutive_delimiters::error &&
@@ -54,14 +54,6 @@ std::u16string_view unplain_starts(const DelimitedRecordReader& reader) {
     const bool are_plain = options.leading_delimiters_rule == leading_delimiters::keep ||
                            options.consecutive_delimiters_rule == consecutive_delimiters::merge;
     return are_plain ? std::u16string_view() : reader.guarded_delimiters.first_units().units();
-}
-
-std::u16string_view unplain_starts(const FixedWidthRecordReader& /*reader*/) {
-    return {};
-}
-
-std::u16string_view unplain_starts(const LineRecordReader& /*reader*/) {
-    return {};
 }
 
 } // namespace textio::parser

@@ -16,7 +16,7 @@ template <class Walk>
 class PlainFields {
 public:
     PlainFields(const DelimitedRecordReader& reader, const PlainRecords& records, const Walk& stops)
-        : blanks_(reader.blanks().set()), delimiters_(reader.guarded_delimiters.first_units()),
+        : blanks_(reader.blanks.set()), delimiters_(reader.guarded_delimiters.first_units()),
           line_ends_(reader.guarded_line_ends.first_units()), quote_(reader.options->quote),
           usual_delimiter_(delimiters_.units().empty() ? no_unit : delimiters_.units().front()),
           has_more_delimiters_(delimiters_.units().size() > 1), stops_(stops),

@@ -17,9 +17,6 @@ public:
         return Units(vreinterpretq_u16_u8(vld1q_u8(static_cast<const std::uint8_t*>(memory))));
     }
     static Units all(char16_t unit) noexcept { return Units(vdupq_n_u16(unit)); }
-    void store(void* memory) const noexcept {
-        vst1q_u8(static_cast<std::uint8_t*>(memory), vreinterpretq_u8_u16(units_));
-    }
 
     [[nodiscard]] Units minus(Units other) const noexcept {
         return Units(vsubq_u16(units_, other.units_));
@@ -39,9 +36,6 @@ public:
         return Bytes(vld1q_u8(static_cast<const std::uint8_t*>(memory)));
     }
     static Bytes all(unsigned char byte) noexcept { return Bytes(vdupq_n_u8(byte)); }
-    void store(void* memory) const noexcept {
-        vst1q_u8(static_cast<std::uint8_t*>(memory), bytes_);
-    }
 
     static Bytes narrowed(Units low, Units high) noexcept {
         return Bytes(vreinterpretq_u8_s8(vqmovn_high_s16(

@@ -21,7 +21,6 @@ public:
         return units;
     }
     static Units all(char16_t unit) noexcept { return {each * unit, each * unit}; }
-    void store(void* memory) const noexcept { std::memcpy(memory, words_.data(), sizeof words_); }
 
     [[nodiscard]] Units minus(Units other) const noexcept {
         return {minus(words_[0], other.words_[0]), minus(words_[1], other.words_[1])};
@@ -60,7 +59,6 @@ public:
         return bytes;
     }
     static Bytes all(unsigned char byte) noexcept { return {each * byte, each * byte}; }
-    void store(void* memory) const noexcept { std::memcpy(memory, words_.data(), sizeof words_); }
 
     static Bytes narrowed(Units low, Units high) noexcept {
         return {narrowed(low.words_), narrowed(high.words_)};

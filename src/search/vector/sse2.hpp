@@ -20,9 +20,6 @@ public:
     static Units all(char16_t unit) noexcept {
         return Units(_mm_set1_epi16(static_cast<short>(unit)));
     }
-    void store(void* memory) const noexcept {
-        _mm_storeu_si128(static_cast<__m128i*>(memory), units_);
-    }
 
     /// Each unit less that of `other`, modulo 2 to the 16th.
     [[nodiscard]] Units minus(Units other) const noexcept {
@@ -41,15 +38,12 @@ class Bytes {
 public:
     static constexpr std::size_t count = 16;
 
-    /// What `all` gave and `store` left at `memory`.
+    /// One byte, repeated at `memory`.
     static Bytes load(const void* memory) noexcept {
         return Bytes(_mm_loadu_si128(static_cast<const __m128i*>(memory)));
     }
     static Bytes all(unsigned char byte) noexcept {
         return Bytes(_mm_set1_epi8(static_cast<char>(byte)));
-    }
-    void store(void* memory) const noexcept {
-        _mm_storeu_si128(static_cast<__m128i*>(memory), bytes_);
     }
 
     /// The units of both as bytes. As signed numbers they are cut to what fits: 0 to 0x7F and

@@ -83,7 +83,7 @@ std::u16string left_by(options options, std::u16string_view text) {
     ReadCounts counts;
     textio::FieldArray array;
     SampleWriter sample(array, view, SIZE_MAX);
-    const LineShape shape{.blanks = reader.blanks(),
+    const LineShape shape{.blanks = reader.blanks,
                           .line_ends = reader.guarded_line_ends,
                           .comment_start = {},
                           .unplain_starts = unplain_starts(reader),
