@@ -194,7 +194,11 @@ double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
     if (name.empty()) {
         return -1;
     }
-    if (below.count([name](auto text) { return ascii::equals_ignoring_case(text, name); }) != 0) {
+    const auto repeats_name = [name](std::u16string_view text) {
+        const bool is_name_itself = text.data() == name.data();
+        return !is_name_itself && ascii::equals_ignoring_case(text, name);
+    };
+    if (below.count(repeats_name) != 0) {
         return -3;
     }
     if (!has_letter(name)) {

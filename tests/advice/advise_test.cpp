@@ -139,6 +139,10 @@ TEST(Advise, FindsWhereTheTableBegins) {
         {"such a title above quoted numbers",
          u"Stock, main store\n\n\"site\",\"hands\"\n\"mill\",\"-19\"\n\"gate\",\"963\"\n\"hall\",\"77\"\n",
          "by ','; 2>3; site text, hands number"},
+        {"such a title above quoted dates",
+         u"Stock, main store\n\n\"city\",\"day\"\n\"heavy mill\",\"2004-03-19\"\n\"old gate\",\"2008-04-16\"\n"
+         u"\"a hall\",\"2006-04-02\"\n",
+         "by ','; 2>3; city text, day date"},
         {"names over numbers in quotes among texts",
          u"\"Street Nut\",\"fone\",\"Mill North\"\n\"Old Pin\",\"9271.47\",\"New Lane\"\n\"Red Gate\",\"319.15\",\"Long Road\"\n"
          u"\"Low Hill\",\"309.12\",\"Old Dock\"\n",
