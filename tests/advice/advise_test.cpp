@@ -127,6 +127,22 @@ TEST(Advise, FindsRecordsOfSeveralKinds) {
     });
 }
 
+TEST(Advise, TellsMarksByAllTheNumbersOfAColumn) {
+    std::u16string late = u"site;sum\n";
+    for (int row = 0; row < 20; ++row) {
+        late += u"mill;2.5\n";
+    }
+    const std::pair<std::u16string, const char*> cases[] = {
+        {u"site;stock\nmill;1.234\ngate;829\nhall;12.505\nroom;-22\nyard;7\n", "?."},
+        {u"site;share;count\nmill;1.234;5\ngate;2.345;829\nhall;3.456;7\n", "."}, // of another column
+        {late, "."},
+        {late + u"gate;5,677.92\n", ".,"},
+    };
+    for (const auto& [text, marks] : cases) {
+        EXPECT_EQ(test::marks_of(advice_on(text).proposals.front()), marks) << test::shown(text);
+    }
+}
+
 TEST(Advise, FindsWhereTheTableBegins) {
     expect_advice({
         {"a title", u"Sales of May, all shops\nday,shop,sum\n1,East,12.5\n2,West,13.5\n3,East,7.5\n",
