@@ -159,6 +159,10 @@ TEST(Advise, FindsWhereTheTableBegins) {
          u"Stock, main store\n\n\"city\",\"day\"\n\"heavy mill\",\"2004-03-19\"\n\"old gate\",\"2008-04-16\"\n"
          u"\"a hall\",\"2006-04-02\"\n",
          "by ','; 2>3; city text, day date"},
+        {"a title that is like the rows", u"Stock, Main Store\n\nname,city\nNut Old,Bern\nPin Red,Main Store\nBolt Hex,Genf\n",
+         "by ','; 2>3; name text, city text"},
+        {"a first row with a blank line below it", u"Nut Old,Bern\n\nPin Red,Chur\nBolt Hex,Genf\nRod Low,Thun\n",
+         "by ','; >0; text, text"},
         {"names over numbers in quotes among texts",
          u"\"Street Nut\",\"fone\",\"Mill North\"\n\"Old Pin\",\"9271.47\",\"New Lane\"\n\"Red Gate\",\"319.15\",\"Long Road\"\n"
          u"\"Low Hill\",\"309.12\",\"Old Dock\"\n",
