@@ -32,6 +32,9 @@ public:
         ++size_;
     }
 
+    /// Replaces the last one, which there must be.
+    void replace_last(char byte) noexcept { bytes_[size_ - 1] = byte; }
+
     void clear() noexcept { size_ = 0; }
     [[nodiscard]] std::size_t size() const noexcept { return size_; }
     [[nodiscard]] std::string_view view() const noexcept { return {bytes_.get(), size_}; }

@@ -3,6 +3,7 @@
 #include "table.hpp"
 #include "textio/reading.hpp"
 #include "unicode.hpp"
+#include "utf8_encoding.hpp"
 
 #include <algorithm>
 #include <string_view>
@@ -43,20 +44,18 @@ PlainNumbers numbers_of(const textio::advice::Proposal& proposal) {
 } // namespace
 
 ColumnValues::ColumnValues(const Advised& advised, bool iso_dates)
-    : numbers_(numbers_of(advised.best())) {
-    const auto& best = advised.best();
-    for (const std::u16string& text : best.type_options.treat_as_missing) {
-        missing_.push_back(to_utf8(text));
-    }
+    : options_(advised.best().strategy->options()), numbers_(numbers_of(advised.best())),
+      missing_(advised.best().type_options.treat_as_missing) {
+    const auto& columns = advised.best().columns;
     const Table table = table_of(advised);
-    for (std::size_t i = 0; i < best.columns.size(); ++i) {
-        const FieldClass type = best.columns[i].type;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const FieldClass type = columns[i].type;
         if (type == FieldClass::number && !numbers_.are_plain()) {
-            columns_.push_back({i, std::nullopt, {}});
+            changing_.push_back({i, std::nullopt});
         } else if (iso_dates && (type == FieldClass::date || type == FieldClass::datetime)) {
             const auto order = order_of(sampled_dates(advised, table, i));
             if (order) {
-                columns_.push_back({i, order, {}});
+                changing_.push_back({i, order});
             } else {
                 unsure_dates_.push_back(i);
             }
@@ -64,36 +63,33 @@ ColumnValues::ColumnValues(const Advised& advised, bool iso_dates)
     }
 }
 
-bool ColumnValues::make_plain(RecordCells& record) {
-    bool fits = true;
-    const auto values = record.cells();
-    if (!missing_.empty()) {
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            if (std::find(missing_.begin(), missing_.end(), values[i]) != missing_.end()) {
-                record.replace(i, {});
-            }
+std::string_view ColumnValues::value(std::size_t index, const textio::Field& cell) {
+    const std::u16string_view text = textio::reading::cell_value(cell, options_, unquoted_);
+    if (std::find(missing_.begin(), missing_.end(), text) != missing_.end()) {
+        return {};
+    }
+    bytes_.clear();
+    char* const begin = bytes_.room(most_bytes_per_unit * text.size());
+    const auto up_to = [begin](const char* end) {
+        return std::string_view(begin, static_cast<std::size_t>(end - begin));
+    };
+    const auto column = std::lower_bound(
+        changing_.begin(), changing_.end(), index,
+        [](const Column& changing, std::size_t other) { return changing.index < other; });
+    const bool is_changing = column != changing_.end() && column->index == index;
+    if (is_changing && !column->order) {
+        if (const char* const end = numbers_.write(text, begin); end != nullptr) {
+            return up_to(end);
         }
     }
-    for (Column& column : columns_) {
-        if (column.index >= values.size()) {
-            break;
-        }
-        const std::string_view value = values[column.index];
-        if (!column.order) {
-            const auto number = numbers_.plain(value, column.value);
-            if (number.data() != value.data()) {
-                record.replace(column.index, number);
-            }
-        } else if (!value.empty()) {
-            const auto date = iso_date(value, *column.order, column.value);
-            if (date.empty()) {
-                fits = false;
-            } else if (date != value) {
-                record.replace(column.index, date);
-            }
-        }
-    }
-    return fits;
+    const std::string_view value = up_to(encode_utf8(text, begin));
+    return is_changing && column->order && !value.empty() ? iso(value, *column->order) : value;
+}
+
+std::string_view ColumnValues::iso(std::string_view date, DateOrder order) {
+    const std::string_view plain = iso_date(date, order, date_);
+    odd_dates_ += plain.empty() ? 1 : 0;
+    return plain.empty() ? date : plain;
 }
 
 } // namespace detect_layout

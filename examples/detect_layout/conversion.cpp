@@ -8,8 +8,9 @@
 #include "layout_names.hpp"
 #include "output.hpp"
 #include "output_file.hpp"
-#include "record_cells.hpp"
+#include "record_writer.hpp"
 #include "terminal.hpp"
+#include "unicode.hpp"
 #include "user_error.hpp"
 
 #include <fmt/format.h>
@@ -17,6 +18,8 @@
 
 #include <algorithm>
 #include <chrono>
+#include <span>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -40,6 +43,12 @@ std::vector<WrittenColumn> written_columns(const textio::advice::Proposal& propo
         columns.push_back({std::move(name), is_number});
     }
     return columns;
+}
+
+bool holds_replacement(std::span<const textio::Field> cells) {
+    return std::any_of(cells.begin(), cells.end(), [](const textio::Field& cell) {
+        return cell.view().find(replacement_character) != std::u16string_view::npos;
+    });
 }
 
 /// One conversion on its way.
@@ -102,25 +111,24 @@ private:
             note(fmt::format("the dates of '{}' are left as they are: day and month are not sure",
                              columns[column].name));
         }
-        const auto writer = make_writer(settings_.format, columns);
+        const auto writer = make_writer(settings_.format, columns, values);
         writer->write_names(written_);
         textio::reading::Reader reader(advised_.best(), advised_.input->stream(),
                                        reader_settings());
         advised_.advice = {}; // a view of a text that is now read on
         advised_.by_rules.reset();
-        RecordCells cells(reader.options(), delimiter_of(settings_.format));
         while (reader.next()) {
             ++records_;
             regular_ += reader.fault() == Fault::none ? 1 : 0;
-            cells.take(reader.fields());
-            if (!values.make_plain(cells)) {
+            const std::size_t odd_dates = values.odd_dates();
+            writer->write(reader.fields(), written_);
+            if (values.odd_dates() != odd_dates) {
                 reports_.add_note(reader.line(), "a date is written in another way, and is left "
                                                  "as it is");
             }
-            if (cells.has_replacement() && advised_.input->undecodable() > 0) {
+            if (advised_.input->undecodable() > 0 && holds_replacement(reader.fields())) {
                 reports_.add_note(reader.line(), "has what could not be decoded, now U+FFFD");
             }
-            writer->write(cells, written_);
             if (written_.size() >= piece_bytes) {
                 write_piece();
             }

@@ -48,7 +48,7 @@ struct LegacySet {
     const char* name;
     Languages languages; ///< none: ideographs, kana or Korean syllables
     double prior;
-    unsigned char last_common_byte = 0xFF; ///< rare ideographs begin with a higher one
+    unsigned last_common = 0xFFFF; ///< behind these two bytes stand the rare ideographs
 };
 
 /// Of sets that decode a text alike, the first is named.
@@ -67,11 +67,11 @@ const std::array legacy_sets{
     LegacySet{"windows-1256", arabic, less_common},
     LegacySet{"ISO-8859-6", arabic, less_common},
     LegacySet{"windows-874", thai, less_common},
-    LegacySet{"Shift_JIS", {}, less_common, 0x97},
-    LegacySet{"EUC-JP", {}, less_common, 0xCF},
-    LegacySet{"GB18030", {}, less_common, 0xD7},
-    LegacySet{"Big5", {}, less_common, 0xC6},
-    LegacySet{"EUC-KR", {}, less_common, 0xC8},
+    LegacySet{"Shift_JIS", {}, less_common, 0x9872},
+    LegacySet{"EUC-JP", {}, less_common, 0xCFFF},
+    LegacySet{"GB18030", {}, less_common, 0xD7FF},
+    LegacySet{"Big5", {}, less_common, 0xC6FF},
+    LegacySet{"EUC-KR", {}, less_common, 0xC8FF},
     LegacySet{"IBM850", western, rare},
     LegacySet{"IBM852", central, rare},
     LegacySet{"IBM866", cyrillic, rare},
@@ -110,12 +110,14 @@ std::map<std::string, double, std::less<>> recognised_by_icu(std::string_view by
     return sets;
 }
 
-std::size_t count_rare_ideographs(std::string_view bytes, unsigned char last_common_byte) {
+std::size_t count_rare_ideographs(std::string_view bytes, unsigned last_common) {
     std::size_t count = 0;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-        const auto byte = static_cast<unsigned char>(bytes[i]);
-        count += byte > last_common_byte ? 1 : 0;
-        i += byte >= 0x80 ? 1 : 0;
+    for (std::size_t i = 0; i + 1 < bytes.size(); ++i) {
+        const auto first = static_cast<unsigned char>(bytes[i]);
+        if (first >= 0x80) {
+            ++i;
+            count += 0x100U * first + static_cast<unsigned char>(bytes[i]) > last_common ? 1 : 0;
+        }
     }
     return count;
 }
@@ -131,8 +133,7 @@ Reading read_in(const LegacySet& set, std::string_view bytes, std::u16string_vie
                 double confidence) {
     Reading reading =
         set.languages.empty()
-            ? read_as_east_asian(text, count_rare_ideographs(bytes, set.last_common_byte),
-                                 confidence)
+            ? read_as_east_asian(text, count_rare_ideographs(bytes, set.last_common), confidence)
             : read_as_languages(text, set.languages);
     reading.total += set.prior;
     return reading;

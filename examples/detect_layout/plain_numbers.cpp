@@ -1,18 +1,20 @@
 #include "plain_numbers.hpp"
 
-#include "unicode.hpp"
-
 #include <cstddef>
 
 namespace detect_layout {
 
 namespace {
 
-bool is_digit(char byte) {
-    return byte >= '0' && byte <= '9';
+constexpr std::size_t group_digits = 3; ///< between two separators of thousands
+
+template <typename Unit>
+bool is_digit(Unit unit) {
+    return unit >= Unit{'0'} && unit <= Unit{'9'};
 }
 
-std::size_t digits_at(std::string_view text, std::size_t at) {
+template <typename Unit>
+std::size_t digits_at(std::basic_string_view<Unit> text, std::size_t at) {
     std::size_t end = at;
     while (end < text.size() && is_digit(text[end])) {
         ++end;
@@ -20,13 +22,15 @@ std::size_t digits_at(std::string_view text, std::size_t at) {
     return end - at;
 }
 
-std::size_t sign_at(std::string_view text, std::size_t at) {
-    return at < text.size() && (text[at] == '-' || text[at] == '+') ? 1 : 0;
+template <typename Unit>
+std::size_t sign_at(std::basic_string_view<Unit> text, std::size_t at) {
+    return at < text.size() && (text[at] == Unit{'-'} || text[at] == Unit{'+'}) ? 1 : 0;
 }
 
 /// The size of the exponent at `at`: 0 if there is none.
-std::size_t exponent_at(std::string_view text, std::size_t at) {
-    if (at >= text.size() || (text[at] != 'e' && text[at] != 'E')) {
+template <typename Unit>
+std::size_t exponent_at(std::basic_string_view<Unit> text, std::size_t at) {
+    if (at >= text.size() || (text[at] != Unit{'e'} && text[at] != Unit{'E'})) {
         return 0;
     }
     const std::size_t sign = sign_at(text, at + 1);
@@ -37,85 +41,79 @@ std::size_t exponent_at(std::string_view text, std::size_t at) {
 /// Reads a text from its start on, and writes some of it.
 class Scan {
 public:
-    Scan(std::string_view text, char* to) : text_(text), to_(to) {}
+    Scan(std::u16string_view text, char* to) : text_(text), to_(to) {}
+
+    void take(std::size_t count) {
+        for (; count > 0; --count) {
+            take_unit();
+        }
+    }
 
     /// Takes digits over; gives their number.
     std::size_t take_digits() {
         const std::size_t begin = at_;
         while (at_ < text_.size() && is_digit(text_[at_])) {
-            *to_++ = text_[at_++];
+            take_unit();
         }
         return at_ - begin;
     }
 
-    void take(std::size_t count) {
-        for (const std::size_t end = at_ + count; at_ < end;) {
-            *to_++ = text_[at_++];
+    /// Takes over the groups of digits that come next, each behind a separator.
+    void take_groups(char16_t separator) {
+        while (is_ahead(separator) && digits_at(text_, at_ + 1) == group_digits) {
+            ++at_;
+            take_unit();
+            take_unit();
+            take_unit();
         }
     }
 
-    /// Whether `sign` comes next, which is passed then.
-    bool pass(std::string_view sign) {
-        const bool is_next = is_ahead(sign);
-        at_ += is_next ? sign.size() : 0;
-        return is_next;
-    }
-
-    /// Takes over the groups of three digits that come next, each behind a separator.
-    void take_groups(std::string_view separator) {
-        constexpr std::size_t group = 3;
-        while (is_ahead(separator) && digits_at(text_, at_ + separator.size()) == group) {
-            at_ += separator.size();
-            take(group);
+    /// Writes a point in place of `mark` if that comes next; gives whether it does.
+    bool take_decimal(char16_t mark) {
+        if (!is_ahead(mark)) {
+            return false;
         }
+        ++at_;
+        *to_++ = '.';
+        return true;
     }
 
-    void write(char byte) { *to_++ = byte; }
     [[nodiscard]] std::size_t at() const { return at_; }
-    [[nodiscard]] const char* to() const { return to_; }
+    [[nodiscard]] char* to() const { return to_; }
 
 private:
-    [[nodiscard]] bool is_ahead(std::string_view sign) const {
-        return !sign.empty() && at_ < text_.size() && text_[at_] == sign.front() &&
-               (sign.size() == 1 || text_.substr(at_).starts_with(sign));
+    void take_unit() { *to_++ = static_cast<char>(text_[at_++]); }
+
+    [[nodiscard]] bool is_ahead(char16_t mark) const {
+        return at_ < text_.size() && text_[at_] == mark;
     }
 
-    std::string_view text_;
+    std::u16string_view text_;
     std::size_t at_ = 0;
     char* to_;
 };
 
-std::string in_utf8(char16_t mark) {
-    return mark == 0 ? std::string() : to_utf8({&mark, 1});
-}
-
 } // namespace
 
 PlainNumbers::PlainNumbers(char16_t decimal_mark, char16_t thousands_separator)
-    : decimal_(in_utf8(decimal_mark == 0 ? u'.' : decimal_mark)),
-      thousands_(in_utf8(thousands_separator)) {}
+    : decimal_(decimal_mark == 0 ? u'.' : decimal_mark), thousands_(thousands_separator) {}
 
-std::string_view PlainNumbers::plain(std::string_view text, std::string& buffer) const {
-    constexpr std::size_t most_leading_digits = 3;
-    if (buffer.size() < text.size() + 1) {
-        buffer.resize(text.size() + 1);
+char* PlainNumbers::write(std::u16string_view text, char* to) const noexcept {
+    Scan scan(text, to);
+    if (sign_at(text, 0) != 0) {
+        scan.take(1);
     }
-    Scan scan(text, buffer.data());
-    scan.take(sign_at(text, 0));
     std::size_t digits = scan.take_digits();
-    if (scan.at() == text.size()) {
-        return text; // without any mark
-    }
-    if (digits >= 1 && digits <= most_leading_digits) {
+    if (thousands_ != 0 && digits >= 1 && digits <= group_digits) {
         scan.take_groups(thousands_);
     }
-    if (scan.pass(decimal_)) {
-        scan.write('.');
+    if (scan.take_decimal(decimal_)) {
         digits += scan.take_digits();
     }
-    scan.take(exponent_at(text, scan.at()));
-    const auto size = static_cast<std::size_t>(scan.to() - buffer.data());
-    return digits > 0 && scan.at() == text.size() ? std::string_view(buffer.data(), size) : text;
+    if (scan.at() != text.size()) {
+        scan.take(exponent_at(text, scan.at()));
+    }
+    return digits > 0 && scan.at() == text.size() ? scan.to() : nullptr;
 }
 
 std::string_view json_number(std::string_view text, std::string& buffer) {

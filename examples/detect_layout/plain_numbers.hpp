@@ -12,15 +12,15 @@ public:
     PlainNumbers(char16_t decimal_mark, char16_t thousands_separator);
 
     /// Whether the numbers are plain as they are.
-    [[nodiscard]] bool are_plain() const noexcept { return decimal_ == "." && thousands_.empty(); }
+    [[nodiscard]] bool are_plain() const noexcept { return decimal_ == u'.' && thousands_ == 0; }
 
-    /// The plain number that `text` is, put into `buffer` if it is another text; `text` itself if
-    /// that is no number with these marks.
-    [[nodiscard]] std::string_view plain(std::string_view text, std::string& buffer) const;
+    /// Writes the plain number that `text` is to `to`, where there is room for its size, and gives
+    /// the end; null if it is no number with these marks.
+    [[nodiscard]] char* write(std::u16string_view text, char* to) const noexcept;
 
 private:
-    std::string decimal_;
-    std::string thousands_;
+    char16_t decimal_;
+    char16_t thousands_;
 };
 
 /// The number that JSON has for the plain number `text`, put into `buffer` if it is another text;

@@ -1,5 +1,6 @@
 #include "reading.hpp"
 
+#include "common_ideographs.hpp"
 #include "unicode.hpp"
 
 #include <unicode/uchar.h>
@@ -19,16 +20,17 @@ namespace {
 /// differences count.
 namespace grade {
 constexpr double undecodable = -12;
-constexpr double nonsense = -10;       ///< a character that hardly any text has
-constexpr double foreign_letter = -7;  ///< a letter that none of the languages has
-constexpr double loan_letter = -5;     ///< a letter of another language with the same set
-constexpr double sign = -3.5;          ///< a quotation mark, a dash, a currency, a degree
-constexpr double ideograph = -8;       ///< one of thousands, for two bytes
-constexpr double rare_ideograph = -2;  ///< added to those that the set keeps apart as rare
-constexpr double syllable = -6.5;      ///< of the Korean alphabet, for two bytes
-constexpr double kana = -4.5;          ///< of the Japanese alphabets, for two bytes
-constexpr double narrow_kana = -6;     ///< the same in one byte, of a time long ago
-constexpr double recognised = 2.5;     ///< added to each of these if ICU is sure of the set
+constexpr double nonsense = -10;          ///< a character that hardly any text has
+constexpr double foreign_letter = -7;     ///< a letter that none of the languages has
+constexpr double loan_letter = -5;        ///< a letter of another language with the same set
+constexpr double sign = -3.5;             ///< a quotation mark, a dash, a currency, a degree
+constexpr double ideograph = -8;          ///< one of thousands, for two bytes
+constexpr double common_ideograph = -5.5; ///< one of those that make up half of every text
+constexpr double rare_ideograph = -2;     ///< added to those that the set keeps apart as rare
+constexpr double syllable = -6.5;         ///< of the Korean alphabet, for two bytes
+constexpr double kana = -4.5;             ///< of the Japanese alphabets, for two bytes
+constexpr double narrow_kana = -6;        ///< the same in one byte, of a time long ago
+constexpr double recognised = 2.5;        ///< added to each of these if ICU is sure of the set
 constexpr double misplaced = -3;       ///< added to a capital behind a small letter, and the like
 constexpr double initial_capital = -1; ///< added to a capital at the start of a word
 } // namespace grade
@@ -106,7 +108,7 @@ double grade_of_east_asian(char16_t unit, double confidence) {
     const double more = grade::recognised * confidence;
     switch (script_of(unit)) {
     case USCRIPT_HAN:
-        return grade::ideograph + more;
+        return (is_common_ideograph(unit) ? grade::common_ideograph : grade::ideograph) + more;
     case USCRIPT_HANGUL:
         return grade::syllable + more;
     case USCRIPT_HIRAGANA:

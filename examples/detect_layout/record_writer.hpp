@@ -1,10 +1,11 @@
 #pragma once
 
 #include "byte_buffer.hpp"
-#include "record_cells.hpp"
+#include "textio/field.hpp"
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,8 @@ struct WrittenColumn {
     bool is_number = false;
 };
 
+class ColumnValues;
+
 /// Writes records in UTF-8, each with a line feed behind it.
 class RecordWriter {
 public:
@@ -30,14 +33,13 @@ public:
     /// Writes the line with the names, where the format has one.
     virtual void write_names(ByteBuffer& out) const = 0;
 
-    /// Writes a record, which may have more or fewer cells than there are columns.
-    virtual void write(RecordCells& record, ByteBuffer& out) = 0;
+    /// Writes a record of at least one cell, which may have more or fewer cells than there are
+    /// columns.
+    virtual void write(std::span<const textio::Field> cells, ByteBuffer& out) = 0;
 };
 
-/// What stands between the values in `format`.
-[[nodiscard]] char delimiter_of(TableFormat format) noexcept;
-
-[[nodiscard]] std::unique_ptr<RecordWriter> make_writer(TableFormat format,
-                                                        std::vector<WrittenColumn> columns);
+/// `values` gives the values, and must outlive the writer.
+[[nodiscard]] std::unique_ptr<RecordWriter>
+make_writer(TableFormat format, std::vector<WrittenColumn> columns, ColumnValues& values);
 
 } // namespace detect_layout

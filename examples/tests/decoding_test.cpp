@@ -109,6 +109,9 @@ TEST(CharacterSet, is_found_from_the_bytes) {
          "\x96\xBC\x91O,\x8F\x5A\x8F\x8A,\x93\x64\x98\x62\n\x93\x63\x92\x86,\x93\x8C\x8B\x9E,"
          "\x82\xA0\x82\xE8\x82\xDC\x82\xB7,\x82\xB1\x82\xEA\x82\xCD\n",
          true, "Shift_JIS"},
+        {"one Japanese word that would begin with a quotation mark", "sum \x93\x64\x98\x62,code\n1,2\n", true, "Shift_JIS"},
+        {"one Japanese word that would be letters", "sum \x8F\x5A\x8F\x8A,code\n1,2\n", true, "Shift_JIS"},
+        {"one word in quotation marks", "sum \x93old\x94,code\n1,2\n", true, "windows-1252"},
     };
     for (const Case& test : cases) {
         EXPECT_EQ(detect_character_set(test.head, test.is_whole_text).name, test.expected) << test.name;

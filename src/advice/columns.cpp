@@ -12,7 +12,6 @@
 #include <array>
 #include <functional>
 #include <optional>
-#include <span>
 
 namespace textio::advice {
 
@@ -209,20 +208,23 @@ private:
     const char16_t* first_data_;
 };
 
-/// Takes in a cell. Few cells have a mark at all, and only numbers say something of it.
-void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
-    if (std::none_of(cell.begin(), cell.end(), is_number_mark)) {
+/// Takes in a cell. Only numbers say something of marks, and few other cells have digits.
+void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& of_table,
+               NumberMarks& of_column) {
+    if (!has_digit(cell)) {
         return;
     }
     const std::u16string_view text = bare(cell, quote);
     if (looks_like_number(text)) {
-        marks.add(text);
+        of_table.add(text);
+        of_column.add(text);
     }
 }
 
-void add_marks_of_row(const TableRows& row, char16_t quote, NumberMarks& marks) {
-    for (const std::u16string_view cell : std::span(row.cells()).first(row.fields())) {
-        add_marks(cell, quote, marks);
+void add_marks_of_row(const TableRows& row, char16_t quote, NumberMarks& of_table,
+                      std::vector<NumberMarks>& of_columns) {
+    for (std::size_t column = 0; column < row.fields(); ++column) {
+        add_marks(row.cells()[column], quote, of_table, of_columns[column]);
     }
 }
 
@@ -240,16 +242,20 @@ TableTally tally_of(const Reading& reading, const FieldArray& lines, const Table
     constexpr std::size_t most_rows = 60; // whose marks are looked at
     TableTally tally;
     tally.columns.resize(reading.columns);
+    std::vector<NumberMarks> marks(reading.columns);
     DataRows data(reading, lines, start.first_data);
     std::size_t data_rows = 0;
     while (data.next()) {
         add_values(data.row(), type_options, tally.columns);
-        if (data_rows++ < most_rows && !reading.is_line_by_line() && !tally.marks.are_settled()) {
-            add_marks_of_row(data.row(), reading.quote, tally.marks);
+        if (data_rows++ < most_rows && !reading.is_line_by_line()) {
+            add_marks_of_row(data.row(), reading.quote, tally.marks, marks);
         }
     }
     for (Column& column : tally.columns) {
         column.missing = data_rows - column.values;
+    }
+    for (const NumberMarks& column : marks) {
+        tally.marks.add_together(column);
     }
     return tally;
 }

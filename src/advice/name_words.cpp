@@ -3,7 +3,6 @@
 #include "advice/cell_kind.hpp"
 #include "advice/counts.hpp"
 #include "advice/lines.hpp"
-#include "advice/number_shape.hpp"
 #include "advice/numbers_as_names.hpp"
 #include "ascii.hpp"
 
@@ -176,16 +175,23 @@ bool is_plain_name(std::u16string_view name) {
     return has_letter(name) && !has_digit(name) && !stands_for_nothing(name);
 }
 
-/// Whether a word stands over a column of numbers, which are texts because they are in quotes. One
-/// of these may be another name, and a few may be words for missing values.
-bool is_word_over_numbers(std::u16string_view cell, const ColumnBelow& below) {
-    constexpr std::size_t least_numbers = 3;
+/// Whether half of a text is digits: a number, a date, a code.
+bool is_mostly_digits(std::u16string_view text) {
+    const auto digits = std::count_if(text.begin(), text.end(), ascii::is_digit);
+    return 2 * static_cast<std::size_t>(digits) >= text.size();
+}
+
+/// Whether a word stands over a column of values that are mostly digits, which are texts because
+/// they are in quotes, or are codes. One of these may be another name, and a few may be words for
+/// missing values.
+bool is_word_over_digits(std::u16string_view cell, const ColumnBelow& below) {
+    constexpr std::size_t least_values = 3;
     if (!is_plain_name(bare(cell))) {
         return false;
     }
-    const std::size_t numbers = below.count(looks_like_number);
-    const std::size_t others = below.filled() - numbers;
-    return numbers >= least_numbers && others <= std::max<std::size_t>(1, numbers / 20);
+    const std::size_t values = below.count(is_mostly_digits);
+    const std::size_t others = below.filled() - values;
+    return values >= least_values && others <= std::max<std::size_t>(1, values / 20);
 }
 
 /// How much more a text looks like a column's name than like one of its values.
@@ -194,7 +200,11 @@ double name_likeness(std::u16string_view cell, const ColumnBelow& below) {
     if (name.empty()) {
         return -1;
     }
-    if (below.count([name](auto text) { return ascii::equals_ignoring_case(text, name); }) != 0) {
+    const auto repeats_name = [name](std::u16string_view text) {
+        const bool is_name_itself = text.data() == name.data();
+        return !is_name_itself && ascii::equals_ignoring_case(text, name);
+    };
+    if (below.count(repeats_name) != 0) {
         return -3;
     }
     if (!has_letter(name)) {
@@ -251,7 +261,7 @@ bool names_text_columns(const std::vector<std::u16string_view>& row, const Grid&
     const std::size_t columns = std::min(row.size(), grid.columns);
     for (std::size_t column = 0; column < columns; ++column) {
         below.look_at(column);
-        if (is_word_over_numbers(row[column], below)) {
+        if (is_word_over_digits(row[column], below)) {
             return true;
         }
         likeness += name_likeness(row[column], below);

@@ -8,14 +8,18 @@ namespace textio::advice {
 
 namespace {
 
-/// Whether the one mark of a number, at a place in it, could separate thousands: behind up to three
-/// digits, no 0 in front, and before three.
+/// Whether a number has so many digits in front that a separator of thousands could stand behind
+/// them: up to three, no 0 in front.
+bool could_lead_group(std::u16string_view number, std::size_t lead, std::size_t end) {
+    return end - lead >= 1 && end - lead <= 3 && number[lead] != u'0';
+}
+
+/// Whether the one mark of a number, at a place in it, could separate thousands: it stands before
+/// three digits as well.
 bool could_be_group(std::u16string_view number, std::size_t mark) {
-    const std::size_t lead = ascii::skip_sign(number, 0);
-    const std::size_t digits = mark - lead;
     const std::size_t end = ascii::skip_digits(number, mark + 1);
-    const bool is_lead = digits >= 1 && digits <= 3 && number[lead] != u'0';
-    return is_lead && end - mark == 4 && end == number.size();
+    return could_lead_group(number, ascii::skip_sign(number, 0), mark) && end - mark == 4 &&
+           end == number.size();
 }
 
 } // namespace
@@ -23,6 +27,7 @@ bool could_be_group(std::u16string_view number, std::size_t mark) {
 void NumberMarks::add(std::u16string_view number) noexcept {
     const auto* const first = std::find_if(number.begin(), number.end(), is_number_mark);
     if (first == number.end()) {
+        add_unmarked(number);
         return;
     }
     const auto* const last =
@@ -43,10 +48,28 @@ bool NumberMarks::Mark::may_separate() const noexcept {
     return thousands + either > 0 && decimal == 0;
 }
 
-bool NumberMarks::are_settled() const noexcept {
-    constexpr std::size_t many = 16;
-    const bool agree = point_.decimal == 0 || comma_.decimal == 0;
-    return agree && point_.decimal + comma_.decimal >= many;
+/// Takes in a number without a mark. What is more than digits, or begins with a 0, tells nothing.
+void NumberMarks::add_unmarked(std::u16string_view number) noexcept {
+    const std::size_t lead = ascii::skip_sign(number, 0);
+    if (lead < number.size() && number[lead] != u'0' &&
+        ascii::skip_digits(number, lead) == number.size()) {
+        ++(could_lead_group(number, lead, number.size()) ? below_thousand_ : ungrouped_);
+    }
+}
+
+/// Whether one mark before three digits can only separate thousands: decimals that have three
+/// digits wherever there are any would not be missing from several numbers.
+bool NumberMarks::has_groups() const noexcept {
+    constexpr std::size_t several = 2;
+    return below_thousand_ >= several && ungrouped_ == 0 && point_.decimal + comma_.decimal == 0 &&
+           (point_.either == 0 || comma_.either == 0);
+}
+
+void NumberMarks::add_together(const NumberMarks& column) noexcept {
+    if (column.has_groups()) {
+        point_.take_for_groups(column.point_.either);
+        comma_.take_for_groups(column.comma_.either);
+    }
 }
 
 char16_t NumberMarks::decimal_mark() const noexcept {

@@ -12,14 +12,14 @@ constexpr bool is_number_mark(char16_t unit) {
     return unit == u'.' || unit == u',';
 }
 
-/// Collects what the numbers of a table say of their marks.
+/// Collects what the numbers of a table say of their marks, or those of a column.
 class NumberMarks {
 public:
     /// Takes in a cell that looks like a number, trimmed and without quotes.
     void add(std::u16string_view number) noexcept;
 
-    /// Whether so many numbers have told the same that more would change nothing.
-    [[nodiscard]] bool are_settled() const noexcept;
+    /// Takes in what only the numbers of a column tell together, each of which was added.
+    void add_together(const NumberMarks& column) noexcept;
 
     /// The decimal mark; 0 where nothing tells.
     [[nodiscard]] char16_t decimal_mark() const noexcept;
@@ -35,9 +35,20 @@ private:
 
         /// Whether it separates thousands if it is not the decimal mark.
         [[nodiscard]] bool may_separate() const noexcept;
+
+        void take_for_groups(std::size_t numbers) noexcept {
+            thousands += numbers;
+            either -= numbers;
+        }
     };
+
+    void add_unmarked(std::u16string_view number) noexcept;
+    [[nodiscard]] bool has_groups() const noexcept;
+
     Mark point_;
     Mark comma_;
+    std::size_t below_thousand_ = 0; ///< numbers without any mark that need no group
+    std::size_t ungrouped_ = 0;      ///< those that would need one
 };
 
 } // namespace textio::advice

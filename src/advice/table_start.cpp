@@ -185,10 +185,15 @@ private:
         start_.names = rows_.cells();
     }
 
-    /// The first row names the columns, or is data.
+    /// The first row names the columns, or is data. It is a title if names stand below it, with a
+    /// blank line between.
     void search_by_words() {
-        // The first row was a title if names stand below it, with a blank line between.
-        if (keep_next_data() && take_as_names() && is_behind_blank_line()) {
+        if (!keep_next_data()) {
+            return;
+        }
+        const bool is_at_second =
+            take_as_names() || (start_.names_line == SIZE_MAX && rows_.next());
+        if (is_at_second && is_behind_blank_line()) {
             take_as_names();
         }
     }
@@ -210,6 +215,7 @@ private:
                                     !begins_with_key(rows_.cells(), reading_.grid);
         if (could_be_names) {
             keep_names();
+            keep_first_data(); // unless a row follows
         }
         return could_be_names && keep_next_data();
     }

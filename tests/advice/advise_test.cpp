@@ -127,6 +127,22 @@ TEST(Advise, FindsRecordsOfSeveralKinds) {
     });
 }
 
+TEST(Advise, TellsMarksByAllTheNumbersOfAColumn) {
+    std::u16string late = u"site;sum\n";
+    for (int row = 0; row < 20; ++row) {
+        late += u"mill;2.5\n";
+    }
+    const std::pair<std::u16string, const char*> cases[] = {
+        {u"site;stock\nmill;1.234\ngate;829\nhall;12.505\nroom;-22\nyard;7\n", "?."},
+        {u"site;share;count\nmill;1.234;5\ngate;2.345;829\nhall;3.456;7\n", "."}, // of another column
+        {late, "."},
+        {late + u"gate;5,677.92\n", ".,"},
+    };
+    for (const auto& [text, marks] : cases) {
+        EXPECT_EQ(test::marks_of(advice_on(text).proposals.front()), marks) << test::shown(text);
+    }
+}
+
 TEST(Advise, FindsWhereTheTableBegins) {
     expect_advice({
         {"a title", u"Sales of May, all shops\nday,shop,sum\n1,East,12.5\n2,West,13.5\n3,East,7.5\n",
@@ -139,6 +155,14 @@ TEST(Advise, FindsWhereTheTableBegins) {
         {"such a title above quoted numbers",
          u"Stock, main store\n\n\"site\",\"hands\"\n\"mill\",\"-19\"\n\"gate\",\"963\"\n\"hall\",\"77\"\n",
          "by ','; 2>3; site text, hands number"},
+        {"such a title above quoted dates",
+         u"Stock, main store\n\n\"city\",\"day\"\n\"heavy mill\",\"2004-03-19\"\n\"old gate\",\"2008-04-16\"\n"
+         u"\"a hall\",\"2006-04-02\"\n",
+         "by ','; 2>3; city text, day date"},
+        {"a title that is like the rows", u"Stock, Main Store\n\nname,city\nNut Old,Bern\nPin Red,Main Store\nBolt Hex,Genf\n",
+         "by ','; 2>3; name text, city text"},
+        {"a first row with a blank line below it", u"Nut Old,Bern\n\nPin Red,Chur\nBolt Hex,Genf\nRod Low,Thun\n",
+         "by ','; >0; text, text"},
         {"names over numbers in quotes among texts",
          u"\"Street Nut\",\"fone\",\"Mill North\"\n\"Old Pin\",\"9271.47\",\"New Lane\"\n\"Red Gate\",\"319.15\",\"Long Road\"\n"
          u"\"Low Hill\",\"309.12\",\"Old Dock\"\n",

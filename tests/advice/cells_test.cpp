@@ -69,6 +69,34 @@ TEST(Cells, MarksAreThoseOfAllNumbersTogether) {
     }
 }
 
+TEST(Cells, NumbersOfAColumnTellTogetherWhatAMarkIs) {
+    struct Case {
+        std::vector<const char16_t*> column;
+        std::u16string marks;
+    };
+    const Case cases[] = {
+        {{u"1.234", u"12", u"-999", u"5.678"}, u"?."},
+        {{u"1,234", u"+12", u"7"}, u"?,"},
+        {{u"1.234", u"12", u"5.678"}, u".?"},             // one could be a gap in the decimals
+        {{u"1.234", u"12", u"1999", u"7"}, u".?"},        // which would have a group as well
+        {{u"1.234", u"12", u"0", u"007", u"1e3"}, u".?"}, // these tell nothing
+        {{u"1.234", u"12", u"7", u"1.5"}, u".?"},         //
+        {{u"1.234", u"12", u"7", u"1.234,5"}, u",."},     //
+    };
+    for (const Case& c : cases) {
+        NumberMarks table;
+        NumberMarks column;
+        for (const char16_t* number : c.column) {
+            table.add(number);
+            column.add(number);
+        }
+        table.add_together(column);
+        std::u16string found{table.decimal_mark(), table.thousands_separator()};
+        std::replace(found.begin(), found.end(), u'\0', u'?');
+        EXPECT_EQ(shown(found), shown(c.marks)) << shown(c.column.front());
+    }
+}
+
 TEST(Cells, KindsShowWhereACutIsWrong) {
     const std::pair<CellKind, std::vector<const char16_t*>> kinds[] = {
         {CellKind::missing, {u"", u"  ", u"NA", u"n/a", u"NULL", u"-", u"---", u"?", u"\\N", u"(null)", u" n.a. "}},

@@ -233,13 +233,20 @@ TEST(Names, DifferFromTheValuesBelow) {
         std::vector<std::u16string_view> cells;
         bool expected;
     };
+    const std::vector<std::u16string_view> names = {u"name", u"city"};
     const Case cases[] = {
+        {"a row that is among those below", names, {names[0], names[1], u"Bo", u"Chur", u"Cy", u"Genf"}, true},
         {"usual names", {u"name", u"city"}, {u"Ada", u"Bern", u"Bo", u"Chur", u"Cy", u"Genf"}, true},
         {"values", {u"Ada", u"Bern"}, {u"Bo", u"Chur", u"Cy", u"Genf", u"Dee", u"Thun"}, false},
         {"twice the same", {u"name", u"name"}, {u"Ada", u"Bern", u"Bo", u"Chur", u"Cy", u"Genf"}, false},
         {"codes", {u"A-7", u"B-1"}, {u"A-8", u"B-2", u"C-9", u"D-3", u"C-9", u"D-4"}, false},
         {"words over codes", {u"part", u"place"}, {u"A-8", u"B-2", u"C-9", u"D-3", u"C-7", u"D-4"}, true},
-        {"a value that comes again", {u"name", u"Bern"}, {u"Ada", u"Bern", u"Bo", u"Bern", u"Cy", u"Bern"}, false},
+        {"a value that comes again", {u"name", u"Bern"}, {u"Ada", u"bern", u"Bo", u"bern", u"Cy", u"bern"}, false},
+        {"a word over codes beside one", {u"code", u"Bern"}, {u"A-81", u"bern", u"B-92", u"chur", u"C-73", u"genf"}, true},
+        {"a text over texts with a digit",
+         {u"Mill Road", u"Bern"},
+         {u"Lane 2", u"bern", u"Road 7", u"chur", u"Hill 5", u"genf"},
+         false},
         {"no rows", {u"name", u"city"}, {}, false},
         {"a column more than the grid has", {u"name", u"city", u""}, {u"Ada", u"Bern", u"Bo", u"Chur", u"Cy", u"Genf"}, true},
     };
