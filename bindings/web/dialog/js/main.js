@@ -30,6 +30,7 @@ function showStart(shown) {
 }
 
 function closeFile() {
+  session.close();
   showStart(true);
   byId("file").hidden = true;
   byId("pick").focus();
@@ -42,25 +43,29 @@ byId("take-back-all").onclick = () => {
 };
 
 session.addEventListener("answer", ({ detail }) => {
-  if (detail.source === "file") {
+  if (detail.source === "file" || detail.source === "encoding") {
     complain("");
     showStart(false);
   }
 });
-session.addEventListener("fault", ({ detail }) => complain(detail.text));
+for (const event of ["change", "idle"]) {
+  session.addEventListener(event, () => {
+    document.querySelector("main").setAttribute("aria-busy", String(session.busy));
+  });
+}
 
 showFile(session, closeFile);
 new Ruler(byId("ruler"), session);
 showPreview(byId("preview"), session);
 showAssumptions(byId("assumptions"), session);
+// Told once: at the control, or here where there is none.
+session.addEventListener("fault", (event) => {
+  if (!event.defaultPrevented) {
+    complain(event.detail.text);
+  }
+});
 showReadings(byId("readings"), session);
 showSummary(session, say);
 offerExport(worker, session, { say, complain });
 offerStatement(worker, session, say);
 offerFiles((blob, name) => session.open(blob, name), complain);
-
-session.addEventListener("answer", ({ detail }) => {
-  if (detail.source !== "file") {
-    performance.measure("textio-change-to-table", "textio-change");
-  }
-});
