@@ -35,7 +35,9 @@ private:
     void read_separators();
     void read_separator(const Separator& separator);
     void read_suggested_separators();
+    void read_delimiters_of_host();
     void read_under_quotes(const Separator& separator);
+    void read_under_other_quotes(const Separator& separator);
     void read_blanks();
     void read_ragged_rows();
     void find_columns_at_positions();
@@ -51,10 +53,10 @@ private:
 
     void add_delimited(const Separator& separator, char16_t quote);
     void add_blank_separated(char16_t quote, double prior);
-    void add_rows(Reading reading, double prior);
+    void add_rows(Reading&& reading, double prior);
     [[nodiscard]] Reading begin_delimited(const std::u16string& delimiter, char16_t quote) const;
     [[nodiscard]] Reading begin_blank_separated(char16_t quote) const;
-    void keep_graded(Reading reading);
+    void keep_graded(Reading&& reading);
     void read(const std::shared_ptr<GenericStrategy>& strategy);
 
     [[nodiscard]] bool may_be(enums::StrategyMode layout) const;

@@ -48,6 +48,7 @@ std::vector<Reading> Advisor::begin_shown_positions() {
         }
     }
     std::vector<Reading> begun;
+    begun.reserve(shown.size());
     for (Positions& positions : shown) {
         begun.push_back(begin_positions(std::move(positions), context()));
     }

@@ -81,7 +81,7 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
     ClassVotes votes((grid.rows() + step - 1) / step);
     std::u16string_view last;
     FieldClass found = FieldClass::unknown;
-    for (std::size_t row = 0; row < grid.rows() && !votes.are_settled(); row += step) {
+    for (std::size_t row = 0; row < grid.rows(); row += step) {
         const std::u16string_view text = bare(grid.cell(row, column), quote);
         if (is_missing(text, type_options)) {
             continue;
@@ -91,6 +91,9 @@ FieldClass common_class(const Grid& grid, std::size_t column, char16_t quote,
             last = text;
         }
         votes.add(found);
+        if (votes.are_settled()) {
+            return found;
+        }
     }
     return votes.most();
 }
@@ -146,10 +149,8 @@ bool holds_no_numbers(const Reading& reading, const Grid& grid, std::size_t colu
            (commonest == CellKind::quoted && begins_without_number(grid, column, reading.quote));
 }
 
-void classify(const Reading& reading, const FieldArray& lines,
-              const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
-    const Grid ungraded = reading.grid.columns == 0 ? rows_of(reading, lines) : Grid();
-    const Grid& grid = reading.grid.columns == 0 ? ungraded : reading.grid;
+void classify(const Grid& grid, const Reading& reading, const TypeAnalyzerOptions& type_options,
+              std::vector<Column>& columns) {
     const TypeAnalyzer<false> analyzer(type_options);
     std::optional<TypeAnalyzer<false>> date_analyzer; // few tables have dates
     for (std::size_t column = 0; column < std::min(columns.size(), grid.columns); ++column) {
@@ -208,7 +209,7 @@ private:
 
 /// Takes in a cell. Few cells have a mark at all, and only numbers say something of it.
 void add_marks(std::u16string_view cell, char16_t quote, NumberMarks& marks) {
-    if (!holds_any(cell, u".,")) {
+    if (std::none_of(cell.begin(), cell.end(), is_number_mark)) {
         return;
     }
     const std::u16string_view text = bare(cell, quote);
@@ -256,7 +257,11 @@ void describe_columns(const Reading& reading, const FieldArray& lines, const Tab
     for (std::size_t column = 0; column < std::min(columns.size(), start.names.size()); ++column) {
         columns[column].name = bare(start.names[column], reading.quote);
     }
-    classify(reading, lines, type_options, columns);
+    if (reading.grid.columns == 0) {
+        classify(rows_of(reading, lines), reading, type_options, columns);
+    } else {
+        classify(reading.grid, reading, type_options, columns);
+    }
 }
 
 } // namespace textio::advice

@@ -20,7 +20,7 @@ constexpr std::u16string_view plain_openers = u"#%!";
 constexpr std::u16string_view usual_opener = u"#";
 
 bool begins_comment(std::u16string_view line, std::u16string_view opener) {
-    if (!is_comment(line, opener)) {
+    if (opener.empty() || !line.starts_with(opener)) {
         return false;
     }
     const std::u16string_view rest = line.substr(opener.size());
@@ -64,7 +64,7 @@ std::vector<OpenerCount> count_lines(const FieldArray& lines,
     const FirstUnits first_units(openers);
     std::vector<OpenerCount> counts(openers.size());
     for (std::size_t field = 0; field < lines.fields.size(); ++field) {
-        const std::u16string_view line = from_first_unit(lines.fields[field].view());
+        const std::u16string_view line = trimmed(lines.fields[field].view());
         if (!first_units.may_begin(line)) {
             continue;
         }

@@ -112,7 +112,7 @@ constexpr bool is_letter(char16_t unit) {
     constexpr char16_t first_beyond_ascii = 0xC0;
     constexpr std::array<UnitRange, 4> signs{
         {{0xD7, 0xD7}, {0xF7, 0xF7}, {0x2000, 0x2BFF}, {0x3000, 0x303F}}};
-    return unit < first_beyond_ascii ? ascii::is_letter(unit) : !is_in(signs, unit);
+    return ascii::is_letter(unit) || (unit >= first_beyond_ascii && !is_in(signs, unit));
 }
 
 constexpr bool is_letter_or_digit(char16_t unit) {

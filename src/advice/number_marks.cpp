@@ -2,6 +2,8 @@
 
 #include "ascii.hpp"
 
+#include <algorithm>
+
 namespace textio::advice {
 
 namespace {
@@ -19,19 +21,21 @@ bool could_be_group(std::u16string_view number, std::size_t mark) {
 } // namespace
 
 void NumberMarks::add(std::u16string_view number) noexcept {
-    const std::size_t first = number.find_first_of(u".,");
-    if (first == std::u16string_view::npos) {
+    const auto* const first = std::find_if(number.begin(), number.end(), is_number_mark);
+    if (first == number.end()) {
         return;
     }
-    const std::size_t last = number.find_last_of(u".,");
-    Mark& mark = number[last] == u'.' ? point_ : comma_;
-    if (number[first] != number[last]) {
+    const auto* const last =
+        std::find_if(number.rbegin(), number.rend(), is_number_mark).base() - 1;
+    Mark& mark = *last == u'.' ? point_ : comma_;
+    if (*first != *last) {
         ++mark.decimal;
         ++(&mark == &point_ ? comma_ : point_).thousands;
     } else if (first != last) {
         ++mark.thousands;
     } else {
-        ++(could_be_group(number, last) ? mark.either : mark.decimal);
+        ++(could_be_group(number, static_cast<std::size_t>(last - number.begin())) ? mark.either
+                                                                                   : mark.decimal);
     }
 }
 

@@ -7,6 +7,11 @@
 
 namespace textio::advice {
 
+/// Whether a unit can be a decimal mark, or separate thousands.
+constexpr bool is_number_mark(char16_t unit) {
+    return unit == u'.' || unit == u',';
+}
+
 /// Collects what the numbers of a table say of their marks.
 class NumberMarks {
 public:

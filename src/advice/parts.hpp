@@ -45,11 +45,10 @@ template <class Ranges>
                        [unit](UnitRange range) { return range.contains(unit); });
 }
 
-/// Whether one of the parts between some signs has a property; the parts behind it are not asked.
-/// Parts can be empty; behind a sign that ends the text is none.
-template <class Property>
-[[nodiscard]] bool any_part(std::u16string_view text, std::u16string_view signs,
-                            Property property) {
+/// Whether one of the parts between signs, of one or of several kinds, has a property; the parts
+/// behind it are not asked. Parts can be empty; behind a sign that ends the text is none.
+template <class Signs, class Property>
+[[nodiscard]] bool any_part(std::u16string_view text, Signs signs, Property property) {
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of(signs), text.size());
         if (property(text.substr(0, end))) {

@@ -19,9 +19,8 @@ namespace {
 class CommonWidths {
 public:
     void add(std::size_t width) {
-        Counter* const known = find([width](const Counter& counter) {
-            return counter.count != 0 && counter.width == width;
-        });
+        Counter* const known =
+            find([width](const Counter& counter) { return counter.counts(width); });
         if (known != nullptr) {
             ++known->count;
         } else if (Counter* const free = find(is_free)) {
@@ -36,6 +35,10 @@ public:
     struct Counter {
         std::size_t width = 0;
         std::size_t count = 0;
+
+        [[nodiscard]] bool counts(std::size_t fields) const {
+            return count != 0 && width == fields;
+        }
     };
 
     [[nodiscard]] const std::array<Counter, 8>& counters() const { return counters_; }
@@ -124,15 +127,6 @@ private:
     RegularRun best_;
 };
 
-/// The best run of rows of one width in a sample.
-RunSearch search_run(const FieldArray& sample, std::size_t width, bool last_is_optional) {
-    RunSearch search(width, last_is_optional);
-    for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
-        search.add(line, row.size());
-    });
-    return search;
-}
-
 std::size_t rows_behind(const FieldArray& sample, std::size_t line) {
     std::size_t count = 0;
     for_each_row(sample,
@@ -174,7 +168,10 @@ RegularRun find_regular_run(const FieldArray& sample, bool last_is_optional) {
         if (counter.count == 0 || counter.width < 2) {
             continue;
         }
-        const RunSearch search = search_run(sample, counter.width, last_is_optional);
+        RunSearch search(counter.width, last_is_optional);
+        for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
+            search.add(line, row.size());
+        });
         if (search.sum() > best_sum) {
             best_sum = search.sum();
             best = search.best();

@@ -27,36 +27,39 @@ struct SignPlaces {
     std::size_t as_punctuation = 0; ///< behind something and before a blank
     std::size_t between_blanks = 0; ///< blanks or the line's ends at both sides
     std::size_t runs = 0;           ///< runs of the sign
+    std::size_t single = 0;         ///< those of one
     std::size_t lines_with_single = 0;
     std::array<std::size_t, 5> multiples{}; ///< runs whose length is a multiple of the index
 };
 
+bool has_blank_before(std::u16string_view line, std::size_t at) {
+    return at == 0 || is_blank(line[at - 1]);
+}
+
+bool has_blank_behind(std::u16string_view line, std::size_t end) {
+    return end == line.size() || is_blank(line[end]);
+}
+
 /// Takes in a run of the sign, from `at` up to `end` of the line.
 void add_run(std::u16string_view line, std::size_t at, std::size_t end, SignPlaces& places) {
     const std::size_t length = end - at;
-    const bool blank_before = at == 0 || is_blank(line[at - 1]);
-    const bool blank_behind = end == line.size() || is_blank(line[end]);
     places.times += length;
-    if (blank_behind) {
-        (blank_before ? places.between_blanks : places.as_punctuation) += length;
+    if (has_blank_behind(line, end)) {
+        (has_blank_before(line, at) ? places.between_blanks : places.as_punctuation) += length;
     }
     ++places.runs;
-    for (std::size_t divisor = 2; divisor < places.multiples.size(); ++divisor) {
+    places.single += one_if(length == 1);
+    const std::size_t longest = std::min(length, places.multiples.size() - 1);
+    for (std::size_t divisor = 2; divisor <= longest; ++divisor) {
         places.multiples[divisor] += one_if(length % divisor == 0);
     }
 }
 
-/// Whether a sign stands in the line by itself.
-bool has_single(std::u16string_view line, char16_t sign) {
-    bool has_one = false;
-    for_each_run(line, sign, [&](std::size_t at, std::size_t end) { has_one |= end - at == 1; });
-    return has_one;
-}
-
 void add_line(std::u16string_view line, char16_t sign, SignPlaces& places) {
+    const std::size_t single = places.single;
     for_each_run(line, sign,
                  [&](std::size_t at, std::size_t end) { add_run(line, at, end, places); });
-    places.lines_with_single += one_if(has_single(line, sign));
+    places.lines_with_single += one_if(places.single != single);
 }
 
 SignPlaces places_of(const Survey& survey, char16_t sign) {
@@ -70,7 +73,9 @@ SignPlaces places_of(const Survey& survey, char16_t sign) {
 /// Whether the first line, which may name the columns, or a good part of all lines have the sign by
 /// itself.
 bool stands_alone(const SignPlaces& places, const Survey& survey, char16_t sign) {
-    return has_single(survey.first, sign) || places.lines_with_single * 4 >= survey.lines.size();
+    SignPlaces first;
+    add_line(survey.first, sign, first);
+    return first.single != 0 || places.lines_with_single * 4 >= survey.lines.size();
 }
 
 /// The length that nearly all runs of the sign are a multiple of; 1 where there is no such, or

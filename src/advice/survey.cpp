@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <cstdint>
 
 namespace textio::advice {
@@ -30,70 +29,58 @@ constexpr std::array<UnitRange, 11> other_signs{{{0x80, 0xA9},
                                                  {0xFE50, 0xFE6F},
                                                  {0xFF01, 0xFF1F}}};
 
+constexpr bool is_ascii_letter_or_digit(char16_t unit) {
+    return ascii::is_letter(unit) || ascii::is_digit(unit);
+}
+
 /// Counts the lines on which each sign stands.
 class SignCounter {
 public:
     void add_line(std::u16string_view line) {
-        AsciiUnits units;
         ++line_;
         for (const char16_t unit : line) {
             if (unit < ascii_units) {
-                units.add(unit);
+                ascii_[unit].add(line_);
             } else if (is_in(other_signs, unit)) {
                 count_other(unit);
             }
         }
-        count_units(units.low & ~digits, 0);
-        count_units(units.high & ~letters, mask_bits);
     }
 
     [[nodiscard]] std::vector<SignCount> signs() const {
         std::vector<SignCount> found;
         found.reserve(most_other_signs * 2);
-        const auto add = [&found](char16_t sign, std::uint32_t lines) {
-            if (lines != 0) {
-                found.push_back({sign, lines});
-            }
-        };
         for (char16_t unit = 0; unit < ascii_units; ++unit) {
-            add(unit, ascii_[unit]);
+            add_sign(unit, ascii_[unit], found);
         }
         for (const Other& other : others_) {
-            add(other.sign, other.lines);
+            add_sign(other.sign, other.count, found);
         }
         return found;
     }
 
 private:
-    /// The ASCII units of a line, a bit for each.
-    struct AsciiUnits {
-        std::uint64_t low = 0;
-        std::uint64_t high = 0;
+    /// Counts lines, each of them once.
+    struct LineCount {
+        std::uint32_t last_line = 0;
+        std::uint32_t lines = 0;
 
-        void add(char16_t unit) {
-            (unit < mask_bits ? low : high) |= std::uint64_t{1} << (unit % mask_bits);
+        void add(std::uint32_t line) {
+            if (last_line != line) {
+                last_line = line;
+                ++lines;
+            }
         }
     };
 
     struct Other {
         char16_t sign = 0;
-        std::uint32_t last_line = 0;
-        std::uint32_t lines = 0;
-
-        void add(char16_t unit, std::uint32_t line) {
-            sign = unit;
-            lines += last_line == line ? 0 : 1;
-            last_line = line;
-        }
+        LineCount count;
     };
 
-    static constexpr std::size_t mask_bits = 64;
-    static constexpr std::uint64_t digits = 0x03FF'0000'0000'0000;  ///< among the first 64 units
-    static constexpr std::uint64_t letters = 0x07FF'FFFE'07FF'FFFE; ///< among the next 64
-
-    void count_units(std::uint64_t units, std::size_t first) {
-        for (; units != 0; units &= units - 1) {
-            ++ascii_[first + static_cast<std::size_t>(std::countr_zero(units))];
+    static void add_sign(char16_t unit, const LineCount& count, std::vector<SignCount>& found) {
+        if (count.lines != 0 && !is_ascii_letter_or_digit(unit)) {
+            found.push_back({unit, count.lines});
         }
     }
 
@@ -101,21 +88,22 @@ private:
     void count_other(char16_t unit) {
         auto* const other =
             std::find_if(others_.begin(), others_.end(), [unit](const Other& known) {
-                return known.sign == unit || known.lines == 0;
+                return known.sign == unit || known.count.lines == 0;
             });
         if (other != others_.end()) {
-            other->add(unit, line_);
+            other->sign = unit;
+            other->count.add(line_);
         }
     }
 
-    std::array<std::uint32_t, ascii_units> ascii_{};
+    std::array<LineCount, ascii_units> ascii_{};
     std::array<Other, most_other_signs> others_{};
     std::uint32_t line_ = 0;
 };
 
-/// Whether a trimmed line has two blanks in a row or a tab.
-bool has_run(std::u16string_view line) {
-    return holds(line, u"  ") || holds(line, u'\t');
+/// Whether a trimmed line, which may have blanks, has two in a row or a tab.
+bool has_run(std::u16string_view line, bool has_blank) {
+    return (has_blank && holds(line, u"  ")) || holds(line, u'\t');
 }
 
 } // namespace
@@ -158,8 +146,9 @@ Survey survey_lines(const FieldArray& lines) {
         }
         survey.lines.push_back(line);
         counter.add_line(line);
-        survey.with_blank += one_if(holds(inside, u' '));
-        survey.with_runs += one_if(has_run(inside));
+        const bool has_blank = holds(inside, u' ');
+        survey.with_blank += one_if(has_blank);
+        survey.with_runs += one_if(has_run(inside, has_blank));
     }
     survey.signs = counter.signs();
     return survey;

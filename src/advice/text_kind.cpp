@@ -76,9 +76,13 @@ bool joins_words(std::u16string_view word) {
     return std::find(std::begin(joints), std::end(joints), word) != std::end(joints);
 }
 
+bool tells_of_message(std::u16string_view word) {
+    return is_level(word) || joins_words(word);
+}
+
 /// Whether what follows a time is a message: it has a level, or a word that joins others.
 bool is_message(std::u16string_view text) {
-    return any_part(text, u" []():", is_level) || any_part(text, u" []():", joins_words);
+    return any_part(text, u" []():", tells_of_message);
 }
 
 /// How many lines are what.
