@@ -35,7 +35,9 @@ private:
     void read_separators();
     void read_separator(const Separator& separator);
     void read_suggested_separators();
+    void read_delimiters_of_host();
     void read_under_quotes(const Separator& separator);
+    void read_under_other_quotes(const Separator& separator);
     void read_blanks();
     void read_ragged_rows();
     void find_columns_at_positions();

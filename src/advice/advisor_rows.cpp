@@ -23,11 +23,14 @@ bool has_odd_quotes(const Reading& reading) {
     return reading.run.consistency() < 1 || reading.figures.broken != 0;
 }
 
+bool has_value_behind(std::u16string_view line, std::size_t at) {
+    return at + 1 < line.size() && line[at + 1] != u' ';
+}
+
 /// Whether a delimiter stands in a line where no punctuation does: a blank or nothing follows that.
 bool separates(std::u16string_view line, char16_t delimiter) {
-    return any_place(line, delimiter, [line](std::size_t at) {
-        return at + 1 < line.size() && line[at + 1] != u' ';
-    });
+    return any_place(line, delimiter,
+                     [line](std::size_t at) { return has_value_behind(line, at); });
 }
 
 bool separates_nearly_all(const FieldArray& lines, char16_t delimiter) {
@@ -71,13 +74,18 @@ void Advisor::read_suggested_separators() {
     for (const Separator& separator : suggested_separators(survey_)) {
         read_separator(separator);
     }
+    read_delimiters_of_host();
+    if (settings_.layout && readings_.empty()) {
+        read_under_quotes(named_separator(survey_, u" "));
+    }
+}
+
+/// Delimiters that the host has seen in other texts are tried where they occur.
+void Advisor::read_delimiters_of_host() {
     for (const std::u16string& delimiter : settings_.delimiters) {
         if (occurs(survey_, delimiter)) {
             read_under_quotes(named_separator(survey_, delimiter));
         }
-    }
-    if (settings_.layout && readings_.empty()) {
-        read_under_quotes(named_separator(survey_, u" "));
     }
 }
 
@@ -99,6 +107,10 @@ void Advisor::read_under_quotes(const Separator& separator) {
     if (survey_.holds(usual_quote) && !fits) {
         add_delimited(separator, 0);
     }
+    read_under_other_quotes(separator);
+}
+
+void Advisor::read_under_other_quotes(const Separator& separator) {
     for (const char16_t quote : settings_.quotes) {
         if (frames(quote, separator)) {
             add_delimited(separator, quote);

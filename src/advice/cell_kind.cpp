@@ -27,10 +27,12 @@ bool is_quote(char16_t unit, char16_t quote) {
     return unit == quote && quote != 0;
 }
 
+bool is_tight_comma(char16_t unit, char16_t next) {
+    return unit == u',' && !is_blank(next);
+}
+
 bool has_tight_comma(std::u16string_view text) {
-    return std::adjacent_find(text.begin(), text.end(), [](char16_t unit, char16_t next) {
-               return unit == u',' && !is_blank(next);
-           }) != text.end();
+    return std::adjacent_find(text.begin(), text.end(), is_tight_comma) != text.end();
 }
 
 bool has_separator(std::u16string_view text, char16_t quote) {
@@ -51,11 +53,13 @@ bool is_plain_word(std::u16string_view word) {
     return word.size() > 1 && std::all_of(word.begin(), word.end(), stands_in_words);
 }
 
+bool is_text(std::u16string_view part) {
+    return !part.empty() && !looks_like_number(part);
+}
+
 /// Several numbers, and nothing else, with blanks between them.
 bool holds_numbers_alone(std::u16string_view text) {
-    return !any_part(text, u' ', [](std::u16string_view part) {
-        return !part.empty() && !looks_like_number(part);
-    });
+    return !any_part(text, u' ', is_text);
 }
 
 /// The kind of a text that is no number and no date.

@@ -18,6 +18,11 @@ bool stands_across(std::u16string_view line, std::size_t start) {
     return start > 0 && !is_blank(line[start]) && !is_blank(line[start - 1]);
 }
 
+/// Whether the search for crossed starts ends here: with a crossed one, or with the line.
+bool ends_search(std::u16string_view line, std::size_t start) {
+    return start >= line.size() || stands_across(line, start);
+}
+
 std::size_t end_of_cells(std::size_t start, const ColumnEdges& edges) {
     return start + edges.width;
 }
@@ -89,7 +94,7 @@ bool have_gaps(std::span<const FilledCount> counts, std::size_t most, const Star
 
 bool is_crossed(std::u16string_view line, const Starts& starts) {
     const auto reached = std::find_if(starts.begin(), starts.end(), [line](std::size_t start) {
-        return start >= line.size() || stands_across(line, start);
+        return ends_search(line, start);
     });
     return reached != starts.end() && *reached < line.size();
 }

@@ -148,10 +148,8 @@ bool holds_no_numbers(const Reading& reading, const Grid& grid, std::size_t colu
            (commonest == CellKind::quoted && begins_without_number(grid, column, reading.quote));
 }
 
-void classify(const Reading& reading, const FieldArray& lines,
-              const TypeAnalyzerOptions& type_options, std::vector<Column>& columns) {
-    const Grid ungraded = reading.grid.columns == 0 ? rows_of(reading, lines) : Grid();
-    const Grid& grid = reading.grid.columns == 0 ? ungraded : reading.grid;
+void classify(const Grid& grid, const Reading& reading, const TypeAnalyzerOptions& type_options,
+              std::vector<Column>& columns) {
     const TypeAnalyzer<false> analyzer(type_options);
     std::optional<TypeAnalyzer<false>> date_analyzer; // few tables have dates
     for (std::size_t column = 0; column < std::min(columns.size(), grid.columns); ++column) {
@@ -265,7 +263,11 @@ void describe_columns(const Reading& reading, const FieldArray& lines, const Tab
     for (std::size_t column = 0; column < std::min(columns.size(), start.names.size()); ++column) {
         columns[column].name = bare(start.names[column], reading.quote);
     }
-    classify(reading, lines, type_options, columns);
+    if (reading.grid.columns == 0) {
+        classify(rows_of(reading, lines), reading, type_options, columns);
+    } else {
+        classify(reading.grid, reading, type_options, columns);
+    }
 }
 
 } // namespace textio::advice

@@ -52,17 +52,11 @@ bool cuts_prose(const Reading& reading, const TextKind& text) {
 /// Logs, prose and code hold blanks, and marks of punctuation, that separate nothing.
 double text_factor(const Reading& reading, const TextKind& text) {
     const bool at_blanks = reading.is_blank_separated() || reading.is_at_positions();
-    double factor = 1;
-    if (text.is_log && (at_blanks || cuts_stamps(reading, text))) {
-        factor *= weights::log;
-    }
-    if (cuts_prose(reading, text)) {
-        factor *= weights::prose;
-    }
-    if (text.is_code && (at_blanks || is_punctuation(reading))) {
-        factor *= weights::code;
-    }
-    return factor;
+    const bool cuts_log = text.is_log && (at_blanks || cuts_stamps(reading, text));
+    const bool cuts_code = text.is_code && (at_blanks || is_punctuation(reading));
+    return weights::if_so(cuts_log, weights::log) *
+           weights::if_so(cuts_prose(reading, text), weights::prose) *
+           weights::if_so(cuts_code, weights::code);
 }
 
 bool are_columns(const Reading& reading) {

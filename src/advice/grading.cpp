@@ -65,19 +65,17 @@ double blanks_term(const Reading& reading, const FieldArray& sample, const Surve
     return names_text_columns(first, reading.grid) ? 1 : weights::words_at_blanks;
 }
 
-/// Whether all fields of a row could be names: short texts with letters, no numbers and no dates.
-bool could_be_names(std::span<const Field> row, const GradingContext& context) {
+bool could_be_name(std::u16string_view name, CellJudge& judge) {
     constexpr std::size_t longest_name = 40;
-    CellJudge judge(*context.memory, u'"');
-    return std::all_of(row.begin(), row.end(), [&](const Field& field) {
-        const std::u16string_view name = bare(field.view());
-        return has_letter(name) && name.size() <= longest_name && !is_typed(judge.judge(name));
-    });
+    return has_letter(name) && name.size() <= longest_name && !is_typed(judge.judge(name));
 }
 
-/// What a fault makes of a factor that is 1 without it.
-constexpr double weight_if(bool has_fault, double weight) {
-    return has_fault ? weight : 1;
+/// Whether all fields of a row could be names: short texts with letters, no numbers and no dates.
+bool could_be_names(std::span<const Field> row, const GradingContext& context) {
+    CellJudge judge(*context.memory, u'"');
+    return std::all_of(row.begin(), row.end(), [&](const Field& field) {
+        return could_be_name(bare(field.view()), judge);
+    });
 }
 
 bool ignores_quotes(const Reading& reading, const Survey& survey) {
@@ -132,9 +130,9 @@ void grade_run(Reading& reading, const RegularRun& run, double prior,
     terms[TermKind::rows] = rows_term(run.kept + run.short_rows, weights::rows_doubt);
     terms[TermKind::prior] = prior;
     terms[TermKind::first] =
-        weight_if(width_of_first_row(sample) != run.width, weights::first_line_off);
+        weights::if_so(width_of_first_row(sample) != run.width, weights::first_line_off);
     terms[TermKind::quotes] =
-        weight_if(ignores_quotes(reading, *context.survey), weights::quotes_ignored);
+        weights::if_so(ignores_quotes(reading, *context.survey), weights::quotes_ignored);
     weigh_cuts(reading, sample, context);
     reading.columns = columns_without_edges(reading);
     reading.score = terms.product();
@@ -252,8 +250,8 @@ Reading begin_positions(Positions positions, const GradingContext& context) {
     const bool has_delimiter = context.survey->share_of_common_delimiter() > 0.5;
     Terms& terms = reading.terms;
     terms[TermKind::prior] = prior_of(positions);
-    terms[TermKind::context] = weight_if(has_delimiter, weights::delimiter_beside) *
-                               weight_if(!positions.has_padding, weights::never_padded);
+    terms[TermKind::context] = weights::if_so(has_delimiter, weights::delimiter_beside) *
+                               weights::if_so(!positions.has_padding, weights::never_padded);
     terms[TermKind::rows] = rows_term(
         positions.kept, positions.are_shown() ? weights::rows_doubt : weights::positions_doubt);
     terms[TermKind::consistency] = squared(positions.consistency());

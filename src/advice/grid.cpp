@@ -1,5 +1,6 @@
 #include "advice/grid.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 
 #include <functional>
@@ -56,7 +57,7 @@ EmptyEdges empty_edges_of(const Grid& grid, std::span<const Field> first) {
 }
 
 Grid without_edges(const Grid& grid, const EmptyEdges& edges) {
-    const std::size_t begin = edges.leading ? 1 : 0;
+    const std::size_t begin = one_if(edges.leading);
     Grid kept;
     kept.columns = grid.columns - edges.trailing - begin;
     kept.cells.reserve(kept.columns * grid.rows());

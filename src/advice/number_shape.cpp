@@ -115,6 +115,17 @@ bool is_short(std::u16string_view lead) {
 
 constexpr std::size_t most_parts = 3; ///< that commas cut a number into
 
+/// Rows that look as if a number was cut in two.
+struct CutSigns {
+    std::size_t with_zero = 0;  ///< behind the last comma
+    std::size_t with_point = 0; ///< behind the digits that follow it
+
+    [[nodiscard]] bool show_cut(std::size_t rows) const {
+        constexpr std::size_t many_rows = 5;
+        return with_zero != 0 || (with_point == rows && rows >= many_rows);
+    }
+};
+
 /// Whether what stands in front of a row's last comma can be the front of a number.
 bool leads_number(const Grid& grid, std::size_t row) {
     const std::u16string_view lead = grid.cell(row, 0);
@@ -138,23 +149,20 @@ bool looks_like_number(std::u16string_view text) noexcept {
 
 bool cuts_numbers(const Grid& grid) noexcept {
     constexpr std::size_t least_digits = 2;
-    constexpr std::size_t many_rows = 5;
     if (grid.columns > most_parts || grid.rows() < 3) {
         return false;
     }
     const std::size_t digits = last_digits(grid.cell(0, grid.columns - 1));
-    std::size_t with_zero = 0;
-    std::size_t with_point = 0;
+    CutSigns signs;
     for (std::size_t row = 0; row < grid.rows(); ++row) {
         const std::u16string_view last = grid.cell(row, grid.columns - 1);
         if (!leads_number(grid, row) || last_digits(last) != digits) {
             return false;
         }
-        with_zero += one_if(last.starts_with(u'0'));
-        with_point += one_if(last.size() > digits && is_short(grid.cell(row, 0)));
+        signs.with_zero += one_if(last.starts_with(u'0'));
+        signs.with_point += one_if(last.size() > digits && is_short(grid.cell(row, 0)));
     }
-    const bool have_points = with_point == grid.rows() && with_point >= many_rows;
-    return digits >= least_digits && (with_zero != 0 || have_points);
+    return digits >= least_digits && signs.show_cut(grid.rows());
 }
 
 } // namespace textio::advice

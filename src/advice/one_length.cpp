@@ -5,6 +5,7 @@
 #include "ascii.hpp"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace textio::advice {
@@ -72,6 +73,20 @@ bool has_blank(std::u16string_view line) {
     return holds(line, u' ');
 }
 
+Positions positions_of_records(const FieldArray& lines, std::vector<std::size_t> starts,
+                               std::size_t of_one_length) {
+    Positions found;
+    found.starts = std::move(starts);
+    found.last_line = lines.line_count() - 1;
+    found.kept = of_one_length;
+    found.rows = lines.fields.size();
+    found.all = lines.fields.size();
+    found.is_padded = true;
+    found.has_padding = true;
+    found.has_no_columns = true;
+    return found;
+}
+
 } // namespace
 
 std::optional<Positions> find_records_of_one_length(const FieldArray& lines) {
@@ -85,19 +100,11 @@ std::optional<Positions> find_records_of_one_length(const FieldArray& lines) {
     if (same * 4 < records * 3 || count_lines(lines, has_digit) * 10 < records * 7) {
         return std::nullopt;
     }
-    Positions found;
-    found.starts = starts_where_units_change(lines, length);
-    if (found.starts.size() < 3 && count_lines(lines, has_blank) * 2 < records) {
+    auto starts = starts_where_units_change(lines, length);
+    if (starts.size() < 3 && count_lines(lines, has_blank) * 2 < records) {
         return std::nullopt;
     }
-    found.last_line = lines.line_count() - 1;
-    found.kept = same;
-    found.rows = records;
-    found.all = records;
-    found.is_padded = true;
-    found.has_padding = true;
-    found.has_no_columns = true;
-    return found;
+    return positions_of_records(lines, std::move(starts), same);
 }
 
 } // namespace textio::advice

@@ -19,23 +19,31 @@ std::u16string_view opener_of(const parser::options& options) {
                                          : std::u16string_view(options.comment_style.front());
 }
 
-TableStart start_of(const Reading& reading, const ProposalSources& sources) {
-    TableStart start;
-    if (!reading.is_line_by_line()) {
-        CellJudge judge(*sources.memory, reading.quote);
-        start = find_table_start(reading, *sources.lines, *sources.raw_lines,
-                                 opener_of(*sources.options), judge);
+TableStart found_start(const Reading& reading, const ProposalSources& sources) {
+    CellJudge judge(*sources.memory, reading.quote);
+    return find_table_start(reading, *sources.lines, *sources.raw_lines,
+                            opener_of(*sources.options), judge);
+}
+
+/// Names do not stand below the first data.
+void drop_names_below(TableStart& start) {
+    if (start.names_line >= start.first_data_line) {
+        start.names_line = SIZE_MAX;
+        start.names.clear();
     }
+}
+
+TableStart start_of(const Reading& reading, const ProposalSources& sources) {
     const Settings& settings = *sources.settings;
+    TableStart start = reading.is_line_by_line() ? TableStart() : found_start(reading, sources);
     if (settings.names_line && *settings.names_line != start.names_line) {
         move_names(start, *settings.names_line, reading, *sources.lines, *sources.raw_lines,
                    opener_of(*sources.options));
     }
     if (settings.first_data_line) {
         move_first_data(start, *settings.first_data_line, *sources.raw_lines);
-        if (!settings.names_line && start.names_line >= start.first_data_line) {
-            start.names_line = SIZE_MAX;
-            start.names.clear();
+        if (!settings.names_line) {
+            drop_names_below(start);
         }
     }
     return start;
@@ -60,11 +68,16 @@ parser::options options_of(const Reading& reading, const TableStart& start,
     return options;
 }
 
+/// The widths that the host told, or else those of the columns that were found.
+std::vector<std::size_t> widths_for(const Reading& reading, const ProposalSources& sources) {
+    const auto told = sources.settings->widths.value_or(std::vector<std::size_t>());
+    return told.empty() ? widths_of(*sources.lines, reading.positions) : told;
+}
+
 std::shared_ptr<GenericStrategy> make_strategy(const Reading& reading,
                                                const parser::options& options,
                                                const TypeAnalyzerOptions& type_options,
                                                const ProposalSources& sources) {
-    const auto& given_widths = sources.settings->widths;
     switch (reading.mode) {
     case StrategyMode::delimited:
         return std::make_shared<DelimitedStrategy>(options, type_options,
@@ -72,10 +85,8 @@ std::shared_ptr<GenericStrategy> make_strategy(const Reading& reading,
     case StrategyMode::space_aligned:
         return std::make_shared<SpaceAlignedStrategy>(options, type_options);
     case StrategyMode::fixed_width:
-        return std::make_shared<FixedWidthStrategy>(
-            options, type_options,
-            given_widths && !given_widths->empty() ? std::vector<std::size_t>(*given_widths)
-                                                   : widths_of(*sources.lines, reading.positions));
+        return std::make_shared<FixedWidthStrategy>(options, type_options,
+                                                    widths_for(reading, sources));
     case StrategyMode::line_reader:
         break;
     }
@@ -88,17 +99,8 @@ bool read_alike(const parser::options& one, const parser::options& other) {
            one.trailing_delimiters_rule == other.trailing_delimiters_rule;
 }
 
-} // namespace
-
-Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
-    const Settings& settings = *sources.settings;
-    Proposal proposal;
-    const TableStart start = start_of(reading, sources);
-    proposal.names_line = start.names_line;
-    proposal.first_data_line = start.first_data_line;
-
-    TableTally tally = tally_of(reading, *sources.lines, start, settings.type_options);
-    const NumberMarks& marks = tally.marks;
+/// The marks that the host told, or else those that the numbers show.
+void set_marks(const Settings& settings, const NumberMarks& marks, Proposal& proposal) {
     proposal.decimal_mark = settings.decimal_mark.value_or(marks.decimal_mark());
     proposal.thousands_separator =
         settings.thousands_separator.value_or(marks.thousands_separator());
@@ -107,6 +109,28 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
         proposal.type_options.decimal_separator = proposal.decimal_mark;
     }
     proposal.type_options.thousands_separator = proposal.thousands_separator;
+}
+
+void set_grade(const Reading& reading, Proposal& proposal) {
+    const bool at_positions = reading.is_at_positions();
+    proposal.regular_rows = at_positions ? reading.positions.kept : reading.run.kept;
+    proposal.rows = at_positions ? reading.positions.all : reading.run.all;
+    proposal.score = reading.score;
+    for (std::size_t term = 0; term < term_kinds; ++term) {
+        proposal.terms.push_back({term_names[term], reading.terms.values()[term]});
+    }
+}
+
+} // namespace
+
+Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
+    Proposal proposal;
+    const TableStart start = start_of(reading, sources);
+    proposal.names_line = start.names_line;
+    proposal.first_data_line = start.first_data_line;
+
+    TableTally tally = tally_of(reading, *sources.lines, start, sources.settings->type_options);
+    set_marks(*sources.settings, tally.marks, proposal);
     proposal.columns = std::move(tally.columns);
     describe_columns(reading, *sources.lines, start, proposal.type_options, proposal.columns);
 
@@ -117,14 +141,7 @@ Proposal make_proposal(const Reading& reading, const ProposalSources& sources) {
         parser::read_sample(*sources.builder, proposal.strategy, false);
     }
     proposal.strategy->header_lines(start.first_data_line);
-
-    const RegularRun& run = reading.run;
-    proposal.regular_rows = reading.is_at_positions() ? reading.positions.kept : run.kept;
-    proposal.rows = reading.is_at_positions() ? reading.positions.all : run.all;
-    proposal.score = reading.score;
-    for (std::size_t term = 0; term < term_kinds; ++term) {
-        proposal.terms.push_back({term_names[term], reading.terms.values()[term]});
-    }
+    set_grade(reading, proposal);
     return proposal;
 }
 

@@ -11,7 +11,9 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
+#include <numeric>
 #include <string>
 #include <string_view>
 
@@ -47,11 +49,7 @@ public:
 
     /// The score.
     [[nodiscard]] double product() const {
-        double product = 1;
-        for (const double value : values_) {
-            product *= value;
-        }
-        return product;
+        return std::accumulate(values_.begin(), values_.end(), 1.0, std::multiplies<>());
     }
 
 private:

@@ -19,9 +19,8 @@ namespace {
 class CommonWidths {
 public:
     void add(std::size_t width) {
-        Counter* const known = find([width](const Counter& counter) {
-            return counter.count != 0 && counter.width == width;
-        });
+        Counter* const known =
+            find([width](const Counter& counter) { return counter.counts(width); });
         if (known != nullptr) {
             ++known->count;
         } else if (Counter* const free = find(is_free)) {
@@ -36,6 +35,10 @@ public:
     struct Counter {
         std::size_t width = 0;
         std::size_t count = 0;
+
+        [[nodiscard]] bool counts(std::size_t fields) const {
+            return count != 0 && width == fields;
+        }
     };
 
     [[nodiscard]] const std::array<Counter, 8>& counters() const { return counters_; }

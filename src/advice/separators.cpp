@@ -32,14 +32,20 @@ struct SignPlaces {
     std::array<std::size_t, 5> multiples{}; ///< runs whose length is a multiple of the index
 };
 
+bool has_blank_before(std::u16string_view line, std::size_t at) {
+    return at == 0 || is_blank(line[at - 1]);
+}
+
+bool has_blank_behind(std::u16string_view line, std::size_t end) {
+    return end == line.size() || is_blank(line[end]);
+}
+
 /// Takes in a run of the sign, from `at` up to `end` of the line.
 void add_run(std::u16string_view line, std::size_t at, std::size_t end, SignPlaces& places) {
     const std::size_t length = end - at;
-    const bool blank_before = at == 0 || is_blank(line[at - 1]);
-    const bool blank_behind = end == line.size() || is_blank(line[end]);
     places.times += length;
-    if (blank_behind) {
-        (blank_before ? places.between_blanks : places.as_punctuation) += length;
+    if (has_blank_behind(line, end)) {
+        (has_blank_before(line, at) ? places.between_blanks : places.as_punctuation) += length;
     }
     ++places.runs;
     places.single += one_if(length == 1);

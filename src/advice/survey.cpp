@@ -50,16 +50,11 @@ public:
     [[nodiscard]] std::vector<SignCount> signs() const {
         std::vector<SignCount> found;
         found.reserve(most_other_signs * 2);
-        const auto add = [&found](char16_t sign, const LineCount& count) {
-            if (count.lines != 0 && !is_ascii_letter_or_digit(sign)) {
-                found.push_back({sign, count.lines});
-            }
-        };
         for (char16_t unit = 0; unit < ascii_units; ++unit) {
-            add(unit, ascii_[unit]);
+            add_sign(unit, ascii_[unit], found);
         }
         for (const Other& other : others_) {
-            add(other.sign, other.count);
+            add_sign(other.sign, other.count, found);
         }
         return found;
     }
@@ -82,6 +77,12 @@ private:
         char16_t sign = 0;
         LineCount count;
     };
+
+    static void add_sign(char16_t unit, const LineCount& count, std::vector<SignCount>& found) {
+        if (count.lines != 0 && !is_ascii_letter_or_digit(unit)) {
+            found.push_back({unit, count.lines});
+        }
+    }
 
     /// Only the first few that appear are counted.
     void count_other(char16_t unit) {

@@ -1,5 +1,6 @@
 #include "advice/table_rows.hpp"
 
+#include "advice/counts.hpp"
 #include "advice/lines.hpp"
 
 #include <algorithm>
@@ -45,8 +46,7 @@ void TableRows::cut(std::u16string_view text) {
 }
 
 void TableRows::take(std::span<const Field> fields) {
-    const std::size_t skipped =
-        std::min<std::size_t>(reading_.edges.leading ? 1 : 0, fields.size());
+    const std::size_t skipped = std::min(one_if(reading_.edges.leading), fields.size());
     fields_ = std::min(columns_, fields.size() - skipped);
     for (std::size_t column = 0; column < fields_; ++column) {
         cells_[column] = fields[column + skipped].view();

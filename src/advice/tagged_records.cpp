@@ -24,6 +24,10 @@ bool is_tag(std::u16string_view text) {
            std::all_of(text.begin(), text.end(), stands_in_tags);
 }
 
+bool is_tagged(std::span<const Field> row) {
+    return row.size() >= 2 && is_tag(trimmed(row.front().view()));
+}
+
 /// More kinds than records of one format have: then the codes are data.
 constexpr std::size_t most_kinds = 64;
 
@@ -84,15 +88,14 @@ TaggedRecords find_tagged_records(const FieldArray& sample, CellJudge& judge) {
     CellWeights cells(judge);
     for_each_row(sample, [&](std::size_t line, std::span<const Field> row) {
         ++found.rows;
-        const std::u16string_view tag = trimmed(row.front().view());
-        if (row.size() < 2 || !is_tag(tag)) {
+        if (!is_tagged(row)) {
             return;
         }
         if (found.tagged++ == 0) {
             found.first_line = line;
             found.starts_text = found.rows == 1;
         }
-        tags.add(tag);
+        tags.add(trimmed(row.front().view()));
         found.widest = std::max(found.widest, row.size());
         cells.add(row);
     });

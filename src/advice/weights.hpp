@@ -79,4 +79,9 @@ inline constexpr double of_ragged_rows = 0.16;  ///< a delimiter on all lines of
 inline constexpr double of_single_values = 0.7; ///< what lines of one value each add to it
 inline constexpr double of_log_lines = 0.5;     ///< one field a line in a log
 
+/// What a fault makes of a factor that is 1 without it.
+constexpr double if_so(bool has_fault, double weight) {
+    return has_fault ? weight : 1;
+}
+
 } // namespace textio::advice::weights
