@@ -1,19 +1,11 @@
-# How the compiler is told to calculate, so that every machine comes to the same figures to the last
-# digit: a decision can hang on it.
-include(CheckCXXSourceCompiles)
-
-set(textio_arithmetic)
+# Every machine has to come to the same figures to the last digit, as a decision can hang on it. A fused
+# multiply-add would change the last digit of a sum. The old floating-point unit of x86 has numbers of 80
+# bits, of which not all are kept in memory: then a number isn't equal to its own copy.
+include(CheckCXXCompilerFlag)
 if(CMAKE_CXX_COMPILER_ID MATCHES "GNU|Clang")
-  # A fused multiply-add would change the last digit of a sum.
-  set(textio_arithmetic -ffp-contract=off)
-  check_cxx_source_compiles("
-    #ifndef __i386__
-    #error another machine
-    #endif
-    int main() {}" TEXTIO_IS_X86_32)
-  if(TEXTIO_IS_X86_32)
-    # The old floating-point unit has numbers of 80 bits, of which not all are kept in memory: then a
-    # number isn't equal to its own copy.
-    list(APPEND textio_arithmetic -msse2 -mfpmath=sse)
+  add_compile_options(-ffp-contract=off)
+  check_cxx_compiler_flag("-msse2;-mfpmath=sse" TEXTIO_IS_X86)
+  if(TEXTIO_IS_X86 AND CMAKE_SIZEOF_VOID_P EQUAL 4)
+    add_compile_options(-msse2 -mfpmath=sse)
   endif()
 endif()

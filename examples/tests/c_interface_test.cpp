@@ -33,7 +33,7 @@ template <class Handle>
 using Owned = std::unique_ptr<Handle, Free>;
 
 Json cases() {
-    std::ifstream file(TEXTIO_CASES);
+    std::ifstream file(EXAMPLE_DATA "/../../bindings/cases.json");
     return Json::parse(file);
 }
 
@@ -189,14 +189,14 @@ TEST(CasesOfAllLanguages, hold_in_cpp) {
 }
 
 TEST(ProgramInC, prints_a_table) {
-    const Outcome table = run_script(PROGRAM_IN_C " stock.txt delimiter='|' rows=5 | head -n 3");
+    const Outcome table = run_script(PROGRAMS "/table_in_c stock.txt delimiter='|' rows=5 | head -n 3");
     EXPECT_EQ(table.errors, "");
     EXPECT_EQ(table.output.find("# delimited by '|', data from line 1: 5 of 5 rows have 5 fields"), 0U) << table.output;
     EXPECT_NE(table.output.find("\n40021\tCable tie, black\t477\tD16-3\t0.36\n"), std::string::npos) << table.output;
-    const Outcome refused = run_script(PROGRAM_IN_C " stock.txt quote=ab");
+    const Outcome refused = run_script(PROGRAMS "/table_in_c stock.txt quote=ab");
     EXPECT_EQ(refused.status, 1);
     EXPECT_EQ(refused.errors, "quote: 'ab' is more than one UTF-16 code unit\n");
-    EXPECT_EQ(run_script(PROGRAM_IN_C " no_such_file").status, 1);
+    EXPECT_EQ(run_script(PROGRAMS "/table_in_c no_such_file").status, 1);
 }
 
 /// To the last figure, of every proposal.

@@ -239,7 +239,7 @@ TEST(Convert, leaves_nothing_where_the_user_breaks_off) {
         const std::string file = test_files() + "_broken_off";
         // bash has programs in the background ignore INT, unless they are jobs.
         const Outcome result =
-            run_script("bash -c 'set -m; { yes 1,2; } | " DETECT_LAYOUT_PROGRAM " convert - -o " + file +
+            run_script("bash -c 'set -m; { yes 1,2; } | " PROGRAMS "/detect_layout convert - -o " + file +
                        " & for i in $(seq 100); do ls " + file + ".* >/dev/null 2>&1 && break; sleep 0.05; done; " + "ls " +
                        file + ".* | wc -l; kill -" + signal + " -- -$(jobs -p); wait; ls " + file + "* 2>/dev/null'");
         EXPECT_EQ(result.output, "1\n") << signal << result.errors;

@@ -30,7 +30,7 @@ inline std::string test_files() {
 inline Outcome run_script(const std::string& script) {
     const std::string files = test_files();
     const std::string command =
-        "cd " EXAMPLE_DATA "; program=" DETECT_LAYOUT_PROGRAM "; { " + script + "\n} >" + files + ".out 2>" + files + ".err";
+        "cd " EXAMPLE_DATA "; program=" PROGRAMS "/detect_layout; { " + script + "\n} >" + files + ".out 2>" + files + ".err";
     const int status = std::system(command.c_str());
     return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, content(files + ".out"), content(files + ".err")};
 }

@@ -30,7 +30,7 @@ std::string answer(const std::string& database, const std::string& query) {
 }
 
 Outcome load(const std::string& database, const std::string& directory) {
-    return run_script(SQLITE_LOADER_PROGRAM " " + database + " " + directory);
+    return run_script(PROGRAMS "/sqlite_loader/sqlite_loader " + database + " " + directory);
 }
 
 TEST(SqliteLoader, loads_unlike_files_with_names_and_types) {

@@ -19,6 +19,8 @@ import cases
 import postgres_server
 
 HERE = os.path.dirname(os.path.abspath(__file__))
+PROJECT = os.path.dirname(os.path.dirname(os.path.dirname(HERE)))
+DATA = os.path.join(PROJECT, "examples", "data")
 SKIPPED = 77
 DATE_FORMS = ["%Y-%m-%d", "%d.%m.%Y", "%m/%d/%Y", "%d/%m/%Y", "%Y-%m-%dT%H:%M:%SZ", "%Y-%m-%d %H:%M"]
 
@@ -312,21 +314,18 @@ def main():
     parser.add_argument("tool", choices=TOOLS)
     parser.add_argument("--program", required=True, help="detect_layout")
     parser.add_argument("--cells", required=True, help="reader_cells")
-    parser.add_argument("--data", required=True, help="the folder of the example files")
-    parser.add_argument("--node-modules", help="where packages for Node are")
     parser.add_argument("--random", type=int, default=25, help="random files (default 25)")
     parser.add_argument("--seed", type=int, default=1, help="of the first of them (default 1)")
     parser.add_argument("--only", help="files whose names hold this")
     parser.add_argument("--verbose", action="store_true", help="show the statements that fail")
     arguments = parser.parse_args()
     os.environ["PATH"] = os.path.dirname(os.path.abspath(arguments.program)) + ":" + os.environ["PATH"]
-    if arguments.node_modules:
-        os.environ["NODE_PATH"] = arguments.node_modules
+    os.environ["NODE_PATH"] = os.path.join(PROJECT, "build", "import_tools", "node_modules")
     with tempfile.TemporaryDirectory() as hard:
         made = cases.write_hard(hard, arguments.random, arguments.seed)
-        examples = sorted(name for name in os.listdir(arguments.data) if name != "README.md")
+        examples = sorted(name for name in os.listdir(DATA) if name != "README.md")
         try:
-            return prove(arguments.tool, arguments, [(arguments.data, examples), (hard, made)])
+            return prove(arguments.tool, arguments, [(DATA, examples), (hard, made)])
         except Skip as reason:
             print(f"skipped: {reason}")
             return SKIPPED
