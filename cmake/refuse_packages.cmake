@@ -1,5 +1,5 @@
 # Run by cpack before it makes any package.
-if(CPACK_TEXTIO_MISSING)
-  list(JOIN CPACK_TEXTIO_MISSING "\n" missing)
-  message(FATAL_ERROR "${missing}")
+if(DEFINED CPACK_TEXTIO_ALLOWED AND NOT CPACK_TEXTIO_ALLOWED)
+  message(FATAL_ERROR "No licence has been chosen: there is no file LICENSE. For packages that you will not "
+    "pass on, configure with -D TEXTIO_WITHOUT_LICENCE=ON.")
 endif()
