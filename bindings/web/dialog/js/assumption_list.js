@@ -1,16 +1,13 @@
 /** The assumptions on the page: a control each, where it comes from, and a button to give it back. */
 import { assumptions, givenBack, isGiven } from "./assumptions.js";
 import { controls } from "./controls.js";
-import { element } from "./element.js";
+import { byId, element } from "./element.js";
 
 class Entry {
   constructor(assumption, session) {
     this.assumption = assumption;
     const id = `assumption-${assumption.name}`;
-    const give = (hints) => {
-      this.refuse("");
-      session.give(hints, assumption.name);
-    };
+    const give = (hints) => session.give(hints, assumption.name);
     this.control = controls[assumption.control](assumption, {
       id,
       change: (value) => give(assumption.hints(value)),
@@ -43,10 +40,13 @@ class Entry {
   /** The button goes away with what it gave back: the focus goes to the control. */
   #giveBack(give) {
     give(givenBack(this.assumption));
-    (this.control.grouped ? this.input.querySelector(":checked") : this.input).focus();
+    const place = this.control.grouped ? ":checked" : "select, input:enabled";
+    this.control.body.querySelector(place).focus();
   }
 
+  /** Says what is wrong with what the user has set; an empty text that nothing is. */
   refuse(text) {
+    this.refused = text !== "";
     this.fault.hidden = text === "";
     this.fault.textContent = text;
     this.input.setAttribute("aria-invalid", String(text !== ""));
@@ -54,8 +54,13 @@ class Entry {
 
   show(answer, given, lines) {
     const { assumption, control } = this;
-    this.body.hidden = assumption.shown ? !assumption.shown(answer) : false;
-    if (this.body.hidden) {
+    const shown = assumption.shown?.(answer) ?? true;
+    if (!shown && this.body.contains(document.activeElement)) {
+      byId("summary-text").focus();
+    }
+    this.body.hidden = !shown;
+    // What was refused stands until something is set: an answer to an older question is no reply to it.
+    if (!shown || this.refused) {
       return;
     }
     const byUser = isGiven(assumption, given);
@@ -74,14 +79,19 @@ export function showAssumptions(form, session) {
   const entries = assumptions.map((assumption) => new Entry(assumption, session));
   form.replaceChildren(...entries.map((entry) => entry.body));
   form.onsubmit = (event) => event.preventDefault();
-  session.addEventListener("answer", () => {
+  const show = () => {
+    if (!session.answer || !session.settled) {
+      return;
+    }
     const lines = new Map(session.entries.map(({ line, text, raw }) => [line, text ?? raw]));
     for (const entry of entries) {
       entry.show(session.best, session.given, lines);
-      entry.refuse("");
     }
-  });
+  };
+  session.addEventListener("change", () => entries.forEach((entry) => entry.refuse("")));
+  session.addEventListener("answer", show);
   session.addEventListener("fault", ({ detail }) => {
     entries.find((entry) => entry.assumption.name === detail.source)?.refuse(detail.text);
+    show();
   });
 }

@@ -128,7 +128,15 @@ function line({ noneLabel, title }, { id, change, refuse }) {
 /** A list of whole numbers. */
 function numbers(_, { id, change, refuse }) {
   const input = element("input", { type: "text", id, inputMode: "numeric" });
+  let writing = false;
+  input.oninput = () => {
+    writing = true;
+  };
+  input.onblur = () => {
+    writing = false;
+  };
   input.onchange = () => {
+    writing = false;
     const list = input.value.split(/[\s,;]+/).filter(Boolean);
     if (list.length > 0 && list.every((text) => /^[1-9]\d{0,8}$/.test(text))) {
       change(list.map(Number));
@@ -139,7 +147,9 @@ function numbers(_, { id, change, refuse }) {
   return {
     body: element("div", { className: "controls" }, input),
     show(value) {
-      input.value = value.join(", ");
+      if (!writing) {
+        input.value = value.join(", ");
+      }
     },
   };
 }

@@ -40,7 +40,17 @@ class Irregular {
  * @returns the records written, the irregular ones, and the Blob if there is one. Nothing is left
  *     behind by an export that fails or is cancelled.
  */
-export async function exportRows(file, layout, format, handle, { signal, progress }) {
+export async function exportRows(file, layout, format, handle, options) {
+  // At once: while the target is opened, the layout may be freed for another one.
+  const source = rows(file.blob, layout, { encoding: file.encoding });
+  try {
+    return await writeRows(source, file, layout, format, handle, options);
+  } finally {
+    await source.return();
+  }
+}
+
+async function writeRows(source, file, layout, format, handle, { signal, progress }) {
   const target = handle ? await StreamTarget.open(handle) : new BlobTarget(formats[format].type);
   const irregular = new Irregular();
   const writer = formats[format].writer(layout);
@@ -48,7 +58,7 @@ export async function exportRows(file, layout, format, handle, { signal, progres
   try {
     let text = writer.begin();
     let units = 0;
-    for await (const row of rows(file.blob, layout, { encoding: file.encoding })) {
+    for await (const row of source) {
       irregular.look(row, layout.columns.length);
       text += writer.record(row.fields);
       records += 1;

@@ -49,24 +49,36 @@ export function offerExport(worker, session, { say, complain }) {
   const result = byId("exported");
   const bar = byId("progress-bar");
 
-  const busy = (on) => {
-    byId("progress").hidden = !on;
-    bar.value = 0;
+  const progress = byId("progress");
+  const lock = (on) => {
     buttons.forEach((button) => {
       button.disabled = on;
     });
+  };
+  const showProgress = (on) => {
+    progress.hidden = !on;
+    bar.value = 0;
+  };
+  /** The focus comes back from where it was lost, and not from where the user has gone meanwhile. */
+  const focusBack = (button) => {
+    if (document.activeElement === document.body || progress.contains(document.activeElement)) {
+      button.focus();
+    }
   };
 
   const run = async (button) => {
     const format = button.dataset.export;
     const name = resultName(session.file.name, formats[format].extension);
     result.hidden = true;
+    lock(true);
     try {
       const target = await askTarget(name);
       if (target === undefined) {
         return;
       }
-      busy(true);
+      // What was set just before is to be in the export.
+      await session.idle();
+      showProgress(true);
       const done = await worker.ask("export", { format, target }, ({ share }) => {
         bar.value = share;
       });
@@ -83,8 +95,9 @@ export function offerExport(worker, session, { say, complain }) {
         complain(`The export failed, and nothing was written. ${error.message}`);
       }
     } finally {
-      busy(false);
-      button.focus();
+      lock(false);
+      focusBack(button);
+      showProgress(false);
     }
   };
 

@@ -9,6 +9,7 @@ import { sizePhrase } from "./words.js";
  */
 export function showFile(session, close) {
   const select = byId("encoding");
+  let shown = null;
   const labels = new Map(encodings);
   const fill = ({ found, encoding, encodingGiven }) => {
     const auto = element("option", { value: "" }, `${labels.get(found)} (found)`);
@@ -17,11 +18,12 @@ export function showFile(session, close) {
   };
   select.onchange = () => session.setEncoding(select.value || null);
   byId("close-file").onclick = close;
-  session.addEventListener("answer", ({ detail }) => {
-    if (detail.source !== "file") {
+  session.addEventListener("answer", () => {
+    const { file } = session;
+    if (shown === file || !session.settled) {
       return;
     }
-    const { file } = session;
+    shown = file;
     byId("file").hidden = false;
     byId("file-name").textContent = file.name;
     byId("file-size").textContent = sizePhrase(file.blob.size);
@@ -33,7 +35,7 @@ export function showFile(session, close) {
       "show as \ufffd. Is it another encoding?";
   });
   session.addEventListener("fault", ({ detail }) => {
-    if (detail.source === "file" && session.file) {
+    if (detail.source === "encoding" && session.settled) {
       fill(session.file);
     }
   });

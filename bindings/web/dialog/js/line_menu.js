@@ -4,11 +4,16 @@
  */
 import { element } from "./element.js";
 
+/** The button with the number of a line, counted from 0; null if the table does not have it. */
+export function lineButton(region, line) {
+  return region.querySelector(`.line[data-line="${line}"]`);
+}
+
 export class LineMenu {
   #region;
   #session;
   #menu = null;
-  #opener = null;
+  #line = null;
 
   constructor(region, session) {
     this.#region = region;
@@ -61,7 +66,7 @@ export class LineMenu {
     const lowest = document.documentElement.clientHeight - this.#menu.offsetHeight - 8;
     this.#menu.style.left = `${left + scrollX}px`;
     this.#menu.style.top = `${Math.min(bottom, lowest) + scrollY}px`;
-    this.#opener = opener;
+    this.#line = line;
     this.#menu.firstElementChild.focus();
   }
 
@@ -74,9 +79,9 @@ export class LineMenu {
       items[(at + step) % items.length].focus();
     } else if (event.key === "Escape" || event.key === "Tab") {
       event.preventDefault();
-      const opener = this.#opener;
       this.#close();
-      opener.focus();
+      // The table may be another one by now.
+      (lineButton(this.#region, this.#line) ?? this.#region).focus();
     }
   }
 

@@ -19,9 +19,13 @@ function say(text) {
   byId("live").textContent = text;
 }
 
-function complain(text) {
+/** Whether what is complained of is a change, which the next one mends. */
+let ofChange = false;
+
+function complain(text, change = false) {
   byId("alert-text").textContent = text;
   byId("alert").hidden = text === "";
+  ofChange = change;
 }
 
 function showStart(shown) {
@@ -30,6 +34,7 @@ function showStart(shown) {
 }
 
 function closeFile() {
+  session.close();
   showStart(true);
   byId("file").hidden = true;
   byId("pick").focus();
@@ -42,12 +47,22 @@ byId("take-back-all").onclick = () => {
 };
 
 session.addEventListener("answer", ({ detail }) => {
-  if (detail.source === "file") {
+  const ofFile = detail.source === "file" || detail.source === "encoding";
+  if (ofFile || ofChange) {
     complain("");
+  }
+  if (ofFile) {
     showStart(false);
   }
 });
-session.addEventListener("fault", ({ detail }) => complain(detail.text));
+session.addEventListener("fault", ({ detail }) => {
+  complain(detail.text, detail.source !== "file" && detail.source !== "encoding");
+});
+for (const event of ["change", "idle"]) {
+  session.addEventListener(event, () => {
+    document.querySelector("main").setAttribute("aria-busy", String(session.busy));
+  });
+}
 
 showFile(session, closeFile);
 new Ruler(byId("ruler"), session);
@@ -58,9 +73,3 @@ showSummary(session, say);
 offerExport(worker, session, { say, complain });
 offerStatement(worker, session, say);
 offerFiles((blob, name) => session.open(blob, name), complain);
-
-session.addEventListener("answer", ({ detail }) => {
-  if (detail.source !== "file") {
-    performance.measure("textio-change-to-table", "textio-change");
-  }
-});

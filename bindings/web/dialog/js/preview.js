@@ -1,6 +1,6 @@
 /** The preview: a table of the records, with the lines that were passed over where they stand. */
 import { element } from "./element.js";
-import { LineMenu } from "./line_menu.js";
+import { LineMenu, lineButton } from "./line_menu.js";
 import { className, counted } from "./words.js";
 
 /** Rows that are there at once; the others follow when the page has been painted. */
@@ -107,14 +107,20 @@ export function showPreview(region, session) {
     const span = Math.max(1, Math.min(columns.length, mostColumns));
     const rowOf = (entry) => (entry.fields ? recordRow(entry, columns, span) : passedRow(entry, span));
     const body = element("tbody");
+    const focused = document.activeElement;
+    const line = region.contains(focused) ? focused.dataset.line : undefined;
     // Who looks at rows further down is to find them where they were.
-    fill(body, rowOf, session.entries, kept[1] > 0 ? session.entries.length : rowsAtOnce, turn);
+    const all = kept[1] > 0 || line !== undefined;
+    fill(body, rowOf, session.entries, all ? session.entries.length : rowsAtOnce, turn);
     const caption = element("caption", { className: "unseen" }, "The first rows of the table");
     region.replaceChildren(
       element("table", { className: "preview" }, caption, headOf(shown, columns.length - shown.length), body),
     );
     if (detail.source === "file" || kept.some((place) => place > 0)) {
       region.scrollTo(...kept);
+    }
+    if (line !== undefined) {
+      (lineButton(region, line) ?? region).focus({ preventScroll: true });
     }
   });
 }

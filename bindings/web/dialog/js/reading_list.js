@@ -38,11 +38,13 @@ export function showReadings(list, session) {
   session.addEventListener("answer", () => {
     const { readings } = session;
     if (shown !== readings) {
+      const focused = buttons.indexOf(document.activeElement);
       shown = readings;
       buttons = readings.map((reading) =>
         button(reading, () => session.give(hintsOfReading(reading, readings[0]), "reading")),
       );
       list.replaceChildren(...buttons.map((one) => element("li", { className: "reading" }, one)));
+      buttons[focused]?.focus();
     }
     const taken = current(readings, session.best);
     buttons.forEach((one, index) => {

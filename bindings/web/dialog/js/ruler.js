@@ -68,10 +68,15 @@ export class Ruler {
     this.#scale.addEventListener("click", (event) =>
       this.#give(addCut(this.#widths, this.#unitAt(event.clientX))),
     );
-    session.addEventListener("answer", () => this.#show());
+    for (const event of ["answer", "fault"]) {
+      session.addEventListener(event, () => this.#show());
+    }
   }
 
   #show() {
+    if (!this.#session.answer || !this.#session.settled) {
+      return;
+    }
     const { best, entries } = this.#session;
     this.#place.hidden = best.kind !== "fixed_width" || best.widths.length === 0;
     if (this.#place.hidden) {

@@ -2,16 +2,22 @@
 import { byId, element } from "./element.js";
 import { examples } from "./examples.js";
 
-function offerExamples(open, complain) {
+function offerExamples(begin, open, complain) {
   const take = async (name) => {
+    const wanted = begin();
     try {
       const response = await fetch(new URL(`../examples/${name}`, import.meta.url));
       if (!response.ok) {
         throw new Error(`the server answered ${response.status}`);
       }
-      open(await response.blob(), name);
+      const blob = await response.blob();
+      if (wanted()) {
+        open(blob, name);
+      }
     } catch (error) {
-      complain(`The example ${name} can't be fetched: ${error.message}.`);
+      if (wanted()) {
+        complain(`The example ${name} can't be fetched: ${error.message}.`);
+      }
     }
   };
   const items = examples.map(([name, what]) =>
@@ -49,7 +55,7 @@ function takeDrops(open, complain) {
     if (files.length > 1) {
       complain(`One file at a time, please: these were ${files.length}.`);
     } else if (files.length === 1) {
-      open(files[0], files[0].name);
+      open(files[0]);
     }
   });
 }
@@ -59,13 +65,24 @@ function takeDrops(open, complain) {
  * @param {(text: string) => void} complain
  */
 export function offerFiles(open, complain) {
-  offerExamples(open, complain);
-  takeDrops(open, complain);
+  let begun = 0;
+  /** Gives whether the file that comes in is still the last one: one that is slow is not to replace it. */
+  const begin = () => {
+    begun += 1;
+    const mine = begun;
+    return () => mine === begun;
+  };
+  const openNow = (file) => {
+    begin();
+    open(file, file.name);
+  };
+  offerExamples(begin, open, complain);
+  takeDrops(openNow, complain);
   byId("pick").onchange = ({ target }) => {
     const [file] = target.files;
     target.value = "";
     if (file) {
-      open(file, file.name);
+      openNow(file);
     }
   };
 }

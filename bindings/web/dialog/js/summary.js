@@ -24,7 +24,9 @@ export function showSummary(session, say) {
     const records = entries.filter(({ kind }) => kind === "record").length;
     const note = records === 0 ? "no records" : `${rest ? "the first" : "all"} ${counted(records, "record")}`;
     byId("preview-note").textContent = note;
-    say(`${title}. ${word}. ${note}.`);
+    if (session.settled) {
+      say(`${title}. ${word}. ${note}.`);
+    }
     if (detail.source === "file") {
       byId("summary-text").focus({ preventScroll: true });
     }

@@ -2,7 +2,7 @@ import assert from "node:assert/strict";
 import { readFile } from "node:fs/promises";
 import { createRequire } from "node:module";
 import test from "node:test";
-import { openExample, openPage, records } from "./page.js";
+import { moduleHas, openExample, openPage, records, settled } from "./page.js";
 
 const axe = await readFile(createRequire(import.meta.url).resolve("axe-core/axe.min.js"), "utf-8");
 const shots = process.env.SHOTS;
@@ -33,7 +33,7 @@ test("all of it goes by keyboard alone", async () => {
   assert.equal(Number(await cut.getAttribute("aria-valuenow")), place - 6);
   const cuts = await page.getByRole("slider").count();
   await page.keyboard.press("Delete");
-  await page.locator("[data-name=widths].given").waitFor();
+  await settled(page);
   assert.equal(await page.getByRole("slider").count(), cuts - 1);
 
   await tabTo(page, page.locator("#preview"));
@@ -41,7 +41,7 @@ test("all of it goes by keyboard alone", async () => {
   await page.keyboard.press("ArrowDown");
   await page.keyboard.press("Enter");
   await page.keyboard.press("Enter");
-  await page.locator("[data-name=first_data_line].given").waitFor();
+  await settled(page);
   assert.equal(await page.getByLabel("Data begin on line", { exact: true }).inputValue(), "2");
 
   const back = page.getByRole("button", { name: "Give back: Widths" });
@@ -102,7 +102,10 @@ for (const [look, options] of looks) {
     ]) {
       await openExample(page, name);
       await change();
-      await page.waitForTimeout(100);
+      await settled(page);
+      if (await moduleHas("importStatement")) {
+        await page.locator("#statement-text", { hasText: /\S/ }).waitFor();
+      }
       await check(name);
       await page.getByRole("button", { name: "Another file" }).click();
     }

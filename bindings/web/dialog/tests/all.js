@@ -3,5 +3,6 @@ import "./formats.js";
 import "./parts.js";
 import "./open.js";
 import "./change.js";
+import "./late.js";
 import "./export.js";
 import "./access.js";

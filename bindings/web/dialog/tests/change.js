@@ -1,7 +1,7 @@
 import assert from "node:assert/strict";
 import { join } from "node:path";
 import test from "node:test";
-import { choose, examples, names, openExample, openPage, records, table, title } from "./page.js";
+import { choose, examples, names, openExample, openPage, records, settled, table, title } from "./page.js";
 
 function assumption(page, name) {
   return page.locator(`[data-name=${name}]`);
@@ -83,6 +83,7 @@ test("a value that cannot be is refused beside its control, and nothing is lost"
   await page.getByText("Lines are numbered from 1.").waitFor();
   await page.getByLabel("Data begin on line", { exact: true }).fill("4");
   await origin(page, "first_data_line", "set by you");
+  assert.ok(await page.locator("#alert").isHidden());
   assert.deepEqual(await records(page), found.slice(1));
 });
 
@@ -95,7 +96,8 @@ test("a click takes another reading, and takes the best one back", async () => {
   assert.ok(count > 1);
   for (let index = count - 1; index >= 0; index -= 1) {
     await readings.nth(index).click();
-    await page.locator(`#readings li:nth-child(${index + 1}) [aria-pressed=true]`).waitFor();
+    await settled(page);
+    assert.equal(await readings.nth(index).getAttribute("aria-pressed"), "true");
     assert.equal(await title(page), await readings.nth(index).locator("strong").textContent());
     assert.notEqual(await readings.nth(index).locator(".why").textContent(), "");
     assert.equal(await readings.count(), count);
@@ -118,6 +120,7 @@ test("cuts are dragged on the ruler, added by a click and written as numbers", a
   await page.mouse.down();
   await page.mouse.move(x - (3 * unit) / second, y, { steps: 5 });
   await page.mouse.up();
+  await settled(page);
   await origin(page, "widths", "set by you");
   const moved = (await widths.inputValue()).split(", ").map(Number);
   assert.deepEqual(moved.slice(0, 2), [first - 3, second + 3]);
@@ -137,17 +140,20 @@ test("a change is on the screen's table within 16 ms", async () => {
     (_, row) => `${row};2024-05-0${(row % 9) + 1};item ${row};${row / 8};x,y\n`,
   );
   await choose(page, table(`number;day;what;value;note\n${rows.join("")}`));
-  const quote = page.getByLabel("Quote", { exact: true });
-  const times = [];
   // The best of all counts, for the machine may have other work: a busy one gets more tries.
-  while (times.length < 20 || (Math.min(...times) >= 16 && times.length < 100)) {
-    await quote.selectOption({ index: times.length % 3 });
-    const measured = await page.waitForFunction(
-      (count) => performance.getEntriesByName("textio-change-to-table")[count]?.duration,
-      times.length,
-    );
-    times.push(await measured.jsonValue());
-  }
+  const times = await page.getByLabel("Quote", { exact: true }).evaluate(async (quote) => {
+    const durations = () =>
+      performance.getEntriesByName("textio-change-to-table").map(({ duration }) => duration);
+    const main = document.querySelector("main");
+    for (let tries = 0; tries < 20 || (Math.min(...durations()) >= 16 && tries < 400); tries += 1) {
+      quote.selectedIndex = tries % 3;
+      quote.dispatchEvent(new Event("change"));
+      while (main.ariaBusy === "true") {
+        await new Promise((resolve) => setTimeout(resolve));
+      }
+    }
+    return durations();
+  });
   times.sort((a, b) => a - b);
   const [least, median] = [times[0], times[Math.floor(times.length / 2)]];
   console.log(`a change takes ${least.toFixed(1)} ms at best, ${median.toFixed(1)} ms as a rule`);
@@ -165,7 +171,6 @@ test("the table stays where it was scrolled to, but for another file", async () 
   await origin(page, "quote", "set by you");
   assert.equal(await preview.evaluate((region) => region.scrollTop), 4000);
   await choose(page, { ...table(text), name: "other.csv" });
-  await page.locator("#file-name", { hasText: "other.csv" }).waitFor();
   assert.equal(await preview.evaluate((region) => region.scrollTop), 0);
 });
 

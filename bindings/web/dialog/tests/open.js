@@ -70,7 +70,7 @@ test("the encoding can be set, and is found anew for the next file", async () =>
   assert.ok(await page.locator("#decoding").isHidden());
 });
 
-test("a file of 2 GB opens at once, for only its beginning is read", async () => {
+test("a file of 2 GB opens, for only its beginning is read", async () => {
   const path = join(folder, "large.csv");
   const rows = Array.from({ length: 60_000 }, (_, row) => `${row};measured;${row / 8}\n`).join("");
   const file = await open(path, "w");
@@ -78,13 +78,10 @@ test("a file of 2 GB opens at once, for only its beginning is read", async () =>
   await file.truncate(2 ** 31);
   await file.close();
   const page = await openPage();
-  const begin = Date.now();
-  await choose(page, path);
-  const took = Date.now() - begin;
+  await choose(page, path); // all of it would be more than a text can hold
   assert.equal(await page.locator("#file-size").textContent(), "2.1 GB");
   assert.equal(await page.locator("#preview-note").textContent(), "the first 250 records");
   assert.deepEqual(await names(page), ["number", "what", "value"]);
-  assert.ok(took < 3000, `${took} ms`);
 });
 
 test("what cannot be opened is told, and what was there stays", async () => {
@@ -107,7 +104,7 @@ test("what cannot be opened is told, and what was there stays", async () => {
   await page.getByLabel("Quote", { exact: true }).selectOption({ label: "none" });
   await page.locator("[data-name=quote].given").waitFor();
   await choose(page, table("c;d\n7;8\n9;1\n"));
-  await page.getByRole("columnheader", { name: /^c\b/ }).waitFor();
+  assert.deepEqual(await names(page), ["c", "d"]);
   assert.ok(await page.locator("#alert").isHidden());
 });
 
