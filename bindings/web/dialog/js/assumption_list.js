@@ -72,6 +72,8 @@ class Entry {
 }
 
 /**
+ * A fault that has a control is told there, and its event's default prevented.
+ *
  * @param {HTMLFormElement} form
  * @param {import("./session.js").Session} session
  */
@@ -90,8 +92,12 @@ export function showAssumptions(form, session) {
   };
   session.addEventListener("change", () => entries.forEach((entry) => entry.refuse("")));
   session.addEventListener("answer", show);
-  session.addEventListener("fault", ({ detail }) => {
-    entries.find((entry) => entry.assumption.name === detail.source)?.refuse(detail.text);
+  session.addEventListener("fault", (event) => {
+    const entry = entries.find(({ assumption }) => assumption.name === event.detail.source);
+    if (entry && !entry.body.hidden) {
+      entry.refuse(event.detail.text);
+      event.preventDefault();
+    }
     show();
   });
 }

@@ -19,13 +19,9 @@ function say(text) {
   byId("live").textContent = text;
 }
 
-/** Whether what is complained of is a change, which the next one mends. */
-let ofChange = false;
-
-function complain(text, change = false) {
+function complain(text) {
   byId("alert-text").textContent = text;
   byId("alert").hidden = text === "";
-  ofChange = change;
 }
 
 function showStart(shown) {
@@ -47,16 +43,10 @@ byId("take-back-all").onclick = () => {
 };
 
 session.addEventListener("answer", ({ detail }) => {
-  const ofFile = detail.source === "file" || detail.source === "encoding";
-  if (ofFile || ofChange) {
+  if (detail.source === "file" || detail.source === "encoding") {
     complain("");
-  }
-  if (ofFile) {
     showStart(false);
   }
-});
-session.addEventListener("fault", ({ detail }) => {
-  complain(detail.text, detail.source !== "file" && detail.source !== "encoding");
 });
 for (const event of ["change", "idle"]) {
   session.addEventListener(event, () => {
@@ -68,6 +58,12 @@ showFile(session, closeFile);
 new Ruler(byId("ruler"), session);
 showPreview(byId("preview"), session);
 showAssumptions(byId("assumptions"), session);
+// Told once: at the control, or here where there is none.
+session.addEventListener("fault", (event) => {
+  if (!event.defaultPrevented) {
+    complain(event.detail.text);
+  }
+});
 showReadings(byId("readings"), session);
 showSummary(session, say);
 offerExport(worker, session, { say, complain });

@@ -172,6 +172,6 @@ export class Session extends EventTarget {
   }
 
   #fail(text, source) {
-    this.dispatchEvent(new CustomEvent("fault", { detail: { text, source } }));
+    this.dispatchEvent(new CustomEvent("fault", { detail: { text, source }, cancelable: true }));
   }
 }

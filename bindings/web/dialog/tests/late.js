@@ -86,9 +86,11 @@ test("what is set while another file is opened is not set for that one", async (
   assert.equal(await page.locator(".given").count(), 0);
 });
 
-test("what is set while the encoding changes is kept", async () => {
+test("what is set before and while the encoding changes is kept", async () => {
   const page = await openPage();
   await choose(page, table("a;b\n1;ö\n3;4\n5;6\n"));
+  await field(page, "Quote").selectOption({ label: "none" });
+  await settled(page);
   const answers = await holdAnswers(page);
   await encoding(page).selectOption("windows-1252");
   await field(page, "Data begin on line").fill("3");
@@ -96,7 +98,11 @@ test("what is set while the encoding changes is kept", async () => {
   await settled(page);
   assert.deepEqual((await records(page))[0], ["3", "4"]);
   assert.equal(await encoding(page).inputValue(), "windows-1252");
-  assert.equal(await page.locator("[data-name=first_data_line].given").count(), 1);
+  const given = await page.locator(".given").evaluateAll((all) => all.map(({ dataset }) => dataset.name));
+  assert.deepEqual(given, ["first_data_line", "quote"]);
+  await encoding(page).selectOption("");
+  await settled(page);
+  assert.deepEqual((await records(page))[0], ["3", "4"]);
 });
 
 test("what comes too late is not shown", async () => {
@@ -152,8 +158,8 @@ test("an answer leaves the focus where the user is", async () => {
   await settled(page);
   assert.ok(await best.evaluate((button) => button === document.activeElement));
 
-  await encoding(page).selectOption("windows-1252");
   await encoding(page).focus();
+  await encoding(page).selectOption("windows-1252");
   await settled(page);
   assert.equal(await focused(), "encoding");
 });
