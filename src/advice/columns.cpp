@@ -128,24 +128,21 @@ TypeAnalyzerOptions without_marks(TypeAnalyzerOptions type_options) {
     return type_options;
 }
 
-/// Whether the first value of a column that holds something is no number.
-bool begins_without_number(const Grid& grid, std::size_t column, char16_t quote) {
-    for (std::size_t row = 0; row < grid.rows(); ++row) {
-        const std::u16string_view text = bare(grid.cell(row, column), quote);
-        if (!text.empty()) {
-            return !looks_like_number(text);
-        }
+bool holds_a_number(const Grid& grid, std::size_t column, char16_t quote) {
+    std::size_t row = 0;
+    while (row < grid.rows() && !looks_like_number(bare(grid.cell(row, column), quote))) {
+        ++row;
     }
-    return false;
+    return row < grid.rows();
 }
 
-/// Whether a column surely holds no numbers: it holds dates, or quoted values that are none.
+/// Whether a column surely holds no numbers: it holds dates, or quoted values none of which is one.
 bool holds_no_numbers(const Reading& reading, const Grid& grid, std::size_t column) {
     const auto& columns = reading.figures.columns;
     const CellKind commonest =
         column < columns.size() ? columns[column].commonest : CellKind::missing;
     return commonest == CellKind::date ||
-           (commonest == CellKind::quoted && begins_without_number(grid, column, reading.quote));
+           (commonest == CellKind::quoted && !holds_a_number(grid, column, reading.quote));
 }
 
 void classify(const Grid& grid, const Reading& reading, const TypeAnalyzerOptions& type_options,
