@@ -89,18 +89,21 @@ bool has_counting_row(const Grid& grid) {
 /// The word of a cell in front of a 0 or 1 at its end.
 std::u16string_view numbered_word(std::u16string_view cell) {
     const std::u16string_view text = bare(cell);
-    return text.substr(0, text.find_last_not_of(u"01") + 1);
+    const std::size_t last = text.find_last_not_of(u"01");
+    return last == std::u16string_view::npos ? std::u16string_view() : text.substr(0, last + 1);
 }
 
 /// Whether the cells are one word that is numbered from 0 or 1 on: `V1`, `V2`, `V3`.
 bool are_numbered(const std::vector<std::u16string_view>& row) {
+    if (row.size() < 2) {
+        return false;
+    }
     const std::u16string_view word = numbered_word(row.front());
     const auto number_of = [&](std::size_t i) {
         const std::u16string_view text = bare(row[i]);
         return text.starts_with(word) ? small_number(text.substr(word.size())) : SIZE_MAX;
     };
-    return row.size() >= 2 && has_letter(word) && number_of(0) <= 1 &&
-           count_on(0, row.size(), number_of);
+    return has_letter(word) && number_of(0) <= 1 && count_on(0, row.size(), number_of);
 }
 
 bool is_numbered(std::u16string_view text, std::u16string_view word) {

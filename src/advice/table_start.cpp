@@ -208,22 +208,28 @@ private:
     }
 
     /// Takes the row for the names of the columns, if it could be, and the next for the data; false
-    /// if it could not, or if there is no next one.
+    /// if it could not, or if there is no next one: names stand above something.
     bool take_as_names() {
         const bool could_be_names = reading_.grid.rows() != 0 &&
                                     names_text_columns(rows_.cells(), reading_.grid) &&
                                     !begins_with_key(rows_.cells(), reading_.grid);
-        if (could_be_names) {
-            keep_names();
-            keep_first_data(); // unless a row follows
+        if (!could_be_names) {
+            return false;
         }
-        return could_be_names && keep_next_data();
+        TableStart before = start_;
+        keep_names();
+        const bool is_followed = keep_next_data();
+        if (!is_followed) {
+            start_ = std::move(before);
+        }
+        return is_followed;
     }
 
     /// Whether the row has a blank line above it: what stands above that is a title, not names.
     [[nodiscard]] bool is_behind_blank_line() const {
         const std::size_t line = text_line();
-        return line != 0 && is_blank_text(text_of(raw_lines_, line - 1));
+        return line != 0 && line <= raw_lines_.line_count() &&
+               is_blank_text(text_of(raw_lines_, line - 1));
     }
 
     /// Rows are a head as long as they do not go with the types of the columns; the one with most
