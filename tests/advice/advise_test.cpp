@@ -204,6 +204,7 @@ TEST(Advise, FindsWhereTheTableBegins) {
          "aligned, skip, drop; >0; text, number"},
         {"names in quotes", u"\"the day\";\"the sum\"\n\"1\";2.5\n\"2\";3.5\n\"3\";4.5\n",
          "by ';'; 0>1; the day number, the sum number"},
+        {"a row that nothing follows", u"Name,a", "by ','; >0; text, text"},
         {"blank lines in front", u"\n\n\na;b\n1;2\n3;4\n5;6\n", "by ';'; 3>4; a number, b number"},
         {"names twice, the second in other words", u"t;p\nTime;Pressure\n1;2.5\n2;3.5\n3;4.5\n",
          "by ';'; 0>2; t number, p number"},

@@ -51,7 +51,9 @@ TEST(MemoryUse, ADetectionOfASmallTableAsksForFewBlocks) {
     textio::detection::StrategySelector selector(options, type_options);
     const std::size_t blocks = blocks_made;
     const auto strategy = selector.pick_strategy(textio::Field(text), 250);
-    EXPECT_LE(blocks_made - blocks, 50U);
+    // Where a string holds few units itself, some of the options' need a block as well.
+    const std::size_t most = std::u16string().capacity() >= 7 ? 50 : 60;
+    EXPECT_LE(blocks_made - blocks, most);
     EXPECT_EQ(strategy->options().delimiters.front(), u";");
 }
 
