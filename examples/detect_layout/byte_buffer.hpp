@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <memory>
@@ -22,8 +23,7 @@ public:
     void fill_to(const char* end) noexcept { size_ = static_cast<std::size_t>(end - bytes_.get()); }
 
     void append(std::string_view text) {
-        char* const at = room(text.size());
-        std::memcpy(at, text.data(), text.size());
+        std::copy(text.begin(), text.end(), room(text.size())); // empty ones may be null
         size_ += text.size();
     }
 
