@@ -89,11 +89,14 @@ Words parts_at_delimiter(const Reading& reading, std::u16string_view text, bool 
 /// Parts between other signs, if one cuts a line into as many as the table has columns.
 Words parts_between_signs(std::u16string_view text, std::size_t columns) {
     constexpr std::size_t least_columns = 3; // a sentence may have a comma
+    if (columns < least_columns) {
+        return {};
+    }
     for (const std::u16string_view sign : {u"\t", u"|", u";", u","}) {
         Words parts = split(text, sign);
         const bool are_full =
             std::find(parts.begin(), parts.end(), std::u16string_view()) == parts.end();
-        if (columns >= least_columns && parts.size() == columns && are_full) {
+        if (parts.size() == columns && are_full) {
             return parts;
         }
     }

@@ -23,8 +23,10 @@ void read_sample_with(output::DetectionOutputBuilder& builder, GenericStrategy& 
     builder.field_array = std::make_unique<FieldArray>();
     const Reader reader(strategy.options(), std::move(builder.line_marks));
     builder.line_marks = reader.marks;
-    builder.limit_fields = reader.field_limit != SIZE_MAX;
-    builder.field_limit = reader.field_limit;
+    if (reader.field_limit != SIZE_MAX) {
+        builder.limit_fields = true;
+        builder.field_limit = reader.field_limit;
+    }
     if (builder.whitespace == nullptr) {
         builder.whitespace = std::make_unique<std::u16string>();
     }
